@@ -1,0 +1,38 @@
+# How this project's own targets are compiled; third-party sources keep their own rules.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(QUILLMARK_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# One source and one header tree, no folder prefixes to choose between.
+function(quillmark_options target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion -Werror)
+  target_compile_definitions(${target} PRIVATE QUILLMARK_VERSION="${PROJECT_VERSION}")
+endfunction()
+
+function(quillmark_library target)
+  add_library(${target} STATIC)
+  quillmark_options(${target})
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+endfunction()
+
+function(quillmark_program target)
+  add_executable(${target} ${ARGN})
+  quillmark_options(${target})
+  target_link_libraries(${target} PRIVATE quillmark_core)
+endfunction()
+
+# The platform half of the portable library: NAME_win.cpp or NAME_posix.cpp.
+function(quillmark_platform_sources)
+  set(suffix $<IF:$<BOOL:${WIN32}>,win,posix>)
+  foreach(name IN LISTS ARGN)
+    target_sources(quillmark_core PRIVATE ${name}_${suffix}.cpp)
+  endforeach()
+endfunction()

@@ -1,0 +1,18 @@
+// VRect: a rectangle in pixels, right and bottom edge not part of it.
+#pragma once
+
+#include <cstdint>
+
+struct VRect
+{
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t right = 0;
+    int32_t bottom = 0;
+
+    int32_t GetWidth() const { return right - left; }
+    int32_t GetHeight() const { return bottom - top; }
+    bool IsEmpty() const { return right <= left || bottom <= top; }
+
+    bool operator==(const VRect&) const = default;
+};
