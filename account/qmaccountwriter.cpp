@@ -1,0 +1,90 @@
+#include "account/qmaccountwriter.h"
+
+#include <cstring>
+#include <new>
+
+#include "account/qmscramble.h"
+
+namespace {
+
+class ImageBuilder
+{
+public:
+    explicit ImageBuilder(unsigned char* pBytes) : m_pNext(pBytes) {}
+
+    void Add(const void* pBytes, size_t uSize)
+    {
+        memcpy(m_pNext, pBytes, uSize);
+        m_pNext += uSize;
+    }
+
+    void AddScrambled(const void* pBytes, size_t uSize)
+    {
+        Add(pBytes, uSize);
+        QMScramble(m_pNext - uSize, uSize);
+    }
+
+    void AddNumber(uint32_t uNumber) { Add(&uNumber, sizeof uNumber); }
+
+    void AddText(const char* szText)
+    {
+        const size_t uLength = strlen(szText);
+        AddNumber(static_cast<uint32_t>(uLength));
+        AddScrambled(szText, uLength);
+    }
+
+    void AddEntry(const QMTransactionFields& fields, int32_t lVersion)
+    {
+        if (QMVersionScramblesBlock(lVersion)) {
+            AddScrambled(&fields, QM_TRANS_BLOCK_SIZE);
+        } else {
+            Add(&fields, QM_TRANS_BLOCK_SIZE);
+        }
+        AddText(fields.szDescription);
+        AddText(fields.szMemo);
+        if (QMVersionHasCategory(lVersion)) {
+            AddText(fields.szCategory);
+        }
+    }
+
+private:
+    unsigned char* m_pNext;
+};
+
+constexpr size_t uLengthSize = sizeof(uint32_t);
+constexpr size_t uFrontSize = 4 * uLengthSize + QM_HEADER_SIZE + uLengthSize;
+
+size_t EntrySize(const QMTransactionFields& fields, int32_t lVersion)
+{
+    size_t uSize = QM_TRANS_BLOCK_SIZE + 2 * uLengthSize;
+    uSize += strlen(fields.szDescription) + strlen(fields.szMemo);
+    if (QMVersionHasCategory(lVersion)) {
+        uSize += uLengthSize + strlen(fields.szCategory);
+    }
+    return uSize;
+}
+
+} // namespace
+
+QMFileImage QMMakeAccountImage(const QMAccount& account)
+{
+    QMFileImage image;
+    image.uSize = uFrontSize;
+    account.store.ForEach([&](const QMTransaction& transaction) {
+        image.uSize += EntrySize(transaction, account.lVersion);
+    });
+    image.pBytes.reset(new (std::nothrow) unsigned char[image.uSize]);
+    if (image.pBytes == nullptr) {
+        return image;
+    }
+    ImageBuilder builder(image.pBytes.get());
+    builder.AddNumber(account.lMagic);
+    builder.AddNumber(static_cast<uint32_t>(account.lVersion));
+    builder.AddNumber(static_cast<uint32_t>(account.store.GetCount()));
+    builder.AddNumber(QM_HEADER_SIZE);
+    builder.AddScrambled(&account.header, QM_HEADER_SIZE);
+    builder.AddNumber(QM_TRANS_BLOCK_SIZE);
+    account.store.ForEach(
+        [&](const QMTransaction& transaction) { builder.AddEntry(transaction, account.lVersion); });
+    return image;
+}

@@ -1,0 +1,170 @@
+#include "account/qmnodelist.h"
+
+#include <cstdlib>
+
+QMNodeList::~QMNodeList()
+{
+    QMNodeList::Clear();
+}
+
+void QMNodeList::Link(QMListNode* pPrevious, std::unique_ptr<QMListNode> pNode, QMListNode* pNext)
+{
+    QMListNode* p = pNode.release();
+    p->m_pPrevious = pPrevious;
+    p->m_pNext = pNext;
+    (pPrevious == nullptr ? m_pHead : pPrevious->m_pNext) = p;
+    (pNext == nullptr ? m_pTail : pNext->m_pPrevious) = p;
+    m_pCurrent = p;
+    ++m_lCount;
+}
+
+void QMNodeList::InsertBefore(std::unique_ptr<QMListNode> pNode)
+{
+    if (IsEmpty()) {
+        m_lPosition = 0;
+        Link(nullptr, std::move(pNode), nullptr);
+    } else {
+        Link(m_pCurrent->m_pPrevious, std::move(pNode), m_pCurrent);
+    }
+}
+
+void QMNodeList::InsertBehind(std::unique_ptr<QMListNode> pNode)
+{
+    if (IsEmpty()) {
+        InsertBefore(std::move(pNode));
+    } else {
+        Link(m_pCurrent, std::move(pNode), m_pCurrent->m_pNext);
+        ++m_lPosition;
+    }
+}
+
+int32_t QMNodeList::Remove()
+{
+    if (m_pCurrent == nullptr) {
+        return -1;
+    }
+    const std::unique_ptr<QMListNode> pGone(m_pCurrent);
+    QMListNode* pPrevious = pGone->m_pPrevious;
+    QMListNode* pNext = pGone->m_pNext;
+    (pPrevious == nullptr ? m_pHead : pPrevious->m_pNext) = pNext;
+    (pNext == nullptr ? m_pTail : pNext->m_pPrevious) = pPrevious;
+    m_pCurrent = pNext == nullptr ? pPrevious : pNext;
+    if (pNext == nullptr && pPrevious != nullptr) {
+        --m_lPosition;
+    }
+    --m_lCount;
+    return m_lPosition;
+}
+
+void QMNodeList::Clear()
+{
+    QMListNode* p = m_pHead;
+    while (p != nullptr) {
+        const std::unique_ptr<QMListNode> pGone(p);
+        p = p->m_pNext;
+    }
+    m_pHead = m_pCurrent = m_pTail = nullptr;
+    m_lPosition = 0;
+    m_lCount = 0;
+}
+
+bool QMNodeList::CopyCurrentTo(QMListNode& node) const
+{
+    if (m_pCurrent == nullptr) {
+        return false;
+    }
+    node.CopyNode(*m_pCurrent);
+    return true;
+}
+
+bool QMNodeList::CopyToCurrent(const QMListNode& node)
+{
+    if (m_pCurrent == nullptr) {
+        return false;
+    }
+    m_pCurrent->CopyNode(node);
+    return true;
+}
+
+void QMNodeList::First()
+{
+    SetCursor(m_pHead, 0);
+}
+
+void QMNodeList::Last()
+{
+    SetCursor(m_pTail, m_lCount - 1);
+}
+
+bool QMNodeList::Next(int32_t lSteps)
+{
+    for (; lSteps > 0 && m_pCurrent != m_pTail; --lSteps) {
+        SetCursor(m_pCurrent->m_pNext, m_lPosition + 1);
+    }
+    return lSteps == 0;
+}
+
+bool QMNodeList::Previous(int32_t lSteps)
+{
+    for (; lSteps > 0 && m_pCurrent != m_pHead; --lSteps) {
+        SetCursor(m_pCurrent->m_pPrevious, m_lPosition - 1);
+    }
+    return lSteps == 0;
+}
+
+bool QMNodeList::MoveTo(int32_t lPosition)
+{
+    if (lPosition < 0 || lPosition >= m_lCount) {
+        return false;
+    }
+    const int32_t lFromCursor = m_pCurrent == nullptr ? m_lCount : abs(lPosition - m_lPosition);
+    if (lPosition < lFromCursor) {
+        First();
+    } else if (m_lCount - 1 - lPosition < lFromCursor) {
+        Last();
+    }
+    return lPosition >= m_lPosition ? Next(lPosition - m_lPosition)
+                                    : Previous(m_lPosition - lPosition);
+}
+
+int32_t QMNodeList::Seek(const QMListNode* pNode)
+{
+    if (pNode == nullptr) {
+        return -1;
+    }
+    int32_t lPosition = 0;
+    for (QMListNode* p = m_pHead; p != nullptr; p = p->m_pNext, ++lPosition) {
+        if (p == pNode) {
+            SetCursor(p, lPosition);
+            return lPosition;
+        }
+    }
+    return -1;
+}
+
+void QMNodeList::SetCursor(QMListNode* pNode, int32_t lPosition)
+{
+    m_pCurrent = pNode;
+    m_lPosition = lPosition;
+}
+
+void QMNodeList::Relink(QMListNode* const* apNodes)
+{
+    // The nodes lie in memory in another order than they are linked in here.
+    constexpr int32_t lAhead = 16;
+    QMListNode* pPrevious = nullptr;
+    for (int32_t i = 0; i < m_lCount; ++i) {
+        if (i + lAhead < m_lCount) {
+            __builtin_prefetch(apNodes[i + lAhead], 1);
+        }
+        QMListNode* p = apNodes[i];
+        p->m_pPrevious = pPrevious;
+        p->m_pNext = i + 1 < m_lCount ? apNodes[i + 1] : nullptr;
+        if (p == m_pCurrent) {
+            m_lPosition = i;
+        }
+        pPrevious = p;
+    }
+    m_pHead = m_lCount > 0 ? apNodes[0] : nullptr;
+    m_pTail = pPrevious;
+}

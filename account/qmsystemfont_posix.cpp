@@ -1,0 +1,6 @@
+#include "account/qmsystemfont.h"
+
+QMSystemFont QMQuerySystemFont()
+{
+    return {};
+}

@@ -1,0 +1,271 @@
+#include "account/qmtransactionstore.h"
+
+#include <algorithm>
+#include <new>
+#include <vector>
+
+#include "account/qmeditlist.h"
+
+namespace {
+
+constexpr uint32_t uFirstCheckNumber = 1000;
+
+QMTransaction* NextOf(const QMTransaction* pTransaction)
+{
+    return static_cast<QMTransaction*>(pTransaction->GetNext());
+}
+
+std::unique_ptr<QMTransaction> MakeCopy(const QMTransaction& transaction)
+{
+    return std::unique_ptr<QMTransaction>(new (std::nothrow) QMTransaction(transaction));
+}
+
+struct SortEntry
+{
+    uint64_t uKey;
+    QMListNode* pNode;
+};
+
+} // namespace
+
+bool QMTransactionStore::IsDescending() const
+{
+    return m_lSortMode == QM_SORT_DATE_DESCENDING || m_lSortMode == QM_SORT_CLEARED_DESCENDING;
+}
+
+uint64_t QMTransactionStore::GetKey(const QMTransactionFields& fields) const
+{
+    const bool bCleared =
+        m_lSortMode == QM_SORT_CLEARED || m_lSortMode == QM_SORT_CLEARED_DESCENDING;
+    return QMDateKey(bCleared ? fields.dtCleared : fields.dtDate);
+}
+
+bool QMTransactionStore::AssignFrom(const QMNodeList& other)
+{
+    const auto* pOther = dynamic_cast<const QMTransactionStore*>(&other);
+    if (pOther == nullptr || pOther == this) {
+        return pOther != nullptr;
+    }
+    Clear();
+    m_lSortMode = pOther->m_lSortMode;
+    QMStoreFiller filler(*this);
+    const QMListNode* pMarked = pOther->GetCurrentNode();
+    QMListNode* pMarkedCopy = nullptr;
+    bool bDone = true;
+    for (const auto* p = static_cast<QMTransaction*>(pOther->GetHead()); p != nullptr;
+         p = NextOf(p)) {
+        auto pCopy = MakeCopy(*p);
+        if (pCopy == nullptr) {
+            bDone = false;
+            break;
+        }
+        pMarkedCopy = p == pMarked ? pCopy.get() : pMarkedCopy;
+        filler.Add(std::move(pCopy));
+    }
+    // The position comes out of the ordering, which looks for the cursor's node anyway.
+    if (pMarkedCopy != nullptr) {
+        SetCursor(pMarkedCopy, pOther->GetPosition());
+    }
+    return filler.Finish() && bDone;
+}
+
+int32_t QMTransactionStore::Add(std::unique_ptr<QMTransaction> pTransaction)
+{
+    if (pTransaction == nullptr || (!IsEmpty() && GetCurrentNode() == nullptr)) {
+        return -1;
+    }
+    const uint64_t uKey = GetKey(*pTransaction);
+    const bool bDescending = IsDescending();
+    if (bDescending) {
+        SeekPlaceFromStart(uKey);
+    } else {
+        SeekPlaceFromEnd(uKey);
+    }
+    // The cursor stands where the walk stopped. A walk past the end stopped on the outermost
+    // transaction, and the new one goes to the far side of that.
+    const bool bStopped = !IsEmpty() && uKey >= GetKey(*GetCurrentNode());
+    if (IsEmpty() || bStopped != bDescending) {
+        InsertBehind(std::move(pTransaction));
+    } else {
+        InsertBefore(std::move(pTransaction));
+    }
+    return GetPosition();
+}
+
+void QMTransactionStore::SeekPlaceFromEnd(uint64_t uKey)
+{
+    Last();
+    while (!IsFirst() && uKey < GetKey(*GetCurrentNode())) {
+        Previous();
+    }
+}
+
+void QMTransactionStore::SeekPlaceFromStart(uint64_t uKey)
+{
+    First();
+    while (!IsLast() && uKey < GetKey(*GetCurrentNode())) {
+        Next();
+    }
+}
+
+int32_t QMTransactionStore::GetCurrent(QMTransaction& into) const
+{
+    const QMTransaction* pCurrent = GetCurrentNode();
+    if (pCurrent == nullptr) {
+        return -1;
+    }
+    into.CopyFrom(*pCurrent);
+    return GetPosition();
+}
+
+QMTransaction* QMTransactionStore::GetCurrentNode() const
+{
+    return static_cast<QMTransaction*>(QMNodeList::GetCurrentNode());
+}
+
+int32_t QMTransactionStore::ReplaceCurrent(const QMTransaction& transaction, bool bReposition)
+{
+    QMTransaction* pCurrent = GetCurrentNode();
+    if (pCurrent == nullptr) {
+        return -1;
+    }
+    if (!bReposition) {
+        pCurrent->CopyFrom(transaction);
+        return GetPosition();
+    }
+    auto pNew = MakeCopy(transaction);
+    if (pNew == nullptr) {
+        return -1;
+    }
+    Remove();
+    return Add(std::move(pNew));
+}
+
+int32_t QMTransactionStore::Resort(int32_t lMode)
+{
+    m_lSortMode = lMode;
+    return PutInOrder(Ties::Kept) ? GetPosition() : -1;
+}
+
+bool QMTransactionStore::PutInOrder(Ties ties)
+{
+    const auto uCount = static_cast<size_t>(GetCount());
+    const std::unique_ptr<SortEntry[]> aEntries(new (std::nothrow) SortEntry[uCount]);
+    const std::unique_ptr<QMListNode*[]> apNodes(new (std::nothrow) QMListNode*[uCount]);
+    if (aEntries == nullptr || apNodes == nullptr) {
+        return false;
+    }
+    const uint64_t uMirror = IsDescending() ? UINT64_MAX : 0;
+    SortEntry* pEnd = aEntries.get();
+    for (auto* p = static_cast<QMTransaction*>(GetHead()); p != nullptr; p = NextOf(p)) {
+        *pEnd++ = {GetKey(*p) ^ uMirror, p};
+    }
+    // Where the newest come first, Add puts a new one in front of its equals.
+    if (IsDescending() && ties == Ties::AsAdded) {
+        std::reverse(aEntries.get(), pEnd);
+    }
+    std::stable_sort(aEntries.get(), pEnd,
+                     [](const SortEntry& a, const SortEntry& b) { return a.uKey < b.uKey; });
+    std::transform(aEntries.get(), pEnd, apNodes.get(),
+                   [](const SortEntry& entry) { return entry.pNode; });
+    Relink(apNodes.get());
+    return true;
+}
+
+bool QMTransactionStore::HasCheckNumber(uint32_t uNumber)
+{
+    First();
+    while (const QMTransaction* p = GetCurrentNode()) {
+        if (p->lType == QM_TRANS_CHECK && p->lNumber == uNumber) {
+            return true;
+        }
+        if (!Next()) {
+            break;
+        }
+    }
+    return false;
+}
+
+uint32_t QMTransactionStore::NextCheckNumber()
+{
+    Last();
+    while (const QMTransaction* p = GetCurrentNode()) {
+        if (p->lType == QM_TRANS_CHECK) {
+            return p->lNumber == 0 ? uFirstCheckNumber : p->lNumber + 1;
+        }
+        if (!Previous()) {
+            break;
+        }
+    }
+    return uFirstCheckNumber;
+}
+
+bool QMTransactionStore::FillEditList(QMEditList& list, uint32_t uKind, int32_t lLimit)
+{
+    char szText[QM_FIELD_TEXT_SIZE];
+    int32_t lAccepted = 0;
+    Last();
+    while (const QMTransaction* p = GetCurrentNode()) {
+        if (lAccepted >= lLimit) {
+            break;
+        }
+        const bool bHasText = p->FormatField(uKind, szText, false, 0) > 0;
+        if (bHasText && list.Add(szText) != nullptr) {
+            ++lAccepted;
+        }
+        if (!Previous()) {
+            break;
+        }
+    }
+    return true;
+}
+
+uint32_t QMTransactionStore::ChangeFlag(uint32_t uFlag, bool bSet)
+{
+    QMTransaction* pCurrent = GetCurrentNode();
+    const uint32_t uBefore = pCurrent->lFlags;
+    pCurrent->lFlags = bSet ? uBefore | uFlag : uBefore & ~uFlag;
+    return uBefore;
+}
+
+uint32_t QMTransactionStore::SetCleared(bool bCleared)
+{
+    return ChangeFlag(QM_TRANS_FLAG_NOT_CLEARED, !bCleared);
+}
+
+uint32_t QMTransactionStore::SetImportMark(bool bMarked)
+{
+    return ChangeFlag(QM_TRANS_FLAG_IMPORT, bMarked);
+}
+
+bool QMTransactionStore::ToggleCleared()
+{
+    const bool bNotCleared = !GetCurrentNode()->HasFlag(QM_TRANS_FLAG_NOT_CLEARED);
+    SetCleared(!bNotCleared);
+    return bNotCleared;
+}
+
+bool QMTransactionStore::ClearImportMark()
+{
+    SetImportMark(false);
+    return true;
+}
+
+void QMStoreFiller::Add(std::unique_ptr<QMTransaction> pTransaction)
+{
+    const uint64_t uKey = m_store.GetKey(*pTransaction);
+    const bool bFits = m_store.IsDescending() ? m_store.IsEmpty() : uKey >= m_uLastKey;
+    m_bInOrder = m_bInOrder && bFits;
+    m_uLastKey = uKey;
+    // Nothing but this object moves the cursor meanwhile, so it stands on the last one.
+    m_store.InsertBehind(std::move(pTransaction));
+}
+
+bool QMStoreFiller::Finish()
+{
+    if (m_bInOrder || m_store.PutInOrder(QMTransactionStore::Ties::AsAdded)) {
+        return true;
+    }
+    m_store.Clear();
+    return false;
+}
