@@ -1,0 +1,65 @@
+// QMRowTable: rows of texts in memory, stored densely enough for a million of them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "register/qmrowlist.h"
+
+// Every text lies in one of a few large blocks of memory, so a row costs no allocation of its own.
+// A text written again takes the old one's place if it fits.
+class QMRowTable : public QMRowList
+{
+public:
+    bool RebuildColumns(const QMColumnTable& columns) override;
+    void AdjustFillerColumn() override {}
+
+    bool DeleteAllRows() override;
+    bool SetCapacity(int32_t lRows) override;
+    bool AppendRow() override;
+    int32_t GetRowCount() const override { return static_cast<int32_t>(m_aDecorations.size()); }
+    // False outside the table, for a text above 65535 bytes, and without memory.
+    bool SetCellText(int32_t lRow, int32_t lColumn, std::string_view text) override;
+    bool SetDecoration(int32_t lRow, uint32_t uDecoration) override;
+
+    bool SelectRow(int32_t lRow) override;
+    int32_t GetSelectedCount() const override { return m_lSelected < 0 ? 0 : 1; }
+    void Repaint() override {}
+
+    int32_t GetColumnCount() const { return m_lColumns; }
+    // Valid until the table changes; empty outside it.
+    std::string_view GetCellText(int32_t lRow, int32_t lColumn) const;
+    // 0 outside the table.
+    uint32_t GetDecoration(int32_t lRow) const;
+    // -1 for none.
+    int32_t GetSelectedRow() const { return m_lSelected; }
+
+private:
+    // In front of each text.
+    struct Extent
+    {
+        uint16_t uRoom;
+        uint16_t uLength;
+    };
+
+    bool HasRow(int32_t lRow) const { return lRow >= 0 && lRow < GetRowCount(); }
+    bool HasCell(int32_t lRow, int32_t lColumn) const;
+    size_t CellIndex(int32_t lRow, int32_t lColumn) const;
+    char* At(uint32_t uPlace) const;
+    uint32_t Allocate(size_t uSize);
+
+    // A text's place: the block in the upper part, the offset in units of uUnit in the lower.
+    static constexpr uint32_t uUnit = 8;
+    static constexpr uint32_t uBlockBits = 17;
+    static constexpr uint32_t uUnitsPerBlock = 1U << uBlockBits;
+    static constexpr uint32_t uNoText = 0;
+
+    int32_t m_lColumns = 0;
+    int32_t m_lSelected = -1;
+    std::vector<uint32_t> m_aCells; // places, row by row
+    std::vector<uint8_t> m_aDecorations;
+    std::vector<std::unique_ptr<char[]>> m_apBlocks;
+    uint32_t m_uNextUnit = 0; // in the last block
+};
