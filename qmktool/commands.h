@@ -1,0 +1,9 @@
+// The commands of qmktool. Each returns the exit code.
+#pragma once
+
+#include "qmktool/tooloptions.h"
+
+int RunInfo(const ToolOptions& options);
+int RunList(const ToolOptions& options);
+int RunCheck(const ToolOptions& options);
+int RunConvert(const ToolOptions& options);

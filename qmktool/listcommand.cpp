@@ -1,0 +1,218 @@
+#include <algorithm>
+#include <cstdio>
+
+#include "account/qmdocument.h"
+#include "account/qmmoney.h"
+#include "qmktool/commands.h"
+#include "qmktool/jsonwriter.h"
+#include "qmktool/toolaccount.h"
+#include "register/qmregistermodel.h"
+#include "register/qmrowtable.h"
+
+namespace {
+
+// The columns of a listing, all of them whatever the account shows on screen.
+constexpr QMColumn aListed[] = {
+    QM_ENTRY_DATE,    QM_ENTRY_NUMBER, QM_ENTRY_DESCRIPTION, QM_ENTRY_DEBIT,    QM_ENTRY_CREDIT,
+    QM_ENTRY_BALANCE, QM_ENTRY_TAG,    QM_ENTRY_MEMO,        QM_ENTRY_CATEGORY,
+};
+
+// The register of an account as its window would fill it, with every column shown.
+class Listing
+{
+public:
+    Listing(std::unique_ptr<QMAccount> pAccount, const ToolOptions& options)
+        : m_model(m_document, m_rows)
+    {
+        for (int32_t i = 0; i < QM_ENTRY_FILLER; ++i) {
+            pAccount->header.*QMGetColumnInfo(static_cast<QMColumn>(i)).pShown = 1;
+        }
+        m_document.SetAccount(std::move(pAccount));
+        m_model.SetIncludeUncleared(!options.bClearedBalance);
+        if (options.bPeriod) {
+            QMDate dtFrom = options.dtFrom;
+            QMDate dtTo = options.dtTo;
+            m_model.SetPeriodFilter(true, false);
+            m_model.SetPeriod(QM_ACCNT_DISPLAY_DATE_RANGE, dtFrom, dtTo, false);
+        }
+        m_bReady = m_model.RebuildRows(true) && m_model.RefreshRows(0, QM_COLUMN_ALL, false);
+    }
+
+    bool IsReady() const { return m_bReady; }
+    const QMRegisterModel& GetModel() const { return m_model; }
+    const QMAccount& GetAccount() const { return *m_document.GetAccount(); }
+    uint32_t GetDecoration(int32_t lRow) const { return m_rows.GetDecoration(lRow); }
+
+    // Calls f(row, transaction) for each row, from the first.
+    template <class F>
+    void ForEachRow(F f)
+    {
+        QMTransactionStore& store = m_document.GetAccount()->store;
+        store.MoveTo(m_model.GetFirstShown());
+        for (int32_t lRow = 0; lRow < m_rows.GetRowCount(); ++lRow, store.Next()) {
+            f(lRow, *store.GetCurrentNode());
+        }
+    }
+
+    // The text of a cell; the tag column, which has marks on screen, shows its letters. Valid until
+    // the next call.
+    std::string_view GetText(int32_t lRow, QMColumn column, const QMTransaction& transaction)
+    {
+        if (column != QM_ENTRY_TAG) {
+            return m_rows.GetCellText(lRow, m_model.GetColumns().GetListIndex(column));
+        }
+        const int32_t lLength = transaction.FormatField(QM_FIELD_TAG, m_szTag, false, 0);
+        return {m_szTag, static_cast<size_t>(std::max(lLength, 0))};
+    }
+
+private:
+    QMDocument m_document;
+    QMRowTable m_rows;
+    QMRegisterModel m_model;
+    bool m_bReady = false;
+    char m_szTag[QM_FIELD_TEXT_SIZE];
+};
+
+void WriteRow(JsonWriter& json, Listing& listing, int32_t lRow, const QMTransaction& transaction)
+{
+    json.BreakLine();
+    json.BeginObject();
+    json.Name("position");
+    json.Integer(listing.GetModel().GetFirstShown() + lRow);
+    json.Name("lType");
+    json.Integer(transaction.lType);
+    json.Name("dtDate");
+    json.Date(transaction.dtDate);
+    json.Name("lNumber");
+    json.Integer(transaction.lNumber);
+    json.Name("fAmount");
+    json.Single(transaction.fAmount);
+    json.Name("lFlags");
+    json.Integer(transaction.lFlags);
+    json.Name("dtCleared");
+    json.Date(transaction.dtCleared);
+    json.Name("szDescription");
+    json.Text(transaction.szDescription);
+    json.Name("szMemo");
+    json.Text(transaction.szMemo);
+    json.Name("szCategory");
+    json.Text(transaction.szCategory);
+    json.Name("decoration");
+    json.Integer(listing.GetDecoration(lRow));
+    json.Name("columns");
+    json.BeginObject();
+    for (const QMColumn column : aListed) {
+        json.Name(QMGetColumnInfo(column).szName);
+        json.Text(listing.GetText(lRow, column, transaction));
+    }
+    json.EndObject();
+    json.EndObject();
+}
+
+void WriteJson(Output& output, Listing& listing)
+{
+    const QMRegisterModel& model = listing.GetModel();
+    JsonWriter json(output);
+    json.BeginObject();
+    json.Name("version");
+    json.Integer(listing.GetAccount().lVersion);
+    json.Name("count");
+    json.Integer(listing.GetAccount().store.GetCount());
+    json.Name("lFirstShown");
+    json.Integer(model.GetFirstShown());
+    json.Name("dBalance");
+    json.Double(model.GetBalance(false));
+    json.Name("dAvailable");
+    json.Double(model.GetBalance(true));
+    json.Name("rows");
+    json.BeginArray();
+    listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
+        WriteRow(json, listing, lRow, transaction);
+    });
+    json.EndArray();
+    json.EndObject();
+    output.Add('\n');
+}
+
+// Lines of cells under headings, each column as wide as its widest cell.
+class TextTable
+{
+public:
+    TextTable(Output& output, Listing& listing) : m_output(output), m_listing(listing)
+    {
+        for (const QMColumn column : aListed) {
+            m_aWidth[column] = std::string_view(QMGetColumnInfo(column).szName).size();
+        }
+        m_listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
+            for (const QMColumn column : aListed) {
+                const size_t uLength = m_listing.GetText(lRow, column, transaction).size();
+                m_aWidth[column] = std::max(m_aWidth[column], uLength);
+            }
+        });
+    }
+
+    void Write()
+    {
+        WriteLine([](QMColumn column) { return QMGetColumnInfo(column).szName; });
+        m_listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
+            WriteLine(
+                [&](QMColumn column) { return m_listing.GetText(lRow, column, transaction); });
+        });
+    }
+
+private:
+    template <class F>
+    void WriteLine(F textOf)
+    {
+        size_t uPending = 0; // blanks not written yet: none at the end of a line
+        for (const QMColumn column : aListed) {
+            const std::string_view text = textOf(column);
+            const size_t uBlanks = m_aWidth[column] - text.size();
+            const bool bRight = QMGetColumnInfo(column).alignment == QMAlignment::Right;
+            uPending += bRight ? uBlanks : 0;
+            if (!text.empty()) {
+                m_output.Fill(uPending, ' ');
+                m_output.AddPrintable(text);
+                uPending = 0;
+            }
+            uPending += (bRight ? 0 : uBlanks) + 2;
+        }
+        m_output.Add('\n');
+    }
+
+    Output& m_output;
+    Listing& m_listing;
+    size_t m_aWidth[QM_ENTRY_COUNT] = {};
+};
+
+void WriteText(Output& output, Listing& listing)
+{
+    TextTable(output, listing).Write();
+    char szAmount[400];
+    for (const bool bAvailable : {false, true}) {
+        QMFormatMoney(listing.GetModel().GetBalance(bAvailable), 0, szAmount, sizeof szAmount);
+        output.Format("%s %s\n", bAvailable ? "Available:" : "Balance:  ", szAmount);
+    }
+}
+
+} // namespace
+
+int RunList(const ToolOptions& options)
+{
+    QMReadReport report;
+    auto pAccount = OpenToolAccount(options.aFiles[0], options, report);
+    if (pAccount == nullptr) {
+        return QM_EXIT_REFUSED;
+    }
+    Listing listing(std::move(pAccount), options);
+    if (!listing.IsReady()) {
+        return RefuseFile("list", options.aFiles[0], "there is not enough memory");
+    }
+    Output output;
+    if (options.bJson) {
+        WriteJson(output, listing);
+    } else {
+        WriteText(output, listing);
+    }
+    return output.Finish();
+}

@@ -1,0 +1,81 @@
+// qmktool: looks into, checks and converts account files from the command line.
+
+#include <cstdio>
+#include <cstring>
+#include <new>
+
+#include "qmktool/commands.h"
+#include "qmktool/toolaccount.h"
+
+namespace {
+
+constexpr ToolCommand aCommands[] = {
+    {"info", 1, " --json --password ", RunInfo},
+    {"list", 1, " --json --from --to --cleared-balance --password ", RunList},
+    {"check", 1, " --password ", RunCheck},
+    {"convert", 2, " --format --force --password ", RunConvert},
+};
+
+constexpr char szHelp[] =
+    "qmktool looks into, checks and converts Quillmark account files.\n"
+    "\n"
+    "  qmktool info FILE [--json]\n"
+    "      the account's particulars and the number of its transactions\n"
+    "  qmktool list FILE [--json] [--from M/D/YYYY --to M/D/YYYY] [--cleared-balance]\n"
+    "      the register, of all days or of a period; with --cleared-balance the\n"
+    "      balance column counts cleared transactions only\n"
+    "  qmktool check FILE\n"
+    "      whether the file is sound: format, entries, anything that had to be mended\n"
+    "  qmktool convert IN OUT [--format 1.0|1.1|2.0] [--force]\n"
+    "      writes the account anew, in the same or another format of account files;\n"
+    "      an OUT that exists is replaced with --force only\n"
+    "  qmktool --help\n"
+    "  qmktool --version\n"
+    "\n"
+    "  --password TEXT   opens an account that has a password\n"
+    "  --                takes every word behind it as a file name\n"
+    "\n"
+    "Exit code: 0 done, 1 refused (the reason on standard error), 2 wrong command line.\n";
+
+bool Asks(const char* szWord, const char* szOption)
+{
+    return strcmp(szWord, szOption) == 0;
+}
+
+int Run(int nWords, char** aszWords)
+{
+    for (int i = 1; i < nWords && !Asks(aszWords[i], "--"); ++i) {
+        if (Asks(aszWords[i], "--help")) {
+            fputs(szHelp, stdout);
+            return QM_EXIT_DONE;
+        }
+    }
+    if (nWords < 2) {
+        fputs("qmktool: a command is missing (see qmktool --help)\n", stderr);
+        return QM_EXIT_USAGE;
+    }
+    if (Asks(aszWords[1], "--version")) {
+        puts("qmktool " QUILLMARK_VERSION);
+        return QM_EXIT_DONE;
+    }
+    for (const ToolCommand& command : aCommands) {
+        if (strcmp(aszWords[1], command.szName) == 0) {
+            ToolOptions options;
+            return ParseToolOptions(command, nWords - 2, aszWords + 2, options)
+                       ? command.pRun(options)
+                       : QM_EXIT_USAGE;
+        }
+    }
+    fprintf(stderr, "qmktool: unknown command '%s' (see qmktool --help)\n", aszWords[1]);
+    return QM_EXIT_USAGE;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+try {
+    return Run(argc, argv);
+} catch (const std::bad_alloc&) {
+    fputs("qmktool: not enough memory\n", stderr);
+    return QM_EXIT_REFUSED;
+}

@@ -1,0 +1,40 @@
+#include "qmktool/output.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+void Output::AddPrintable(std::string_view text)
+{
+    for (const char c : text) {
+        const bool bControl = (c >= 0 && c < ' ') || c == '\x7F';
+        m_sBuffer.push_back(bControl ? '?' : c);
+    }
+    FlushWhenFull();
+}
+
+void Output::Format(const char* szFormat, ...)
+{
+    char szText[1024];
+    va_list arguments;
+    va_start(arguments, szFormat);
+    vsnprintf(szText, sizeof szText, szFormat, arguments);
+    va_end(arguments);
+    Add(szText);
+}
+
+void Output::Flush()
+{
+    const size_t uWritten = fwrite(m_sBuffer.data(), 1, m_sBuffer.size(), stdout);
+    m_bFailed = m_bFailed || uWritten < m_sBuffer.size();
+    m_sBuffer.clear();
+}
+
+int Output::Finish()
+{
+    Flush();
+    if (fflush(stdout) != 0 || m_bFailed) {
+        fputs("qmktool: cannot write to standard output\n", stderr);
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,42 @@
+// Standard output in large pieces, with the one place that notices when it fails.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class Output
+{
+public:
+    Output() { m_sBuffer.reserve(uFlushSize + 4096); }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    void Add(std::string_view text)
+    {
+        m_sBuffer.append(text);
+        FlushWhenFull();
+    }
+    void Add(char c) { m_sBuffer.push_back(c); }
+    void Fill(size_t uCount, char c) { m_sBuffer.append(uCount, c); }
+    // Control characters become question marks, so that a listing keeps its lines.
+    void AddPrintable(std::string_view text);
+    void Format(const char* szFormat, ...) __attribute__((format(printf, 2, 3)));
+
+    // Writes what is left. Returns the exit code: 1, with a line on standard error, when any
+    // writing failed.
+    int Finish();
+
+private:
+    static constexpr size_t uFlushSize = 1 << 16;
+
+    void FlushWhenFull()
+    {
+        if (m_sBuffer.size() >= uFlushSize) {
+            Flush();
+        }
+    }
+    void Flush();
+
+    std::string m_sBuffer;
+    bool m_bFailed = false;
+};

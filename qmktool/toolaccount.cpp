@@ -1,0 +1,74 @@
+#include "qmktool/toolaccount.h"
+
+#include <cstdio>
+#include <string>
+
+#include "toolkit/vtext.h"
+
+namespace {
+
+// Why the account did not read.
+std::string Reason(const QMAccount& account, const QMReadReport& report)
+{
+    if (report.fault == QMReadFault::CannotOpen) {
+        return VFileFaultText(account.GetFault());
+    }
+    std::string sReason = QMReadFaultText(report.fault);
+    if (report.lFaultEntry >= 0) {
+        sReason += " (in entry " + std::to_string(report.lFaultEntry + 1) + " of " +
+                   std::to_string(report.lCount) + ")";
+    }
+    return sReason;
+}
+
+// Why the password does not open the account; null when it does. Case does not count.
+const char* PasswordFault(const QMAccount& account, const char* szPassword)
+{
+    if (account.header.szPassword[0] == '\0') {
+        return nullptr;
+    }
+    if (szPassword == nullptr) {
+        return "it is password protected (give --password)";
+    }
+    return VCompareNoCase(szPassword, account.header.szPassword) == 0 ? nullptr
+                                                                      : "the password is wrong";
+}
+
+} // namespace
+
+int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy)
+{
+    fprintf(stderr, "qmktool: cannot %s '%s': %s\n", szWhat, szFile, szWhy);
+    return QM_EXIT_REFUSED;
+}
+
+std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions& options,
+                                           QMReadReport& report)
+{
+    auto pAccount = std::make_unique<QMAccount>(szFile);
+    QMAccountReader reader(*pAccount);
+    // A file that may be read but not written serves as well, so the reader finds it open already.
+    const bool bRead = pAccount->OpenForReading() && reader.Read();
+    report = reader.GetReport();
+    if (!bRead) {
+        if (!pAccount->IsOpen()) {
+            report.fault = QMReadFault::CannotOpen;
+        }
+        RefuseFile("open", szFile, Reason(*pAccount, report).c_str());
+        return nullptr;
+    }
+    pAccount->Close();
+    if (const char* szFault = PasswordFault(*pAccount, options.szPassword)) {
+        RefuseFile("open", szFile, szFault);
+        return nullptr;
+    }
+    return pAccount;
+}
+
+const char* FormatName(int32_t lVersion)
+{
+    if (lVersion == QM_VERSION_1_0) {
+        return "1.0";
+    }
+    return lVersion == QM_VERSION_2_0 ? "2.0" : "1.1";
+}

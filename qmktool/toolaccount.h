@@ -1,0 +1,24 @@
+// Opening an account for a command, and the sentences for what goes wrong.
+#pragma once
+
+#include <memory>
+
+#include "account/qmaccount.h"
+#include "account/qmaccountreader.h"
+#include "qmktool/tooloptions.h"
+
+// The exit codes.
+inline constexpr int QM_EXIT_DONE = 0;
+inline constexpr int QM_EXIT_REFUSED = 1;
+inline constexpr int QM_EXIT_USAGE = 2;
+
+// Writes "qmktool: cannot WHAT 'FILE': WHY" to standard error and returns QM_EXIT_REFUSED.
+int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy);
+
+// Reads the account, which is locked meanwhile and never written, and compares the password if it
+// has one. Null after a line on standard error. The file is closed again.
+std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions& options,
+                                           QMReadReport& report);
+
+// "1.0", "1.1" or "2.0" for the words of these; others read as 1.1.
+const char* FormatName(int32_t lVersion);
