@@ -27,7 +27,8 @@ constexpr QMDate QMMakeDate(uint16_t wYear, uint16_t wMonth, uint16_t wDay)
     return date;
 }
 
-// Year, month and day as one number that sorts as the dates do; below 2 to the 48th.
+// Year, month and day as one number that sorts as the dates do.
+inline constexpr uint64_t QM_DATE_KEY_MAX = 0xFFFFFFFFFFFF;
 constexpr uint64_t QMDateKey(const QMDate& date)
 {
     return uint64_t{date.wYear} << 32 | uint64_t{date.wMonth} << 16 | date.wDay;

@@ -147,24 +147,3 @@ void QMNodeList::SetCursor(QMListNode* pNode, int32_t lPosition)
     m_pCurrent = pNode;
     m_lPosition = lPosition;
 }
-
-void QMNodeList::Relink(QMListNode* const* apNodes)
-{
-    // The nodes lie in memory in another order than they are linked in here.
-    constexpr int32_t lAhead = 16;
-    QMListNode* pPrevious = nullptr;
-    for (int32_t i = 0; i < m_lCount; ++i) {
-        if (i + lAhead < m_lCount) {
-            __builtin_prefetch(apNodes[i + lAhead], 1);
-        }
-        QMListNode* p = apNodes[i];
-        p->m_pPrevious = pPrevious;
-        p->m_pNext = i + 1 < m_lCount ? apNodes[i + 1] : nullptr;
-        if (p == m_pCurrent) {
-            m_lPosition = i;
-        }
-        pPrevious = p;
-    }
-    m_pHead = m_lCount > 0 ? apNodes[0] : nullptr;
-    m_pTail = pPrevious;
-}

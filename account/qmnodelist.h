@@ -86,11 +86,31 @@ protected:
     // Sets the cursor on a node of this list whose position the caller knows.
     void SetCursor(QMListNode* pNode, int32_t lPosition);
 
-    // Relinks the nodes in the order of apNodes, which holds each of them once. The cursor stays on
-    // its node and takes that node's new position.
-    void Relink(QMListNode* const* apNodes);
+    // Relinks the nodes in the order that nodeAt(position) names, each of them once. The cursor
+    // stays on its node and takes that node's new position.
+    template <class F>
+    void Relink(F nodeAt)
+    {
+        // The nodes lie in memory in another order than they are linked in here.
+        constexpr int32_t lAhead = 16;
+        m_pHead = m_pTail = nullptr;
+        for (int32_t i = 0; i < m_lCount; ++i) {
+            __builtin_prefetch(nodeAt(i + lAhead < m_lCount ? i + lAhead : i), 1);
+            RelinkBehindTail(nodeAt(i), i);
+        }
+    }
 
 private:
+    void RelinkBehindTail(QMListNode* pNode, int32_t lPosition)
+    {
+        pNode->m_pPrevious = m_pTail;
+        pNode->m_pNext = nullptr;
+        (m_pTail == nullptr ? m_pHead : m_pTail->m_pNext) = pNode;
+        m_pTail = pNode;
+        if (pNode == m_pCurrent) {
+            m_lPosition = lPosition;
+        }
+    }
     void Link(QMListNode* pPrevious, std::unique_ptr<QMListNode> pNode, QMListNode* pNext);
 
     QMListNode* m_pHead = nullptr;

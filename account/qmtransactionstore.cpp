@@ -1,10 +1,9 @@
 #include "account/qmtransactionstore.h"
 
-#include <algorithm>
 #include <new>
-#include <vector>
 
 #include "account/qmeditlist.h"
+#include "account/qmsortednodes.h"
 
 namespace {
 
@@ -19,12 +18,6 @@ std::unique_ptr<QMTransaction> MakeCopy(const QMTransaction& transaction)
 {
     return std::unique_ptr<QMTransaction>(new (std::nothrow) QMTransaction(transaction));
 }
-
-struct SortEntry
-{
-    uint64_t uKey;
-    QMListNode* pNode;
-};
 
 } // namespace
 
@@ -149,26 +142,20 @@ int32_t QMTransactionStore::Resort(int32_t lMode)
 
 bool QMTransactionStore::PutInOrder(Ties ties)
 {
-    const auto uCount = static_cast<size_t>(GetCount());
-    const std::unique_ptr<SortEntry[]> aEntries(new (std::nothrow) SortEntry[uCount]);
-    const std::unique_ptr<QMListNode*[]> apNodes(new (std::nothrow) QMListNode*[uCount]);
-    if (aEntries == nullptr || apNodes == nullptr) {
+    QMSortedNodes nodes(static_cast<size_t>(GetCount()));
+    if (!nodes.HasMemory()) {
         return false;
     }
-    const uint64_t uMirror = IsDescending() ? UINT64_MAX : 0;
-    SortEntry* pEnd = aEntries.get();
+    const uint64_t uMirror = IsDescending() ? QM_DATE_KEY_MAX : 0;
     for (auto* p = static_cast<QMTransaction*>(GetHead()); p != nullptr; p = NextOf(p)) {
-        *pEnd++ = {GetKey(*p) ^ uMirror, p};
+        nodes.Add(GetKey(*p) ^ uMirror, p);
     }
     // Where the newest come first, Add puts a new one in front of its equals.
     if (IsDescending() && ties == Ties::AsAdded) {
-        std::reverse(aEntries.get(), pEnd);
+        nodes.Reverse();
     }
-    std::stable_sort(aEntries.get(), pEnd,
-                     [](const SortEntry& a, const SortEntry& b) { return a.uKey < b.uKey; });
-    std::transform(aEntries.get(), pEnd, apNodes.get(),
-                   [](const SortEntry& entry) { return entry.pNode; });
-    Relink(apNodes.get());
+    nodes.Sort();
+    Relink([&](int32_t i) { return nodes.Get(static_cast<size_t>(i)); });
     return true;
 }
 

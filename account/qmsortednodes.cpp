@@ -1,0 +1,44 @@
+#include "account/qmsortednodes.h"
+
+#include <algorithm>
+#include <new>
+
+QMSortedNodes::QMSortedNodes(size_t uCount)
+    : m_pEntries(new (std::nothrow) Entry[uCount]), m_pSpare(new (std::nothrow) Entry[uCount])
+{}
+
+void QMSortedNodes::Reverse()
+{
+    std::reverse(m_pEntries.get(), m_pEntries.get() + m_uCount);
+}
+
+void QMSortedNodes::Sort()
+{
+    size_t auCounts[nDigits][uValues] = {};
+    for (size_t u = 0; u < m_uCount; ++u) {
+        for (int nDigit = 0; nDigit < nDigits; ++nDigit) {
+            ++auCounts[nDigit][Digit(m_pEntries[u].uKey, nDigit)];
+        }
+    }
+    // From the last digit to the first; each pass keeps the order of the one before.
+    for (int nDigit = 0; m_uCount > 0 && nDigit < nDigits; ++nDigit) {
+        const size_t uFirst = Digit(m_pEntries[0].uKey, nDigit);
+        if (auCounts[nDigit][uFirst] < m_uCount) { // otherwise all have the same there
+            SortByDigit(nDigit, auCounts[nDigit]);
+        }
+    }
+}
+
+void QMSortedNodes::SortByDigit(int nDigit, const size_t (&auCounts)[uValues])
+{
+    size_t auNext[uValues];
+    size_t uNext = 0;
+    for (size_t u = 0; u < uValues; ++u) {
+        auNext[u] = uNext;
+        uNext += auCounts[u];
+    }
+    for (size_t u = 0; u < m_uCount; ++u) {
+        m_pSpare[auNext[Digit(m_pEntries[u].uKey, nDigit)]++] = m_pEntries[u];
+    }
+    m_pEntries.swap(m_pSpare);
+}

@@ -1,0 +1,106 @@
+#include "bench/ratios.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <vector>
+
+namespace {
+
+// The time of each run by the benchmark's name, and what is to be made of them.
+class Collector : public benchmark::ConsoleReporter
+{
+public:
+    struct Line
+    {
+        std::string sName;
+        std::function<double()> ratio;
+        double dLimit;
+    };
+
+    Collector() : ConsoleReporter(OO_Tabular) {}
+
+    void AddLine(Line line) { m_aLines.push_back(std::move(line)); }
+
+    void ReportRuns(const std::vector<Run>& aRuns) override
+    {
+        for (const Run& run : aRuns) {
+            if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
+                m_aTimes[run.run_name.function_name + "/" + run.run_name.args].push_back(
+                    run.GetAdjustedRealTime());
+            } else if (run.error_occurred || run.aggregate_name == "median") {
+                ConsoleReporter::ReportRuns({run});
+            }
+        }
+    }
+
+    // 0 when it did not run.
+    double GetMedian(const std::string& sName)
+    {
+        std::vector<double>& aTimes = m_aTimes[sName];
+        if (aTimes.empty()) {
+            return 0;
+        }
+        std::sort(aTimes.begin(), aTimes.end());
+        return aTimes[aTimes.size() / 2];
+    }
+
+    void PrintRatios() const
+    {
+        printf("\n%-60s %8s %8s\n", "Ratios", "measured", "limit");
+        for (const Line& line : m_aLines) {
+            const double dRatio = line.ratio();
+            if (dRatio == 0) {
+                continue;
+            }
+            printf("%-60s %8.2f", line.sName.c_str(), dRatio);
+            if (line.dLimit > 0) {
+                printf(" %8.2f%s", line.dLimit, dRatio > line.dLimit ? "  ABOVE" : "");
+            }
+            printf("\n");
+        }
+    }
+
+private:
+    std::map<std::string, std::vector<double>> m_aTimes;
+    std::vector<Line> m_aLines;
+};
+
+Collector& GetCollector()
+{
+    static Collector collector;
+    return collector;
+}
+
+} // namespace
+
+void CompareWith(const std::string& sName, const std::string& sBase, double dLimit)
+{
+    const auto Ratio = [=] {
+        const double dBase = GetCollector().GetMedian(sBase);
+        return dBase > 0 ? GetCollector().GetMedian(sName) / dBase : 0;
+    };
+    GetCollector().AddLine({sName + " to " + sBase, Ratio, dLimit});
+}
+
+void CompareValue(const std::string& sName, std::function<double()> ratio, double dLimit)
+{
+    GetCollector().AddLine({sName, std::move(ratio), dLimit});
+}
+
+int RunWithRatios(int argc, char** argv)
+{
+    std::vector<char*> aArguments(argv, argv + argc);
+    char szInterleave[] = "--benchmark_enable_random_interleaving=true";
+    char szRepeat[] = "--benchmark_repetitions=9";
+    // In front of the caller's own words, which so have the last say.
+    aArguments.insert(aArguments.begin() + 1, {szInterleave, szRepeat});
+    int nArguments = static_cast<int>(aArguments.size());
+    benchmark::Initialize(&nArguments, aArguments.data());
+    if (benchmark::ReportUnrecognizedArguments(nArguments, aArguments.data())) {
+        return 2;
+    }
+    benchmark::RunSpecifiedBenchmarks(&GetCollector());
+    GetCollector().PrintRatios();
+    return 0;
+}
