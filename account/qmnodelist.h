@@ -10,6 +10,7 @@ class QMListNode
 public:
     QMListNode() = default;
     QMListNode(const QMListNode&) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is copied
     QMListNode& operator=(const QMListNode&) { return *this; }
     virtual ~QMListNode() = default;
 

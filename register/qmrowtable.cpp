@@ -60,7 +60,7 @@ uint32_t QMRowTable::Allocate(size_t uSize)
 {
     const auto uUnits = static_cast<uint32_t>((uSize + uUnit - 1) / uUnit);
     if (m_apBlocks.empty() || m_uNextUnit + uUnits > uUnitsPerBlock) {
-        std::unique_ptr<char[]> pBlock(new (std::nothrow) char[uUnitsPerBlock * uUnit]);
+        std::unique_ptr<char[]> pBlock(new (std::nothrow) char[size_t{uUnitsPerBlock} * uUnit]);
         if (pBlock == nullptr || m_apBlocks.size() >= (UINT32_MAX >> uBlockBits)) {
             return uNoText;
         }
