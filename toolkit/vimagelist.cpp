@@ -1,0 +1,39 @@
+#include "toolkit/vimagelist.h"
+
+#include "toolkit/vdrawingsurface.h"
+
+bool VImageList::Create(int cx, int cy, int nInitial, int nGrow, UINT uFlags)
+{
+    Destroy();
+    m_hList = ImageList_Create(cx, cy, uFlags, nInitial, nGrow);
+    return m_hList != nullptr;
+}
+
+int VImageList::Add(HBITMAP hBitmap, HBITMAP hMask)
+{
+    return m_hList == nullptr ? -1 : ImageList_Add(m_hList, hBitmap, hMask);
+}
+
+bool VImageList::Draw(int nIndex, VDrawingSurface& surface, int x, int y, UINT uStyle) const
+{
+    return m_hList != nullptr &&
+           ImageList_Draw(m_hList, nIndex, surface.GetHandle(), x, y, uStyle) != 0;
+}
+
+int VImageList::GetImageCount() const
+{
+    return m_hList == nullptr ? 0 : ImageList_GetImageCount(m_hList);
+}
+
+bool VImageList::GetIconSize(int& cx, int& cy) const
+{
+    return m_hList != nullptr && ImageList_GetIconSize(m_hList, &cx, &cy) != 0;
+}
+
+void VImageList::Destroy()
+{
+    if (m_hList != nullptr) {
+        ImageList_Destroy(m_hList);
+        m_hList = nullptr;
+    }
+}

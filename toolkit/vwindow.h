@@ -1,0 +1,223 @@
+// VWindow: the base of every window: one object for each, one window procedure for all.
+//
+// The procedure turns messages into the virtual operations below. An operation that has not handled
+// its message answers V_NOT_HANDLED, and DefaultProc gets the message. Only an override of
+// DefaultProc ever sees raw messages.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <cstdint>
+#include <memory>
+
+#include "toolkit/vflagset.h"
+#include "toolkit/vrect.h"
+#include "toolkit/vstring.h"
+
+class VDrawingSurface;
+class VWindow;
+
+inline constexpr LRESULT V_NOT_HANDLED = -65535;
+
+// What kind of window an object stands for.
+enum VWindowKind : int32_t
+{
+    V_KIND_BUTTON = 1,
+    V_KIND_CHECK_BOX = 2,
+    V_KIND_COMBO_BOX = 3,
+    V_KIND_DIALOG = 4,
+    V_KIND_EDIT = 5,
+    V_KIND_GROUP_BOX = 6,
+    V_KIND_LIST_BOX = 7,
+    V_KIND_LIST_VIEW = 8,
+    V_KIND_FRAME = 10,
+    V_KIND_RADIO_BUTTON = 11,
+    V_KIND_SCROLL_BAR = 12,
+    V_KIND_SPLASH = 13,
+    V_KIND_STATIC = 17,
+    V_KIND_STATUS_BAR = 18,
+    V_KIND_TAB = 19,
+    V_KIND_TOOLBAR = 21,
+    V_KIND_TREE_VIEW = 22,
+    V_KIND_OTHER = 23,
+    V_KIND_PROPERTY_SHEET = 28,
+    V_KIND_PROPERTY_PAGE = 29,
+    V_KIND_PROGRESS_BAR = 30,
+    V_KIND_COMMON_DIALOG = 36,
+    V_KIND_REBAR = 39,
+    V_KIND_FOREIGN = 41,
+    V_KIND_MDI_FRAME = 42,
+    V_KIND_MDI_CHILD = 43,
+    V_KIND_MDI_FRAME_2 = 45,
+    V_KIND_DATE_PICKER = 46,
+    V_KIND_MONTH_CALENDAR = 47,
+    V_KIND_UP_DOWN = 48,
+    V_KIND_MDI_CHILD_2 = 50,
+    V_KIND_HEADER = 52,
+};
+
+// Behaviour bits.
+inline constexpr uint32_t V_FLAG_PAINTS = 1;           // OnPaint paints the window
+inline constexpr uint32_t V_FLAG_INITIALIZE_LATER = 2; // the creator calls OnInitialize itself
+inline constexpr uint32_t V_FLAG_OFF_SCREEN = 4;       // painted off screen and never erased
+inline constexpr uint32_t V_FLAG_DELETE_SELF = 8;      // the object goes when its window is gone
+
+// Sees a window's messages before the window does.
+class VMessageFilter
+{
+public:
+    virtual ~VMessageFilter() = default;
+
+    // Answers whether the next filter and the window should see the message too. With bHandled set,
+    // lResult is the message's result.
+    virtual bool Filter(VWindow& window, UINT uMessage, WPARAM wParam, LPARAM lParam,
+                        LRESULT& lResult, bool& bHandled) = 0;
+
+    VMessageFilter* m_pNextFilter = nullptr; // link of the window's list, which alone touches it
+};
+
+class VWindow
+{
+public:
+    explicit VWindow(int32_t lKind = V_KIND_OTHER);
+    VWindow(const VWindow&) = delete;
+    VWindow& operator=(const VWindow&) = delete;
+
+    // ---- The virtual operations, in the order of their slots.
+
+    virtual ~VWindow();
+    // Destroys the window, if there is one. True when it is gone; a bForced close does not ask.
+    // The object may be gone too, then.
+    virtual bool OnClose(bool bForced);
+    // The part inside frame and caption, in the window's own coordinates; empty for a window
+    // without a caption.
+    virtual void ClientArea(VRect& rect) const;
+    virtual bool IsDialogKind() const;
+    virtual void Maximize();
+    virtual void Minimize();
+    // Of the window that owns the message loop: true when nothing more is to be done.
+    virtual bool PreTranslate(MSG& message);
+    virtual void Restore();
+    virtual LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+    virtual LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl);
+    virtual void OnDestroy() {}
+    // True when it painted.
+    virtual bool OnPaint(VDrawingSurface& surface);
+    virtual LRESULT OnSize(UINT uType, int nWidth, int nHeight);
+    virtual LRESULT OnNotify(UINT uId, NMHDR* pHeader);
+    // A control's own notification, before its parent gets it: -1 when consumed, with the value
+    // for the sender in lResult.
+    virtual LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult);
+    virtual void OnFinalDestroy();
+    // False stops the creation.
+    virtual bool OnPreCreate(CREATESTRUCTA& create);
+    // False undoes the attach.
+    virtual bool OnInitialize();
+
+    // ---- Making, binding and finding windows.
+
+    // Makes the window. A null class name stands for the registered one; an empty rectangle lets
+    // the system place a window that is no child.
+    bool Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* szClass,
+                const char* szTitle, UINT uId, DWORD uExStyle = 0);
+
+    // Binds the object to a window that exists; false when OnInitialize refused.
+    bool Attach(HWND hWnd, bool bRunInitialize = true);
+
+    // Lets go of the window, closing it if the object was bound to it.
+    void Detach();
+
+    static VWindow* FromHandle(HWND hWnd);
+    static int32_t KindOfWindow(HWND hWnd);
+    static VWindow* GetMainWindow();
+    static void SetMainWindow(VWindow* pWindow);
+    // Whether the object is still one of the live ones.
+    static bool IsLive(const VWindow* pWindow);
+    static LRESULT CALLBACK WindowProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
+
+    bool IsAttached() const;
+    bool IsValid() const { return m_hWnd != nullptr && IsWindow(m_hWnd); }
+
+    // The filter stays the caller's. Filters see messages in the order in which they came.
+    void AddFilter(VMessageFilter& filter);
+    void RemoveFilter(VMessageFilter& filter);
+
+    // ---- State.
+
+    HWND GetHandle() const { return m_hWnd; }
+    UINT GetId() const { return m_uId; }
+    int32_t GetKind() const { return m_lKind; }
+    // Of a dialog: whether it runs a loop of its own.
+    bool IsModal() const { return m_bModal; }
+    VFlagSet& GetFlags() { return m_flags; }
+    HACCEL GetAccelerators() const { return m_hAccelerators; }
+    void SetAccelerators(HACCEL hAccelerators) { m_hAccelerators = hAccelerators; }
+    void SetFillChild(VWindow* pChild) { m_pFillChild = pChild; }
+
+    // ---- The platform's calls.
+
+    bool Show(int nCommand = SW_SHOW) { return ShowWindow(m_hWnd, nCommand) != 0; }
+    bool IsVisible() const { return IsWindowVisible(m_hWnd) != 0; }
+    void Move(const VRect& rect, bool bRepaint = true);
+    void Enable(bool bEnable) { EnableWindow(m_hWnd, bEnable); }
+    void Invalidate(bool bErase = false) { InvalidateRect(m_hWnd, nullptr, bErase); }
+    void Update() { UpdateWindow(m_hWnd); }
+    bool Post(UINT uMessage, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        return PostMessageA(m_hWnd, uMessage, wParam, lParam) != 0;
+    }
+    LRESULT Send(UINT uMessage, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return SendMessageA(m_hWnd, uMessage, wParam, lParam);
+    }
+    LONG_PTR GetLong(int nIndex) const { return GetWindowLongPtrA(m_hWnd, nIndex); }
+    LONG_PTR SetLong(int nIndex, LONG_PTR lValue)
+    {
+        return SetWindowLongPtrA(m_hWnd, nIndex, lValue);
+    }
+    VRect GetClientRect() const;
+    VRect GetWindowRect() const; // on the screen
+    HWND GetItem(int nId) const { return GetDlgItem(m_hWnd, nId); }
+    VString GetText() const;
+    void SetText(const char* szText) { SetWindowTextA(m_hWnd, szText); }
+    void SetFocus() { ::SetFocus(m_hWnd); }
+    HWND GetParent() const { return ::GetParent(m_hWnd); }
+
+    void EnableChildren(bool bEnable);
+    void ShowChildren(bool bShow);
+    // The first child window of a class, ignoring case; null for none. "BUTTON" finds check boxes
+    // and radio buttons only: buttons with one of the low three bits of style set.
+    HWND FindChildOfClass(const char* szClass) const;
+
+protected:
+    // The MDI client, for the default procedure of frames of that kind.
+    void SetMdiClient(HWND hClient) { m_hMdiClient = hClient; }
+    VWindow* GetFillChild() const { return m_pFillChild; }
+    void SetModal(bool bModal) { m_bModal = bModal; }
+
+private:
+    friend class VDispatcher;
+
+    void FitFillChild();
+    bool IsFillChildReady() const;
+    void Subclass(HWND hWnd);
+    void RestoreProcedure(HWND hWnd);
+    int ProcedureSlot() const;
+
+public:
+    VWindow* m_pNextLive = nullptr; // link of VWindowList, which alone touches it
+
+private:
+    int32_t m_lKind;
+    VFlagSet m_flags;
+    UINT m_uId = 0;
+    HWND m_hWnd = nullptr; // null while not bound
+    HACCEL m_hAccelerators = nullptr;
+    WNDPROC m_pOldProcedure = nullptr; // replaced by subclassing; null for the toolkit's own class
+    VMessageFilter* m_pFilters = nullptr;
+    VWindow* m_pFillChild = nullptr; // covers the client area
+    HWND m_hMdiClient = nullptr;
+    bool m_bModal = false;
+};

@@ -1,0 +1,244 @@
+// The one window procedure: from a message to the object's virtual operations.
+
+#include "toolkit/vdrawingsurface.h"
+#include "toolkit/vtext.h"
+#include "toolkit/vwindow.h"
+#include "toolkit/vwindowlist.h"
+
+namespace {
+
+bool HasDialogClass(HWND hWnd)
+{
+    char szClass[16] = "";
+    GetClassNameA(hWnd, szClass, sizeof szClass);
+    return VCompare(szClass, "#32770") == 0;
+}
+
+// The object given when the window was made.
+VWindow* CreatedObject(UINT uMessage, LPARAM lParam)
+{
+    const VWindowList& list = VWindowList::Get();
+    if (uMessage == WM_NCCREATE) {
+        const auto* pCreate = reinterpret_cast<CREATESTRUCTA*>(lParam);
+        const bool bMdiChild = (pCreate->dwExStyle & WS_EX_MDICHILD) != 0;
+        void* pObject = pCreate->lpCreateParams;
+        if (bMdiChild && pObject != nullptr) {
+            // The MDI client puts its own record between.
+            pObject = reinterpret_cast<void*>(static_cast<MDICREATESTRUCTA*>(pObject)->lParam);
+        }
+        auto* pWindow = static_cast<VWindow*>(pObject);
+        return list.Contains(pWindow) ? pWindow : nullptr;
+    }
+    auto* pWindow = reinterpret_cast<VWindow*>(lParam);
+    if (pWindow == nullptr || list.Contains(pWindow)) {
+        return pWindow;
+    }
+    return reinterpret_cast<VWindow*>(reinterpret_cast<PROPSHEETPAGEA*>(lParam)->lParam);
+}
+
+} // namespace
+
+// One message on its way. The object may go while it is handled; m_pWindow is null from then on.
+class VDispatcher
+{
+public:
+    VDispatcher(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+        : m_hWnd(hWnd), m_uMessage(uMessage), m_wParam(wParam), m_lParam(lParam)
+    {}
+
+    LRESULT Run()
+    {
+        const bool bCreates = m_uMessage == WM_NCCREATE || m_uMessage == WM_INITDIALOG;
+        m_pWindow =
+            bCreates ? CreatedObject(m_uMessage, m_lParam) : VWindowList::Get().FindCached(m_hWnd);
+        if (bCreates && m_pWindow != nullptr && !m_pWindow->Attach(m_hWnd)) {
+            RefuseCreation();
+            return 0;
+        }
+        if (m_pWindow == nullptr || m_pWindow->m_hWnd == nullptr) {
+            return HasDialogClass(m_hWnd) ? 0
+                                          : DefWindowProcA(m_hWnd, m_uMessage, m_wParam, m_lParam);
+        }
+        if (RunFilters() && Dispatch()) {
+            return m_lResult;
+        }
+        Finish();
+        return m_lResult;
+    }
+
+private:
+    void RefuseCreation()
+    {
+        if (!m_pWindow->IsDialogKind()) {
+            return;
+        }
+        if (m_pWindow->IsModal()) {
+            EndDialog(m_hWnd, IDCANCEL);
+        } else {
+            DestroyWindow(m_hWnd);
+        }
+    }
+
+    // False when a filter kept the message for itself.
+    bool RunFilters()
+    {
+        for (VMessageFilter* p = m_pWindow->m_pFilters; p != nullptr;) {
+            VMessageFilter* pNext = p->m_pNextFilter; // the filter may take itself out
+            LRESULT lResult = 0;
+            bool bHandled = false;
+            const bool bGoOn =
+                p->Filter(*m_pWindow, m_uMessage, m_wParam, m_lParam, lResult, bHandled);
+            if (bHandled) {
+                m_lResult = lResult;
+            }
+            if (!bGoOn) {
+                m_lResult = bHandled ? lResult : 0;
+                return false;
+            }
+            if (bHandled) {
+                break;
+            }
+            p = pNext;
+        }
+        return true;
+    }
+
+    // True when nothing may follow, not even the default.
+    bool Dispatch()
+    {
+        switch (m_uMessage) {
+            case WM_DESTROY:
+                m_pWindow->OnDestroy();
+                m_lResult = 0;
+                break;
+            case WM_SIZE:
+                m_lResult = m_pWindow->OnSize(static_cast<UINT>(m_wParam), LOWORD(m_lParam),
+                                              HIWORD(m_lParam));
+                break;
+            case WM_PAINT:
+                Paint();
+                break;
+            case WM_CLOSE:
+                m_lResult = 0;
+                Close(false);
+                break;
+            case WM_QUERYENDSESSION:
+                m_lResult = Close(false) ? 1 : 0;
+                break;
+            case WM_ENDSESSION:
+                m_lResult = 0;
+                Close(true);
+                break;
+            case WM_ERASEBKGND:
+                if (m_pWindow->m_flags.Test(V_FLAG_OFF_SCREEN)) {
+                    m_lResult = 1;
+                }
+                break;
+            case WM_NOTIFY:
+                return Notify(reinterpret_cast<NMHDR*>(m_lParam));
+            case WM_COMMAND:
+                m_lResult = m_pWindow->OnCommand(HIWORD(m_wParam), LOWORD(m_wParam),
+                                                 reinterpret_cast<HWND>(m_lParam));
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+
+    bool Close(bool bForced)
+    {
+        const bool bGone = m_pWindow->OnClose(bForced);
+        if (bGone) {
+            m_pWindow = nullptr;
+            VWindowList::Get().ForgetCached();
+        }
+        return bGone;
+    }
+
+    // True when the sender's own object consumed it.
+    bool Notify(NMHDR* pHeader)
+    {
+        if (VWindow* pSender = VWindow::FromHandle(pHeader->hwndFrom)) {
+            LRESULT lValue = 1;
+            if (pSender->OnReflectNotify(pHeader, lValue) == -1) {
+                m_lResult = lValue;
+                return true;
+            }
+        }
+        m_lResult = m_pWindow->OnNotify(static_cast<UINT>(m_wParam), pHeader);
+        return false;
+    }
+
+    void Paint()
+    {
+        const bool bPaints = m_pWindow->m_flags.Test(V_FLAG_PAINTS);
+        const bool bOffScreen = m_pWindow->m_flags.Test(V_FLAG_OFF_SCREEN);
+        if ((!bPaints && !bOffScreen) || m_pWindow->GetClientRect().IsEmpty()) {
+            return;
+        }
+        if (auto hDC = reinterpret_cast<HDC>(m_wParam)) {
+            VDrawingSurface given;
+            given.Attach(hDC, false);
+            PaintOn(given, bPaints, bOffScreen);
+        } else {
+            VPaintSurface own(m_hWnd);
+            PaintOn(own, bPaints, bOffScreen);
+        }
+    }
+
+    void PaintOn(VDrawingSurface& target, bool bPaints, bool bOffScreen)
+    {
+        if (target.GetHandle() == nullptr) {
+            return;
+        }
+        m_lResult = 0;
+        if (bOffScreen) {
+            const VRect area = m_pWindow->GetClientRect();
+            VBufferedSurface buffer(target, area.GetWidth(), area.GetHeight());
+            if (buffer.GetHandle() != nullptr) {
+                PaintWindow(buffer, bPaints);
+                return;
+            }
+        }
+        PaintWindow(target, bPaints);
+    }
+
+    void PaintWindow(VDrawingSurface& surface, bool bPaints)
+    {
+        if (!bPaints || !m_pWindow->OnPaint(surface)) {
+            m_pWindow->DefaultProc(m_hWnd, WM_PAINT, reinterpret_cast<WPARAM>(surface.GetHandle()),
+                                   0);
+        }
+    }
+
+    void Finish()
+    {
+        if (m_pWindow != nullptr && m_pWindow->m_hWnd != nullptr && m_lResult == V_NOT_HANDLED) {
+            m_lResult = m_pWindow->DefaultProc(m_hWnd, m_uMessage, m_wParam, m_lParam);
+        }
+        if (m_uMessage == WM_INITDIALOG && VWindow::IsLive(m_pWindow) &&
+            m_pWindow->IsDialogKind() && m_pWindow->IsModal()) {
+            m_lResult = 1;
+        }
+        if (m_uMessage == WM_NCDESTROY && VWindow::IsLive(m_pWindow)) {
+            m_pWindow->RestoreProcedure(m_hWnd);
+            m_pWindow->m_hWnd = nullptr;
+            m_pWindow->m_uId = 0;
+            VWindowList::Get().ForgetCached(m_pWindow);
+            m_pWindow->OnFinalDestroy();
+        }
+    }
+
+    HWND m_hWnd;
+    UINT m_uMessage;
+    WPARAM m_wParam;
+    LPARAM m_lParam;
+    VWindow* m_pWindow = nullptr;
+    LRESULT m_lResult = V_NOT_HANDLED;
+};
+
+LRESULT CALLBACK VWindow::WindowProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    return VDispatcher(hWnd, uMessage, wParam, lParam).Run();
+}
