@@ -94,7 +94,7 @@ bool VWindow::Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* 
         create.y = rect.top;
         create.cx = rect.GetWidth();
         create.cy = rect.GetHeight();
-    } else if ((uStyle & WS_CHILD) == 0) {
+    } else if ((uStyle & WS_CHILD) == 0 || (uExStyle & WS_EX_MDICHILD) != 0) {
         create.x = create.y = create.cx = create.cy = CW_USEDEFAULT;
     }
     if (!OnPreCreate(create)) {

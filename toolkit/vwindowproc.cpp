@@ -197,6 +197,9 @@ private:
             const VRect area = m_pWindow->GetClientRect();
             VBufferedSurface buffer(target, area.GetWidth(), area.GetHeight());
             if (buffer.GetHandle() != nullptr) {
+                // What the window would have erased on the screen.
+                m_pWindow->DefaultProc(m_hWnd, WM_ERASEBKGND,
+                                       reinterpret_cast<WPARAM>(buffer.GetHandle()), 0);
                 PaintWindow(buffer, bPaints);
                 return;
             }

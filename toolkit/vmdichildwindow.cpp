@@ -1,0 +1,117 @@
+#include "toolkit/vmdichildwindow.h"
+
+#include "toolkit/vapplication.h"
+#include "toolkit/vmdiframewindow.h"
+
+namespace {
+
+constexpr char szClassName[] = "VMDIChildWindow";
+
+// A copy of the frame's class under another name, made at the first need.
+bool RegisterChildClass()
+{
+    HINSTANCE hInstance = GetApplication().GetInstance();
+    WNDCLASSA record = {};
+    if (GetClassInfoA(hInstance, szClassName, &record)) {
+        return true;
+    }
+    if (!GetClassInfoA(hInstance, VApplication::GetClassName(), &record)) {
+        return false;
+    }
+    record.lpszClassName = szClassName;
+    record.hInstance = hInstance;
+    return RegisterClassA(&record) != 0;
+}
+
+} // namespace
+
+VMDIChildWindow::VMDIChildWindow(int32_t lKind) : VWindow(lKind) {}
+
+bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const char* szTitle, const VRect& rect,
+                                  DWORD uStyle, HMENU hMenu, HMENU hWindowMenu,
+                                  HACCEL hAccelerators)
+{
+    m_pFrame = &frame;
+    m_hMenu = hMenu;
+    m_hWindowMenu = hWindowMenu;
+    m_hFrameMenu = GetMenu(frame.GetHandle());
+    SetAccelerators(hAccelerators);
+    return RegisterChildClass() &&
+           Create(frame.GetClient(), rect, uStyle, szClassName, szTitle, 0, WS_EX_MDICHILD);
+}
+
+bool VMDIChildWindow::QueryClose(bool /*bForced*/)
+{
+    DestroyChild();
+    return true;
+}
+
+void VMDIChildWindow::DestroyChild()
+{
+    SendMessageA(m_pFrame->GetClient(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(GetHandle()), 0);
+}
+
+void VMDIChildWindow::OnDestroy()
+{
+    if (m_pFrame != nullptr) {
+        m_pFrame->OnChildDestroyed(*this);
+    }
+}
+
+void VMDIChildWindow::OnFinalDestroy()
+{
+    if (m_pFrame != nullptr && IsLive(m_pFrame)) {
+        m_pFrame->OnChildGone(*this);
+    }
+    VWindow::OnFinalDestroy();
+}
+
+void VMDIChildWindow::Maximize()
+{
+    SendMessageA(m_pFrame->GetClient(), WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(GetHandle()), 0);
+}
+
+void VMDIChildWindow::Restore()
+{
+    SendMessageA(m_pFrame->GetClient(), WM_MDIRESTORE, reinterpret_cast<WPARAM>(GetHandle()), 0);
+}
+
+LRESULT VMDIChildWindow::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT lResult = VWindow::DefaultProc(hWnd, uMessage, wParam, lParam);
+    if (uMessage == WM_CREATE) {
+        if (lResult == -1 || !OnCreate()) {
+            return -1;
+        }
+        m_pFrame->OnChildCreated(*this);
+    } else if (uMessage == WM_MDIACTIVATE) {
+        OnMDIActivate(reinterpret_cast<HWND>(wParam), reinterpret_cast<HWND>(lParam));
+    }
+    return lResult;
+}
+
+void VMDIChildWindow::TakeOverMenu(HMENU hMenu, HMENU hWindowMenu)
+{
+    SendMessageA(m_pFrame->GetClient(), WM_MDISETMENU, reinterpret_cast<WPARAM>(hMenu),
+                 reinterpret_cast<LPARAM>(hWindowMenu));
+    DrawMenuBar(m_pFrame->GetHandle());
+}
+
+void VMDIChildWindow::OnMDIActivate(HWND hDeactivated, HWND hActivated)
+{
+    if (hActivated == GetHandle()) {
+        HACCEL hOwn = GetAccelerators();
+        m_pFrame->SetAccelerators(hOwn == nullptr ? m_pFrame->GetFrameAccelerators() : hOwn);
+        TakeOverMenu(m_hMenu, m_hWindowMenu);
+        m_pFrame->UpdateCommands();
+        OnActivated();
+        m_pFrame->OnChildActivated(*this);
+    } else if (hDeactivated == GetHandle()) {
+        if (hActivated == nullptr) {
+            m_pFrame->SetAccelerators(m_pFrame->GetFrameAccelerators());
+            TakeOverMenu(m_hFrameMenu, m_pFrame->GetWindowMenu());
+        }
+        OnDeactivated();
+        m_pFrame->OnChildDeactivated(*this);
+    }
+}
