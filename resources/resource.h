@@ -1,0 +1,122 @@
+// The numbers of everything in the program's resources, and of its commands, bars and controls.
+// Only numbers and texts by #define stand here: the resource compiler reads this file too.
+#pragma once
+
+// The program's version, as the file's properties and the program itself give it.
+#define QM_VERSION_NUMBERS 3, 0, 0, 0
+#define QM_VERSION_TEXT "3.0.0"
+
+// Icons
+#define IDI_QUILLMARK 700
+#define IDI_REGISTER 701
+
+// The menu; its submenus stand in this order, and the recent files at this position of the first.
+#define IDR_MAINMENU 800
+#define QM_MENU_FILE 0
+#define QM_MENU_VIEW 1
+#define QM_MENU_TRANSACTION 2
+#define QM_MENU_TOOLS 3
+#define QM_MENU_WINDOW 4
+#define QM_MENU_HELP 5
+#define QM_FILEMENU_RECENT 20
+
+// Accelerator tables: without and with an open document
+#define IDR_ACCEL_FRAME 1700
+#define IDR_ACCEL_DOCUMENT 1701
+
+// Bitmaps. The headings and marks are dark on white, for drawing onto any ground: they are 10 by 10
+// pixels. The toolbar is a strip of 19 pictures of 16 by 16 with straight alpha.
+#define IDB_SPLASH 1800
+#define IDB_HEADING_CLEARED 1801
+#define IDB_HEADING_TAG 1802
+#define IDB_MARK_TAX 1803
+#define IDB_MARK_EXPENSE 1804
+#define IDB_MARK_VOIDED 1805
+#define IDB_MARK_CLEARED 1806
+#define IDB_TOOLBAR 1811
+
+// Strings; every other string has the number of the command that it explains.
+#define IDS_APPLICATION 1
+
+// Commands: File
+#define IDM_FILE_NEW 57600
+#define IDM_FILE_OPEN 57601
+#define IDM_FILE_CLOSE 57602
+#define IDM_FILE_CLOSEALL 104
+#define IDM_FILE_SAVE 57603
+#define IDM_FILE_SAVEAS 57604
+#define IDM_FILE_SAVEALL 107
+#define IDM_FILE_PRINT 57607
+#define IDM_FILE_PREVIEW 57609
+#define IDM_FILE_PAGESETUP 57605
+#define IDM_FILE_IMPORT 111
+#define IDM_FILE_EXPORT 112
+#define IDM_FILE_ACCOUNTINFO 113
+#define IDM_FILE_PASSWORD 114
+#define IDM_FILE_RECENT_FIRST 115
+#define IDM_FILE_RECENT_LAST 124
+#define IDM_FILE_RECENT_EMPTY 125
+#define IDM_FILE_EXIT 126
+
+// Commands: View
+#define IDM_VIEW_GRIDLINES 200
+#define IDM_VIEW_SHADEDLINES 201
+#define IDM_VIEW_DATE 202
+#define IDM_VIEW_NUMBER 203
+#define IDM_VIEW_DESCRIPTION 204
+#define IDM_VIEW_DEBIT 205
+#define IDM_VIEW_CREDIT 206
+#define IDM_VIEW_BALANCE 207
+#define IDM_VIEW_MEMO 208
+#define IDM_VIEW_CATEGORY 209
+#define IDM_VIEW_TAG 210
+#define IDM_VIEW_CLEARED 211
+#define IDM_VIEW_TOOLBAR 59392
+#define IDM_VIEW_TRANSACTIONSBAR 213
+#define IDM_VIEW_STATUSBAR 214
+
+// Commands: Transaction
+#define IDM_TRANSACTION_ADD 300
+#define IDM_TRANSACTION_EDIT 301
+#define IDM_TRANSACTION_REMOVE 302
+#define IDM_TRANSACTION_TAX 303
+#define IDM_TRANSACTION_EXPENSE 304
+#define IDM_TRANSACTION_VOIDED 305
+#define IDM_TRANSACTION_CLEARED 306
+
+// Commands: Tools. Graphs have a prompt and no menu item.
+#define IDM_TOOLS_REPORTS 400
+#define IDM_TOOLS_GRAPHS 401
+#define IDM_TOOLS_BANKWEBPAGE 402
+#define IDM_TOOLS_CALCULATOR 403
+#define IDM_TOOLS_AUTOSIZE 404
+#define IDM_TOOLS_OPTIONS 405
+
+// Commands: Window
+#define IDM_WINDOW_CASCADE 57650
+#define IDM_WINDOW_TILEHORIZONTAL 500
+#define IDM_WINDOW_TILEVERTICAL 501
+#define IDM_WINDOW_NEXT 503
+#define IDM_WINDOW_PREVIOUS 504
+
+// Commands: Help
+#define IDM_HELP_GETTINGSTARTED 600
+#define IDM_HELP_CONTENTS 601
+#define IDM_HELP_INDEX 57666
+#define IDM_HELP_ABOUT 604
+
+// Bars, and the Transactions Bar's controls; its list and pickers are commands of the frame too.
+#define IDC_TOOLBAR 2000
+#define IDC_TRANSACTIONSBAR 2001
+#define IDC_TB_PERIOD 2002
+#define IDC_TB_FROM 2003
+#define IDC_TB_TO 2004
+#define IDC_TB_FROMLABEL 2005
+#define IDC_TB_TOLABEL 2006
+#define IDC_FRAMETOOLBAR 3500
+#define IDC_STATUSBAR 3501
+#define IDC_REBAR 3502
+
+// The MDI client window, and the first of its children
+#define IDC_MDICLIENT 25000
+#define IDC_FIRSTCHILD 25001

@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# Renders resources/art into the pictures that the resource compiler takes: resources/pictures.
+# Needs the packages librsvg2-bin and imagemagick; the same sources give the same bytes.
+# Usage: render_art.sh [FOLDER]   (FOLDER: where the pictures go, to compare them with those there)
+set -euo pipefail
+
+readonly ICON_SIZES=(16 20 24 32 40 48 64 256)
+readonly BITMAPS=(splash heading_cleared heading_tag mark_tax mark_expense mark_voided mark_cleared)
+readonly BITMAP_HEADERS=54
+
+repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+art=$repo/resources/art
+out=$(realpath -m "${1:-$repo/resources/pictures}")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+require() {
+    command -v "$1" >/dev/null || {
+        echo "render_art: $1 is missing (package $2)" >&2
+        exit 1
+    }
+}
+
+# render NAME: the picture at its own size, as $work/NAME.png
+render() {
+    rsvg-convert "$art/$1.svg" -o "$work/$1.png"
+}
+
+# le32 NUMBER...: each as four bytes, the lowest first
+le32() {
+    local n
+    for n in "$@"; do
+        # shellcheck disable=SC2059
+        printf "$(printf '\\x%02x' $((n & 255)) $((n >> 8 & 255)) $((n >> 16 & 255)) $((n >> 24)))"
+    done
+}
+
+# bitmap_headers WIDTH HEIGHT BYTES: the headers of an uncompressed bitmap of 32 bits a pixel, which
+# ImageMagick would write in a later version that not every tool reads.
+bitmap_headers() {
+    printf 'BM'
+    le32 $((BITMAP_HEADERS + $3)) 0 "$BITMAP_HEADERS" 40 "$1" "$2" $((1 | 32 << 16)) 0 "$3" 0 0 0 0
+}
+
+write_opaque_bitmap() {
+    render "$1"
+    convert "$1.png" -background white -alpha remove -alpha off -strip -type TrueColor \
+        "BMP3:$out/$1.bmp"
+}
+
+# One strip for an image list of ILC_COLOR32. Its alpha is straight: the list multiplies it into the
+# colours itself, and a strip that came multiplied would show dark edges.
+write_toolbar() {
+    local source names=()
+    for source in "$art"/toolbar_*.svg; do
+        names+=("$(basename "$source" .svg)")
+        render "${names[-1]}"
+    done
+    local width=$((16 * ${#names[@]}))
+    {
+        bitmap_headers "$width" 16 $((width * 16 * 4))
+        convert "${names[@]/%/.png}" +append -flip -depth 8 bgra:-
+    } >"$out/toolbar.bmp"
+}
+
+# The largest size is stored as PNG, the others as bitmaps with alpha and mask.
+write_icon() {
+    local size names=()
+    for size in "${ICON_SIZES[@]}"; do
+        render "$1_$size"
+        names+=("PNG32:$1_$size.png")
+    done
+    convert "${names[@]}" -strip "$out/$1.ico"
+}
+
+require rsvg-convert librsvg2-bin
+require convert imagemagick
+mkdir -p "$out"
+cd "$work"
+write_icon quillmark
+write_icon document
+write_toolbar
+for name in "${BITMAPS[@]}"; do
+    write_opaque_bitmap "$name"
+done
+echo "render_art: $(find "$out" -name '*.bmp' -o -name '*.ico' | wc -l) pictures in $out"
