@@ -12,12 +12,14 @@ if(QUILLMARK_SANITIZE)
 endif()
 
 function(quillmark_options target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion -Werror)
+  target_compile_options(${target} PRIVATE
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wshadow -Wconversion -Werror>)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 sees an overlap in std::string's operator+ where there is none (GCC bug 105651).
-    target_compile_options(${target} PRIVATE -Wno-restrict)
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
   endif()
-  target_compile_definitions(${target} PRIVATE QUILLMARK_VERSION="${PROJECT_VERSION}")
+  target_compile_definitions(${target} PRIVATE
+    "$<$<COMPILE_LANGUAGE:CXX>:QUILLMARK_VERSION=\"${PROJECT_VERSION}\">")
 endfunction()
 
 function(quillmark_library target)

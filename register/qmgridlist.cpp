@@ -1,0 +1,285 @@
+#include "register/qmgridlist.h"
+
+#include "register/qmrowlist.h"
+#include "resources/resource.h"
+
+namespace {
+
+constexpr COLORREF crLine = 0xC0C0C0;
+constexpr COLORREF crShade = 0xEBEBEB;
+
+// Dark strokes on white: on plain rows the white lets the row through, on selected ones the
+// strokes come out light.
+constexpr DWORD uRopPlain = 0x8800C6;
+constexpr DWORD uRopSelected = 0xBB0226;
+
+constexpr uint32_t uAllLines = QM_GRID_SHADED | QM_GRID_HORIZONTAL | QM_GRID_VERTICAL;
+constexpr uint32_t uMarks = QM_DECOR_TAX | QM_DECOR_EXPENSE | QM_DECOR_VOIDED | QM_DECOR_CLEARED;
+
+bool IsOdd(int nNumber)
+{
+    return (nNumber & 1) != 0;
+}
+
+} // namespace
+
+// One cell on the screen, and where its row stands.
+struct QMGridList::Cell
+{
+    int nRow;
+    int nColumn;
+    VRect rect;
+    VRect area; // what of the list lies below the headings
+    bool bTopRow;
+    bool bLastRow;
+};
+
+QMGridList::QMGridList() : m_linePen(PS_SOLID, 1, crLine), m_shadeBrush(crShade) {}
+
+bool QMGridList::OnCreate()
+{
+    return m_markTax.Load(IDB_MARK_TAX) && m_markExpense.Load(IDB_MARK_EXPENSE) &&
+           m_markVoided.Load(IDB_MARK_VOIDED) && m_markCleared.Load(IDB_MARK_CLEARED) &&
+           m_linePen.GetHandle() != nullptr && m_shadeBrush.GetHandle() != nullptr;
+}
+
+uint32_t QMGridList::GetRowDecoration(int nRow) const
+{
+    return static_cast<uint32_t>(GetItemData(nRow));
+}
+
+void QMGridList::SetLineFlag(uint32_t uBit, bool bOn)
+{
+    m_nGridFlags = bOn ? m_nGridFlags | uBit : m_nGridFlags & ~uBit;
+    Invalidate(true);
+}
+
+void QMGridList::SetBalanceColors(COLORREF crPositive, COLORREF crNegative)
+{
+    m_clrRowBit1 = crPositive;
+    m_clrRowBit2 = crNegative;
+}
+
+void QMGridList::SetPaintedColumns(int nBalance, int nTag, int nCleared)
+{
+    m_nTextColumn = nBalance;
+    m_nImageColumnA = nTag;
+    m_nImageColumnB = nCleared;
+}
+
+LRESULT QMGridList::OnReflectNotify(NMHDR* pHeader, LRESULT& lResult)
+{
+    if (pHeader->code == NM_CUSTOMDRAW) {
+        return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW*>(pHeader), lResult);
+    }
+    return VListControl::OnReflectNotify(pHeader, lResult);
+}
+
+LRESULT QMGridList::OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult)
+{
+    lResult = CDRF_DODEFAULT;
+    switch (pDraw->nmcd.dwDrawStage) {
+        case CDDS_PREPAINT:
+            if (GetItemCount() == 0 && (m_nGridFlags & uAllLines) != 0) {
+                VDrawingSurface surface;
+                surface.Attach(pDraw->nmcd.hdc, false);
+                DrawEmptyArea(surface);
+            }
+            lResult = CDRF_NOTIFYITEMDRAW;
+            break;
+        case CDDS_ITEMPREPAINT:
+            lResult = CDRF_NOTIFYSUBITEMDRAW;
+            break;
+        case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+            lResult = BeforeCell(*pDraw);
+            break;
+        case CDDS_ITEMPOSTPAINT | CDDS_SUBITEM:
+            AfterCell(*pDraw);
+            break;
+        default:
+            break;
+    }
+    return -1;
+}
+
+// ---- An empty list, ruled like a full one.
+
+void QMGridList::DrawEmptyArea(VDrawingSurface& surface)
+{
+    VHeader header;
+    if (!AttachHeader(header)) {
+        return;
+    }
+    const VRect heading = header.GetItemRect(0);
+    const int nRowHeight = heading.GetHeight() - 2;
+    if (nRowHeight <= 0) {
+        return;
+    }
+    if ((m_nGridFlags & QM_GRID_SHADED) != 0) {
+        DrawShading(surface, heading.bottom, heading.bottom + nRowHeight, nRowHeight);
+    }
+    const VSelectScope pen(surface, m_linePen.GetHandle());
+    if ((m_nGridFlags & QM_GRID_HORIZONTAL) != 0) {
+        DrawHorizontals(surface, heading.bottom, nRowHeight);
+    }
+    if ((m_nGridFlags & QM_GRID_VERTICAL) != 0) {
+        DrawEmptyVerticals(surface);
+    }
+}
+
+void QMGridList::DrawShading(VDrawingSurface& surface, int nTop, int nFirstStrip, int nRowHeight)
+{
+    const VRect client = GetClientRect();
+    for (int y = nFirstStrip; y < client.bottom; y += 2 * nRowHeight) {
+        if (y >= nTop) {
+            surface.FillRect({0, y, client.right, y + nRowHeight}, m_shadeBrush.GetHandle());
+        }
+    }
+}
+
+void QMGridList::DrawHorizontals(VDrawingSurface& surface, int nFrom, int nRowHeight)
+{
+    const VRect client = GetClientRect();
+    for (int y = nFrom; y < client.bottom; y += nRowHeight) {
+        surface.MoveTo(0, y);
+        surface.LineTo(client.right, y);
+    }
+}
+
+void QMGridList::DrawEmptyVerticals(VDrawingSurface& surface)
+{
+    const VRect client = GetClientRect();
+    int x = 2 - GetScrollPos(GetHandle(), SB_HORZ);
+    for (int nColumn = 0; nColumn < GetColumnCount() && x <= client.right; ++nColumn) {
+        x += GetColumnWidth(nColumn);
+        if (x >= 0 && x <= client.right) {
+            surface.MoveTo(x, 0);
+            surface.LineTo(x, client.bottom);
+        }
+    }
+}
+
+// ---- Cells.
+
+LRESULT QMGridList::BeforeCell(NMLVCUSTOMDRAW& draw)
+{
+    const auto nRow = static_cast<int>(draw.nmcd.dwItemSpec);
+    const uint32_t uDecoration = GetRowDecoration(nRow);
+    if (m_nTextColumn >= 0 && (uDecoration & (QM_DECOR_POSITIVE | QM_DECOR_NEGATIVE)) != 0) {
+        if (draw.iSubItem == m_nTextColumn) {
+            draw.clrText = (uDecoration & QM_DECOR_POSITIVE) != 0 ? m_clrRowBit1 : m_clrRowBit2;
+        } else if (draw.iSubItem == m_nTextColumn + 1) {
+            draw.clrText = static_cast<COLORREF>(Send(LVM_GETTEXTCOLOR));
+        }
+    }
+    if ((m_nGridFlags & QM_GRID_SHADED) != 0 && IsOdd(nRow)) {
+        draw.clrTextBk = crShade;
+    }
+    FillCell(draw, nRow);
+    const bool bAfter = (uDecoration & uMarks) != 0 || (m_nGridFlags & uAllLines) != 0;
+    return bAfter ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
+}
+
+// The control paints a background behind texts only, on some systems; a row is shaded or selected
+// in its whole width.
+void QMGridList::FillCell(const NMLVCUSTOMDRAW& draw, int nRow)
+{
+    VDrawingSurface surface;
+    surface.Attach(draw.nmcd.hdc, false);
+    const VRect rect = GetCell(nRow, draw.iSubItem).rect;
+    if (GetItemState(nRow, LVIS_SELECTED) != 0) {
+        const bool bFocused = ::GetFocus() == GetHandle();
+        surface.FillRect(rect, GetSysColorBrush(bFocused ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
+    } else if ((m_nGridFlags & QM_GRID_SHADED) != 0 && IsOdd(nRow)) {
+        surface.FillRect(rect, m_shadeBrush.GetHandle());
+    }
+}
+
+QMGridList::Cell QMGridList::GetCell(int nRow, int nColumn) const
+{
+    RECT rect = {};
+    rect.left = LVIR_BOUNDS;
+    rect.top = nColumn;
+    Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(nRow), reinterpret_cast<LPARAM>(&rect));
+    Cell cell = {nRow,
+                 nColumn,
+                 {rect.left, rect.top, rect.right, rect.bottom},
+                 GetClientRect(),
+                 false,
+                 nRow == GetItemCount() - 1};
+    // The bounds of the first column are those of the whole row.
+    cell.rect.right = cell.rect.left + GetColumnWidth(nColumn);
+    cell.bTopRow = nRow == static_cast<int>(Send(LVM_GETTOPINDEX));
+    return cell;
+}
+
+void QMGridList::AfterCell(NMLVCUSTOMDRAW& draw)
+{
+    VDrawingSurface surface;
+    surface.Attach(draw.nmcd.hdc, false);
+    const Cell cell = GetCell(static_cast<int>(draw.nmcd.dwItemSpec), draw.iSubItem);
+    if (const VBitmap* pMark = FindMark(cell.nColumn, GetRowDecoration(cell.nRow))) {
+        DrawMark(surface, cell, *pMark);
+    }
+    if ((m_nGridFlags & QM_GRID_SHADED) != 0 && cell.bLastRow && cell.nColumn == 0) {
+        const int nRowHeight = cell.rect.GetHeight();
+        const int nFirst = cell.rect.bottom + (IsOdd(cell.nRow) ? nRowHeight : 0);
+        DrawShading(surface, cell.rect.bottom, nFirst, nRowHeight);
+    }
+    DrawCellLines(surface, cell);
+}
+
+const VBitmap* QMGridList::FindMark(int nColumn, uint32_t uDecoration) const
+{
+    const auto Choose = [=](uint32_t uA, const VBitmap& a, uint32_t uB, const VBitmap& b) {
+        const bool bA = (uDecoration & uA) != 0;
+        const bool bB = (uDecoration & uB) != 0;
+        // Of two that shut one another out, neither is drawn.
+        return bA == bB ? nullptr : (bA ? &a : &b);
+    };
+    if (nColumn == m_nImageColumnA) {
+        return Choose(QM_DECOR_TAX, m_markTax, QM_DECOR_EXPENSE, m_markExpense);
+    }
+    if (nColumn == m_nImageColumnB) {
+        return Choose(QM_DECOR_VOIDED, m_markVoided, QM_DECOR_CLEARED, m_markCleared);
+    }
+    return nullptr;
+}
+
+void QMGridList::DrawMark(VDrawingSurface& surface, const Cell& cell, const VBitmap& mark)
+{
+    const int nWidth =
+        mark.GetWidth() < cell.rect.GetWidth() ? mark.GetWidth() : cell.rect.GetWidth();
+    const int nHeight =
+        mark.GetHeight() < cell.rect.GetHeight() ? mark.GetHeight() : cell.rect.GetHeight();
+    const int x = cell.rect.left + (cell.rect.GetWidth() - nWidth) / 2;
+    const int y = cell.rect.top + (cell.rect.GetHeight() - nHeight) / 2;
+    VMemorySurface picture(surface);
+    const VSelectScope scope(picture, mark.GetHandle());
+    const bool bSelected = GetItemState(cell.nRow, LVIS_SELECTED) != 0;
+    surface.BitBlt(x, y, nWidth, nHeight, picture, 0, 0, bSelected ? uRopSelected : uRopPlain);
+}
+
+void QMGridList::DrawCellLines(VDrawingSurface& surface, const Cell& cell)
+{
+    const VSelectScope pen(surface, m_linePen.GetHandle());
+    const VRect& rect = cell.rect;
+    const auto Horizontal = [&](int y) {
+        surface.MoveTo(rect.left, y);
+        surface.LineTo(rect.right, y);
+    };
+    if ((m_nGridFlags & QM_GRID_HORIZONTAL) != 0) {
+        Horizontal(rect.bottom - 1);
+        if (cell.bTopRow) {
+            Horizontal(rect.top);
+        }
+        for (int y = rect.bottom - 1; cell.bLastRow && y < cell.area.bottom;
+             y += rect.GetHeight()) {
+            Horizontal(y);
+        }
+    }
+    if ((m_nGridFlags & QM_GRID_VERTICAL) != 0) {
+        surface.MoveTo(rect.left, cell.bTopRow ? cell.area.top : rect.top);
+        surface.LineTo(rect.left, cell.bLastRow ? cell.area.bottom : rect.bottom);
+    }
+}

@@ -1,0 +1,64 @@
+// QMGridList: the list in report form that draws lines, shading, coloured balances and marks
+// itself.
+#pragma once
+
+#include "toolkit/vdrawingsurface.h"
+#include "toolkit/vgdiobjects.h"
+#include "toolkit/vlistcontrol.h"
+
+// Bits of the grid's flags.
+inline constexpr uint32_t QM_GRID_SHADED = 1;
+inline constexpr uint32_t QM_GRID_HORIZONTAL = 2;
+inline constexpr uint32_t QM_GRID_VERTICAL = 4;
+
+class QMGridList : public VListControl
+{
+public:
+    QMGridList();
+
+    // ---- Virtual operations, behind those of VListControl.
+
+    // Loads pictures, pen and brush; false when any is missing.
+    virtual bool OnCreate();
+    virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult);
+    // The decoration word (QM_DECOR_) that a row is painted by: its item data, unless the rows
+    // live elsewhere.
+    virtual uint32_t GetRowDecoration(int nRow) const;
+
+    LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
+
+    void SetLineFlag(uint32_t uBit, bool bOn);
+    uint32_t GetLineFlags() const { return m_nGridFlags; }
+    void SetBalanceColors(COLORREF crPositive, COLORREF crNegative);
+
+    // List indices of the columns that are painted specially; -1 for one that is not there.
+    void SetPaintedColumns(int nBalance, int nTag, int nCleared);
+
+private:
+    struct Cell;
+
+    void DrawEmptyArea(VDrawingSurface& surface);
+    void DrawShading(VDrawingSurface& surface, int nTop, int nFirstStrip, int nRowHeight);
+    void DrawHorizontals(VDrawingSurface& surface, int nFrom, int nRowHeight);
+    void DrawEmptyVerticals(VDrawingSurface& surface);
+    LRESULT BeforeCell(NMLVCUSTOMDRAW& draw);
+    void FillCell(const NMLVCUSTOMDRAW& draw, int nRow);
+    void AfterCell(NMLVCUSTOMDRAW& draw);
+    Cell GetCell(int nRow, int nColumn) const;
+    const VBitmap* FindMark(int nColumn, uint32_t uDecoration) const;
+    void DrawMark(VDrawingSurface& surface, const Cell& cell, const VBitmap& mark);
+    void DrawCellLines(VDrawingSurface& surface, const Cell& cell);
+
+    int m_nTextColumn = -1;
+    int m_nImageColumnA = -1; // tag
+    int m_nImageColumnB = -1; // cleared
+    COLORREF m_clrRowBit1 = 0x85AD4B;
+    COLORREF m_clrRowBit2 = 0x2842C9;
+    uint32_t m_nGridFlags = QM_GRID_SHADED | QM_GRID_VERTICAL;
+    VBitmap m_markTax;
+    VBitmap m_markExpense;
+    VBitmap m_markVoided;
+    VBitmap m_markCleared;
+    VPen m_linePen;
+    VBrush m_shadeBrush;
+};

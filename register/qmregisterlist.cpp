@@ -1,0 +1,179 @@
+#include "register/qmregisterlist.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "resources/resource.h"
+
+namespace {
+
+int Format(QMAlignment alignment)
+{
+    switch (alignment) {
+        case QMAlignment::Left:
+            return LVCFMT_LEFT;
+        case QMAlignment::Right:
+            return LVCFMT_RIGHT;
+        case QMAlignment::Centre:
+            break;
+    }
+    return LVCFMT_CENTER;
+}
+
+} // namespace
+
+bool QMRegisterList::CreateList(VWindow& parent, UINT uId)
+{
+    constexpr DWORD uStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | LVS_REPORT |
+                             LVS_SHOWSELALWAYS | LVS_NOSORTHEADER | LVS_OWNERDATA;
+    if (!Create(parent.GetHandle(), parent.GetClientRect(), uStyle, WC_LISTVIEWA, "", uId)) {
+        return false;
+    }
+    SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_SUBITEMIMAGES | LVS_EX_DOUBLEBUFFER);
+    return OnCreate();
+}
+
+bool QMRegisterList::OnCreate()
+{
+    return QMGridList::OnCreate() && m_headingCleared.Load(IDB_HEADING_CLEARED) &&
+           m_headingTag.Load(IDB_HEADING_TAG);
+}
+
+LRESULT QMRegisterList::OnGetDisplayInfo(NMLVDISPINFOA* pInfo, LRESULT& /*lResult*/)
+{
+    LVITEMA& item = pInfo->item;
+    if ((item.mask & LVIF_TEXT) != 0) {
+        const std::string_view text = m_rows.GetCellText(item.iItem, item.iSubItem);
+        const size_t uLength = std::min(text.size(), sizeof m_szText - 1);
+        memcpy(m_szText, text.data(), uLength);
+        m_szText[uLength] = '\0';
+        item.pszText = m_szText;
+    }
+    if ((item.mask & LVIF_PARAM) != 0) {
+        item.lParam = static_cast<LPARAM>(m_rows.GetDecoration(item.iItem));
+    }
+    return -1;
+}
+
+LRESULT QMRegisterList::OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult)
+{
+    if (pDraw->nmcd.dwDrawStage == CDDS_PREPAINT) {
+        m_bChanged = false;
+    }
+    return QMGridList::OnCustomDraw(pDraw, lResult);
+}
+
+bool QMRegisterList::RebuildColumns(const QMColumnTable& columns)
+{
+    m_bChangesColumns = true;
+    for (int nColumn = GetColumnCount() - 1; nColumn >= 0; --nColumn) {
+        DeleteColumn(nColumn);
+    }
+    bool bDone = m_rows.RebuildColumns(columns);
+    for (int32_t i = 0; i < QM_ENTRY_COUNT && bDone; ++i) {
+        const auto column = static_cast<QMColumn>(i);
+        if (columns.IsVisible(column)) {
+            const QMColumnInfo& info = QMGetColumnInfo(column);
+            bDone = InsertColumn(columns.GetListIndex(column), info.szHeading,
+                                 Format(info.alignment), columns.GetWidth(column)) >= 0;
+        }
+    }
+    SetHeadingPicture(columns.GetListIndex(QM_ENTRY_CLEARED), m_headingCleared);
+    SetHeadingPicture(columns.GetListIndex(QM_ENTRY_TAG), m_headingTag);
+    SetPaintedColumns(columns.GetListIndex(QM_ENTRY_BALANCE), columns.GetListIndex(QM_ENTRY_TAG),
+                      columns.GetListIndex(QM_ENTRY_CLEARED));
+    m_pColumns = &columns;
+    m_bChangesColumns = false;
+    return bDone;
+}
+
+void QMRegisterList::SetHeadingPicture(int nColumn, const VBitmap& picture)
+{
+    auto* hHeader = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+    if (nColumn < 0 || hHeader == nullptr) {
+        return;
+    }
+    HDITEMA item = {};
+    item.mask = HDI_BITMAP | HDI_FORMAT;
+    item.fmt = HDF_BITMAP | HDF_CENTER;
+    item.hbm = picture.GetHandle();
+    SendMessageA(hHeader, HDM_SETITEMA, static_cast<WPARAM>(nColumn),
+                 reinterpret_cast<LPARAM>(&item));
+}
+
+void QMRegisterList::AdjustFillerColumn()
+{
+    if (m_pColumns == nullptr || m_bChangesColumns) {
+        return;
+    }
+    // The rows are all there by now, in the table.
+    if (GetItemCount() != m_rows.GetRowCount()) {
+        SetItemCount(m_rows.GetRowCount());
+    }
+    int nUsed = 0;
+    for (int32_t i = 0; i < QM_ENTRY_FILLER; ++i) {
+        const auto column = static_cast<QMColumn>(i);
+        nUsed +=
+            m_pColumns->IsVisible(column) ? GetColumnWidth(m_pColumns->GetListIndex(column)) : 0;
+    }
+    const int nFiller = m_pColumns->GetListIndex(QM_ENTRY_FILLER);
+    const int nWidth = std::max(GetClientRect().right - nUsed, 0);
+    if (GetColumnWidth(nFiller) == nWidth) {
+        return;
+    }
+    m_bChangesColumns = true;
+    DeleteColumn(nFiller);
+    InsertColumn(nFiller + 1, "", LVCFMT_CENTER, nWidth);
+    m_bChangesColumns = false;
+}
+
+bool QMRegisterList::DeleteAllRows()
+{
+    SetItemCount(0);
+    return m_rows.DeleteAllRows();
+}
+
+void QMRegisterList::MarkChanged()
+{
+    if (!m_bChanged) {
+        m_bChanged = true;
+        Invalidate();
+    }
+}
+
+bool QMRegisterList::SetCellText(int32_t lRow, int32_t lColumn, std::string_view text)
+{
+    MarkChanged();
+    return m_rows.SetCellText(lRow, lColumn, text);
+}
+
+bool QMRegisterList::SetDecoration(int32_t lRow, uint32_t uDecoration)
+{
+    MarkChanged();
+    return m_rows.SetDecoration(lRow, uDecoration);
+}
+
+bool QMRegisterList::SelectRow(int32_t lRow)
+{
+    constexpr UINT uState = LVIS_SELECTED | LVIS_FOCUSED;
+    SetItemState(-1, 0, LVIS_SELECTED);
+    return SetItemState(lRow, uState, uState) && EnsureVisible(lRow);
+}
+
+bool QMRegisterList::TakeOverWidths(QMColumnTable& columns, QMAccountHeader& header) const
+{
+    bool bAny = false;
+    for (int32_t i = 0; i < QM_ENTRY_FILLER && !m_bChangesColumns; ++i) {
+        const auto column = static_cast<QMColumn>(i);
+        if (!columns.IsVisible(column)) {
+            continue;
+        }
+        const int nWidth = GetColumnWidth(columns.GetListIndex(column));
+        if (nWidth != columns.GetWidth(column)) {
+            columns.SetWidth(column, nWidth);
+            header.*QMGetColumnInfo(column).pWidth = nWidth;
+            bAny = true;
+        }
+    }
+    return bAny;
+}

@@ -1,0 +1,160 @@
+#include "register/qmregisterwindow.h"
+
+#include "resources/resource.h"
+#include "toolkit/vapplication.h"
+#include "toolkit/vmdiframewindow.h"
+#include "toolkit/vmessages.h"
+
+namespace {
+
+constexpr UINT uListId = 100;
+
+// Hands the register's texts to the panes of the frame's status bar.
+class FramePanes : public QMStatusPanes
+{
+public:
+    explicit FramePanes(VMDIFrameWindow& frame) : m_frame(frame) {}
+    void SetPaneText(int nPane, const char* szText) override
+    {
+        m_frame.SetStatusText(szText, nPane);
+    }
+
+private:
+    VMDIFrameWindow& m_frame;
+};
+
+} // namespace
+
+void QMRegisterWindow::Document::OnTitleChanged()
+{
+    if (m_window.IsValid()) {
+        m_window.SetText(GetTitle().GetText());
+    }
+}
+
+QMRegisterWindow::QMRegisterWindow(const QMRegisterOptions& options)
+    : m_options(options), m_document(*this), m_model(m_document, m_list)
+{
+    m_model.SetIncludeUncleared(options.bIncludeUncleared);
+    m_model.SetPeriodFilter(options.bPeriodFilter, false);
+    m_list.SetBalanceColors(options.crBalancePositive, options.crBalanceNegative);
+}
+
+bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullName, bool bIsNew,
+                                   const char* szTitle, const VRect& rect, DWORD uStyle,
+                                   HMENU hMenu, HMENU hWindowMenu, HACCEL hAccelerators)
+{
+    auto pAccount = std::make_unique<QMAccount>(szFullName);
+    QMAccount& account = *pAccount;
+    m_document.SetAccount(std::move(pAccount));
+    if (m_document.GetFileName().IsEmpty()) {
+        return false;
+    }
+    // Without a way to ask for it a password cannot be given.
+    if (!bIsNew && (!account.Read() || account.header.szPassword[0] != '\0')) {
+        return false;
+    }
+    CreatePointFont(m_font, account.header.szFontFace, account.header.lFontSize,
+                    account.header.lFontStyle);
+    return CreateChild(frame, szTitle, rect, uStyle, hMenu, hWindowMenu, hAccelerators);
+}
+
+bool QMRegisterWindow::OnCreate()
+{
+    SetClassLongPtrA(GetHandle(), GCLP_HICON,
+                     reinterpret_cast<LONG_PTR>(LoadIconA(GetApplication().GetResourceModule(),
+                                                          MAKEINTRESOURCEA(IDI_REGISTER))));
+    if (!m_list.CreateList(*this, uListId)) {
+        return false;
+    }
+    m_list.Send(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetHandle()), TRUE);
+    m_list.Send(LVM_SETTEXTCOLOR, 0,
+                static_cast<LPARAM>(m_document.GetAccount()->header.lFontColor));
+    m_list.Send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(CLR_NONE));
+    m_bReady = m_model.ShowAll();
+    return m_bReady;
+}
+
+LRESULT QMRegisterWindow::OnSize(UINT /*uType*/, int nWidth, int nHeight)
+{
+    if (m_list.IsValid()) {
+        m_list.Move({0, 0, nWidth, nHeight});
+        m_list.AdjustFillerColumn();
+    }
+    // The MDI default keeps the frame's caption and buttons in step.
+    return V_NOT_HANDLED;
+}
+
+LRESULT QMRegisterWindow::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (uMessage == WM_ERASEBKGND && m_list.IsValid()) {
+        return 1;
+    }
+    const LRESULT lResult = VMDIChildWindow::DefaultProc(hWnd, uMessage, wParam, lParam);
+    if (uMessage == WM_SETFOCUS && m_list.IsValid()) {
+        m_list.SetFocus();
+    }
+    return lResult;
+}
+
+LRESULT QMRegisterWindow::OnNotify(UINT /*uId*/, NMHDR* pHeader)
+{
+    if (!m_bReady) {
+        return V_NOT_HANDLED;
+    }
+    if (pHeader->hwndFrom == m_list.GetHandle()) {
+        FollowFocus();
+    } else {
+        FollowWidths();
+    }
+    return V_NOT_HANDLED;
+}
+
+void QMRegisterWindow::FollowFocus()
+{
+    if (m_model.SetFocusRow(m_list.GetFocusedRow())) {
+        GetFrame()->UpdateCommands();
+        UpdateStatusBar(false);
+    }
+}
+
+void QMRegisterWindow::FollowWidths()
+{
+    if (m_list.TakeOverWidths(m_model.GetColumns(), m_document.GetAccount()->header)) {
+        m_list.AdjustFillerColumn();
+    }
+}
+
+void QMRegisterWindow::UpdateStatusBar(bool bClear)
+{
+    FramePanes panes(*GetFrame());
+    m_model.UpdateStatusBar(bClear, QMToday(), panes);
+}
+
+bool QMRegisterWindow::AskToSave()
+{
+    VString sQuestion("Save changes to '");
+    sQuestion.Append(m_document.GetFileName());
+    sQuestion.Append("'?");
+    const int nAnswer =
+        MessageBox(GetHandle(), sQuestion.GetText(), MB_YESNOCANCEL | MB_ICONQUESTION);
+    if (nAnswer == IDYES) {
+        m_document.Save();
+    }
+    return nAnswer != IDCANCEL;
+}
+
+bool QMRegisterWindow::QueryClose(bool bForced)
+{
+    QMAccount* pAccount = m_document.GetAccount();
+    if (pAccount == nullptr) {
+        return false;
+    }
+    if (m_document.IsModified() && !bForced && !AskToSave()) {
+        return false;
+    }
+    pAccount->Close();
+    m_bReady = false;
+    DestroyChild();
+    return true;
+}

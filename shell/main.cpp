@@ -1,0 +1,109 @@
+// The program's entry: one instance per user; a second start hands its command line to the first.
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "resources/resource.h"
+#include "shell/qmmainframe.h"
+#include "toolkit/vapplication.h"
+#include "toolkit/vmessages.h"
+
+namespace {
+
+constexpr DWORD uFrameStyle = 0xCF0000;
+
+// A kernel object's handle, closed with the object.
+class KernelHandle
+{
+public:
+    explicit KernelHandle(HANDLE hObject) : m_hObject(hObject) {}
+    KernelHandle(const KernelHandle&) = delete;
+    KernelHandle& operator=(const KernelHandle&) = delete;
+    ~KernelHandle()
+    {
+        if (m_hObject != nullptr) {
+            CloseHandle(m_hObject);
+        }
+    }
+    bool IsValid() const { return m_hObject != nullptr; }
+
+private:
+    HANDLE m_hObject;
+};
+
+VString InstanceName(const char* szProduct, HINSTANCE hInstance)
+{
+    char szName[256];
+    snprintf(szName, sizeof szName, "%s:%llX:%X", szProduct,
+             static_cast<unsigned long long>(reinterpret_cast<UINT_PTR>(hInstance)), IDI_QUILLMARK);
+    return VString(szName);
+}
+
+// The arguments, each with a comma behind it; a name with a comma falls apart at it.
+VString JoinArguments()
+{
+    VString sText;
+    for (int i = 1; i < __argc; ++i) {
+        sText.Append(__argv[i]);
+        sText.AppendCharacter(QM_ARGUMENT_SEPARATOR);
+    }
+    return sText;
+}
+
+// Waits for the first instance's window, without an end: it may still be coming up.
+HWND FindFirstInstance(const char* szClass)
+{
+    constexpr DWORD uPause = 50; // milliseconds
+    for (;;) {
+        if (HWND hFrame = FindWindowA(szClass, nullptr)) {
+            return hFrame;
+        }
+        Sleep(uPause);
+    }
+}
+
+// Returns the exit code: 1 for delivered.
+int HandOver(const char* szClass)
+{
+    HWND hFrame = FindFirstInstance(szClass);
+    ShowWindow(hFrame, SW_SHOWNORMAL);
+    SetForegroundWindow(hFrame);
+    const VString sText = JoinArguments();
+    COPYDATASTRUCT data = {};
+    data.dwData = static_cast<ULONG_PTR>(__argc);
+    data.cbData = sText.GetLength() + 1;
+    data.lpData = const_cast<char*>(sText.GetText());
+    SendMessageA(hFrame, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+    return 1;
+}
+
+int RunFirstInstance(HINSTANCE hInstance, int nShowCommand, const char* szClass,
+                     const char* szProduct)
+{
+    VApplication::SetClassName(szClass);
+    if (!GetApplication().Initialize(hInstance, nShowCommand, IDI_QUILLMARK, COLOR_WINDOW + 1)) {
+        return 0;
+    }
+    GetApplication().SetName(szProduct);
+    QMMainFrame frame(JoinArguments().GetText());
+    return frame.Run(uFrameStyle, SW_SHOWNORMAL, IDC_MDICLIENT, IDC_FIRSTCHILD);
+}
+
+} // namespace
+
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE /*hPrevious*/, char* /*szCommandLine*/,
+                   int nShowCommand)
+{
+    const VString sProduct = ResourceString(IDS_APPLICATION, hInstance);
+    const VString sInstance = InstanceName(sProduct.GetText(), hInstance);
+    VString sMutex("vmutex");
+    sMutex.Append(sInstance);
+    SetLastError(ERROR_SUCCESS);
+    const KernelHandle mutex(CreateMutexA(nullptr, FALSE, sMutex.GetText()));
+    const bool bFirst = mutex.IsValid() && GetLastError() != ERROR_ALREADY_EXISTS;
+    return bFirst
+               ? RunFirstInstance(hInstance, nShowCommand, sInstance.GetText(), sProduct.GetText())
+               : HandOver(sInstance.GetText());
+}

@@ -1,0 +1,248 @@
+#include "shell/qmmainframe.h"
+
+#include <algorithm>
+
+#include "resources/resource.h"
+#include "toolkit/vapplication.h"
+#include "toolkit/vmessages.h"
+#include "toolkit/vtext.h"
+
+QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
+{
+    HINSTANCE hModule = GetApplication().GetResourceModule();
+    m_menu.Load(IDR_MAINMENU);
+    m_hAccelDocument = LoadAcceleratorsA(hModule, MAKEINTRESOURCEA(IDR_ACCEL_DOCUMENT));
+    SetFrameAccelerators(LoadAcceleratorsA(hModule, MAKEINTRESOURCEA(IDR_ACCEL_FRAME)));
+    RegisterArrangeCommands({IDM_WINDOW_CASCADE, IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL,
+                             IDM_WINDOW_PREVIOUS, IDM_WINDOW_NEXT, IDM_FILE_CLOSE,
+                             IDM_FILE_CLOSEALL});
+}
+
+QMMainFrame::~QMMainFrame()
+{
+    HideSplash();
+}
+
+int QMMainFrame::Run(DWORD uStyle, int nShowCommand, UINT uClientId, UINT uFirstChildId)
+{
+    m_uClientId = uClientId;
+    m_uFirstChildId = uFirstChildId;
+    const bool bFirstStart = m_settings.Load();
+    if (bFirstStart || m_settings.HasOption(QM_OPTION_SHOW_SPLASH)) {
+        ShowSplash();
+    }
+    const VString sTitle = ResourceString(IDS_APPLICATION);
+    // The window destroys its own menu.
+    if (!CreateFrame(m_menu.Release(), sTitle.GetText(), m_settings.GetPosition(), uStyle,
+                     IDC_REBAR, IDC_STATUSBAR)) {
+        return 0;
+    }
+    if (!IsVisible()) {
+        Show(nShowCommand);
+    }
+    return RunMessageLoop(*this);
+}
+
+bool QMMainFrame::OnInitialize()
+{
+    HMENU hWindowMenu = m_menu.GetSubMenu(QM_MENU_WINDOW);
+    if (!VMDIFrameWindow::OnInitialize() ||
+        !CreateClient(hWindowMenu, m_uClientId, m_uFirstChildId)) {
+        return false;
+    }
+    MakeToolbar();
+    Show(GetApplication().GetShowCommand());
+    RestoreBars();
+    m_bRestoring = false;
+    UpdateCommands();
+    if (!m_sArguments.IsEmpty()) {
+        Show();
+        HideSplash();
+        ProcessCommandLine(m_sArguments.GetText());
+    }
+    HideSplash();
+    return true;
+}
+
+void QMMainFrame::ShowSplash()
+{
+    auto pSplash = std::make_unique<VSplashWindow>();
+    if (pSplash->ShowBitmap(IDB_SPLASH)) {
+        pSplash->GetFlags().Set(V_FLAG_DELETE_SELF);
+        m_pSplash = pSplash.release();
+    }
+}
+
+void QMMainFrame::HideSplash()
+{
+    // A click may have closed it, and its object is gone then.
+    if (m_pSplash != nullptr && IsLive(m_pSplash)) {
+        m_pSplash->OnClose(true);
+    }
+    m_pSplash = nullptr;
+}
+
+// ---- Bars.
+
+std::unique_ptr<VStatusBar> QMMainFrame::CreateStatusBar()
+{
+    return std::make_unique<QMStatusBar>();
+}
+
+std::unique_ptr<VToolbar> QMMainFrame::CreateToolbar()
+{
+    return std::make_unique<QMToolbar>();
+}
+
+void QMMainFrame::MakeToolbar()
+{
+    if (GetRebar() == nullptr) {
+        return;
+    }
+    m_pToolbar = CreateToolbar();
+    if (!static_cast<QMToolbar&>(*m_pToolbar).CreateToolbar(*GetRebar(), IDC_TOOLBAR)) {
+        m_pToolbar.reset();
+        return;
+    }
+    const SIZE size = m_pToolbar->GetMaxSize();
+    GetRebar()->AddBand(*m_pToolbar, nullptr, size.cx, size.cy);
+    SetMirroredToolbar(m_pToolbar->GetHandle());
+}
+
+void QMMainFrame::RestoreBars()
+{
+    if (!m_settings.ReloadFlags()) {
+        return;
+    }
+    const DWORD uFlags = m_settings.GetFlags();
+    if ((uFlags & QM_FLAG_FRAME_MAXIMIZED) != 0) {
+        Maximize();
+    }
+    if (IsBarVisible(IDC_STATUSBAR) != ((uFlags & QM_FLAG_STATUS_BAR) != 0)) {
+        ToggleBar(IDC_STATUSBAR);
+    }
+    if (IsBarVisible(IDC_TOOLBAR) != ((uFlags & QM_FLAG_TOOLBAR) != 0)) {
+        ToggleBand(IDC_TOOLBAR);
+    }
+    m_settings.WriteFlags();
+}
+
+// ---- Messages.
+
+LRESULT QMMainFrame::OnSize(UINT uType, int nWidth, int nHeight)
+{
+    if (!m_bRestoring) {
+        if (uType == SIZE_RESTORED) {
+            NotePlace(true);
+            m_settings.SetFlag(QM_FLAG_FRAME_MAXIMIZED, false);
+        } else if (uType == SIZE_MAXIMIZED) {
+            m_settings.SetFlag(QM_FLAG_FRAME_MAXIMIZED, true);
+        }
+    }
+    return VMDIFrameWindow::OnSize(uType, nWidth, nHeight);
+}
+
+void QMMainFrame::NotePlace(bool bExtent)
+{
+    const VRect place = GetWindowRect();
+    if (bExtent) {
+        m_settings.WriteExtent(place.GetWidth(), place.GetHeight());
+    } else {
+        m_settings.WriteOrigin(place.left, place.top);
+    }
+}
+
+LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (uMessage == WM_COPYDATA) {
+        return TakeArguments(reinterpret_cast<COPYDATASTRUCT*>(lParam));
+    }
+    const bool bPlaced = !m_bRestoring && !IsIconic(hWnd) && !IsZoomed(hWnd);
+    if (uMessage == WM_MOVE && bPlaced) {
+        NotePlace(false);
+    }
+    return VMDIFrameWindow::DefaultProc(hWnd, uMessage, wParam, lParam);
+}
+
+LRESULT QMMainFrame::TakeArguments(const COPYDATASTRUCT* pData)
+{
+    // Whoever sent it: no more than it says, and ended here.
+    const VString sText(static_cast<const char*>(pData->lpData), pData->cbData);
+    ProcessCommandLine(sText.GetText());
+    return 1;
+}
+
+LRESULT QMMainFrame::OnNotify(UINT uId, NMHDR* pHeader)
+{
+    if (pHeader->code == TTN_GETDISPINFOA) {
+        ShowTooltip(*reinterpret_cast<NMTTDISPINFOA*>(pHeader));
+        return 0;
+    }
+    return VMDIFrameWindow::OnNotify(uId, pHeader);
+}
+
+void QMMainFrame::ShowTooltip(NMTTDISPINFOA& info)
+{
+    VString sText = ResourceString(static_cast<UINT>(info.hdr.idFrom));
+    const int32_t lLineFeed = sText.Find('\n');
+    if (lLineFeed >= 0) {
+        sText = sText.Mid(static_cast<uint32_t>(lLineFeed) + 1);
+    }
+    VCopyText(info.szText, sText.GetText());
+    info.lpszText = info.szText;
+}
+
+bool QMMainFrame::OnClose(bool /*bForced*/)
+{
+    if (IsIconic(GetHandle())) {
+        Restore();
+    }
+    if (!CloseChildren()) {
+        return false;
+    }
+    WinHelpA(GetHandle(), nullptr, HELP_QUIT, 0);
+    DestroyWindow(GetHandle());
+    PostQuitMessage(0);
+    return true;
+}
+
+// ---- Children.
+
+QMRegisterWindow* QMMainFrame::GetActiveRegister() const
+{
+    return static_cast<QMRegisterWindow*>(GetActiveChild());
+}
+
+void QMMainFrame::OnChildCreated(VMDIChildWindow& child)
+{
+    m_apChildren.push_back(static_cast<QMRegisterWindow*>(&child));
+}
+
+void QMMainFrame::NoteChildMaximized(const VMDIChildWindow& child)
+{
+    m_settings.SetFlag(QM_FLAG_CHILD_MAXIMIZED, child.IsMaximized());
+}
+
+void QMMainFrame::OnChildActivated(VMDIChildWindow& child)
+{
+    NoteChildMaximized(child);
+    UpdateCommands();
+}
+
+void QMMainFrame::OnChildDeactivated(VMDIChildWindow& child)
+{
+    NoteChildMaximized(child);
+    UpdateCommands();
+}
+
+void QMMainFrame::OnChildDestroyed(VMDIChildWindow& child)
+{
+    m_apChildren.erase(std::remove(m_apChildren.begin(), m_apChildren.end(), &child),
+                       m_apChildren.end());
+    UpdateCommands();
+}
+
+void QMMainFrame::OnChildGone(VMDIChildWindow& /*child*/)
+{
+    UpdateCommands();
+}
