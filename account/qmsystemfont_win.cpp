@@ -1,26 +1,31 @@
-#include "account/qmsystemfont.h"
-
-#include <windows.h>
+#include "account/qmsystemfont_win.h"
 
 #include "toolkit/vtext.h"
 
-QMSystemFont QMQuerySystemFont()
+QMSystemFont QMDescribeFont(const LOGFONTA& record, int nDotsPerInch)
 {
     QMSystemFont font;
-    LOGFONTA logFont;
-    if (GetObjectA(GetStockObject(DEFAULT_GUI_FONT), sizeof logFont, &logFont) == 0) {
-        return font;
-    }
     font.bKnown = true;
-    VCopyText(font.szFace, logFont.lfFaceName);
-    font.nHeight = logFont.lfHeight;
-    font.nWeight = logFont.lfWeight;
-    font.bItalic = logFont.lfItalic != 0;
-    font.bUnderline = logFont.lfUnderline != 0;
-    font.bStrikeOut = logFont.lfStrikeOut != 0;
+    VCopyText(font.szFace, record.lfFaceName);
+    font.nHeight = record.lfHeight;
+    font.nWeight = record.lfWeight;
+    font.bItalic = record.lfItalic != 0;
+    font.bUnderline = record.lfUnderline != 0;
+    font.bStrikeOut = record.lfStrikeOut != 0;
+    font.nDotsPerInch = nDotsPerInch;
+    return font;
+}
+
+QMSystemFont QMQuerySystemFont()
+{
+    LOGFONTA record;
+    if (GetObjectA(GetStockObject(DEFAULT_GUI_FONT), sizeof record, &record) == 0) {
+        return {};
+    }
+    int nDotsPerInch = 0;
     if (HDC hScreen = GetDC(nullptr)) {
-        font.nDotsPerInch = GetDeviceCaps(hScreen, LOGPIXELSY);
+        nDotsPerInch = GetDeviceCaps(hScreen, LOGPIXELSY);
         ReleaseDC(nullptr, hScreen);
     }
-    return font;
+    return QMDescribeFont(record, nDotsPerInch);
 }

@@ -1,9 +1,11 @@
 #include "register/qmregisterwindow.h"
 
+#include "account/qmsystemfont_win.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vmessages.h"
+#include "toolkit/vtext.h"
 
 namespace {
 
@@ -22,6 +24,13 @@ public:
 private:
     VMDIFrameWindow& m_frame;
 };
+
+bool IsSameFont(const LOGFONTA& a, const LOGFONTA& b)
+{
+    return a.lfHeight == b.lfHeight && a.lfWeight == b.lfWeight && a.lfItalic == b.lfItalic &&
+           a.lfUnderline == b.lfUnderline && a.lfStrikeOut == b.lfStrikeOut &&
+           VCompare(a.lfFaceName, b.lfFaceName) == 0;
+}
 
 } // namespace
 
@@ -67,12 +76,33 @@ bool QMRegisterWindow::OnCreate()
     if (!m_list.CreateList(*this, uListId)) {
         return false;
     }
-    m_list.Send(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetHandle()), TRUE);
-    m_list.Send(LVM_SETTEXTCOLOR, 0,
-                static_cast<LPARAM>(m_document.GetAccount()->header.lFontColor));
+    ShowFont(m_document.GetAccount()->header.lFontColor);
     m_list.Send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(CLR_NONE));
     m_bReady = m_model.ShowAll();
     return m_bReady;
+}
+
+void QMRegisterWindow::ShowFont(COLORREF crText)
+{
+    m_list.Send(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetHandle()), TRUE);
+    m_list.Send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(crText));
+}
+
+void QMRegisterWindow::SetFont(const LOGFONTA& font, COLORREF crText)
+{
+    QMAccountHeader* pHeader = m_document.GetHeader(false);
+    LOGFONTA present = {};
+    GetObjectA(m_font.GetHandle(), sizeof present, &present);
+    if (pHeader == nullptr || (IsSameFont(font, present) && crText == pHeader->lFontColor)) {
+        return;
+    }
+    VFont old; // in use until the list has the new one
+    old.Attach(m_font.Release());
+    m_font.Attach(CreateFontIndirectA(&font));
+    QMSetHeaderFont(*pHeader, QMDescribeFont(font, VDisplayDotsPerInch()));
+    pHeader->lFontColor = crText;
+    ShowFont(crText);
+    m_document.MarkModified();
 }
 
 LRESULT QMRegisterWindow::OnSize(UINT /*uType*/, int nWidth, int nHeight)

@@ -44,6 +44,10 @@ public:
     QMRegisterModel& GetModel() { return m_model; }
     QMDocument& GetDocument() { return m_document; }
 
+    // Gives the register another font and text colour, which go into the account's header; nothing
+    // happens when both are what it has.
+    void SetFont(const LOGFONTA& font, COLORREF crText);
+
     // Shows all transactions, or those of the account's period alone.
     void SetPeriodFilter(bool bEnabled) { m_model.SetPeriodFilter(bEnabled, true); }
 
@@ -64,6 +68,7 @@ private:
     };
 
     bool AskToSave();
+    void ShowFont(COLORREF crText);
     void FollowFocus();
     void FollowWidths();
 

@@ -30,6 +30,14 @@ public:
         }
     }
 
+    // Hands the object over to the caller.
+    THandle Release()
+    {
+        THandle hObject = m_hObject;
+        m_hObject = nullptr;
+        return hObject;
+    }
+
     THandle GetHandle() const { return m_hObject; }
 
 private:
