@@ -44,6 +44,9 @@ bool QMAccountReader::ReadFrom(QMByteSource& source)
     m_report = QMReadReport();
     m_account.store.Clear();
     QMByteReader reader(source);
+    if (!reader.HasMemory()) {
+        return Fail(QMReadFault::OutOfMemory);
+    }
     if (!ReadPrefix(reader) || !ReadHeader(reader) || !ReadEntries(reader)) {
         return false;
     }

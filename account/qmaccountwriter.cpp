@@ -66,13 +66,19 @@ size_t EntrySize(const QMTransactionFields& fields, int32_t lVersion)
 
 } // namespace
 
+size_t QMAccountImageSize(const QMAccount& account)
+{
+    size_t uSize = uFrontSize;
+    account.store.ForEach([&](const QMTransaction& transaction) {
+        uSize += EntrySize(transaction, account.lVersion);
+    });
+    return uSize;
+}
+
 QMFileImage QMMakeAccountImage(const QMAccount& account)
 {
     QMFileImage image;
-    image.uSize = uFrontSize;
-    account.store.ForEach([&](const QMTransaction& transaction) {
-        image.uSize += EntrySize(transaction, account.lVersion);
-    });
+    image.uSize = QMAccountImageSize(account);
     image.pBytes.reset(new (std::nothrow) unsigned char[image.uSize]);
     if (image.pBytes == nullptr) {
         return image;

@@ -12,5 +12,8 @@ struct QMFileImage
     size_t uSize = 0;
 };
 
+// How many bytes that takes.
+size_t QMAccountImageSize(const QMAccount& account);
+
 // The whole file in the account's format version. The account is left as it is.
 QMFileImage QMMakeAccountImage(const QMAccount& account);

@@ -64,7 +64,7 @@ bool QMByteReader::Take(void* pInto, size_t uSize)
 
 bool QMByteReader::Fill()
 {
-    if (m_pBuffer == nullptr) {
+    if (!HasMemory()) {
         return false;
     }
     const int64_t nRead = m_source.ReadSome(m_pBuffer.get(), uBufferSize);

@@ -52,6 +52,9 @@ class QMByteReader
 public:
     explicit QMByteReader(QMByteSource& source);
 
+    // False when there was no memory for the buffer: nothing can be taken then.
+    bool HasMemory() const { return m_pBuffer != nullptr; }
+
     // Bytes not taken yet, as the source's size promised.
     uint64_t GetRemaining() const { return m_uRemaining; }
 

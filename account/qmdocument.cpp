@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "account/qmaccountwriter.h"
 #include "toolkit/vfilesystem.h"
 
 namespace {
@@ -11,15 +12,16 @@ std::unique_ptr<QMAccount> MakeAccount(const char* szFullName)
     return std::unique_ptr<QMAccount>(new (std::nothrow) QMAccount(szFullName));
 }
 
-// A copy of the account under another name, in a file of its own that is closed again.
+// A copy of the account under another name, in a file of its own that is closed again. A file that
+// has that name already is left alone when it can be known that the copy will not go through.
 bool WriteCopy(const QMAccount& account, const char* szFullName, int32_t lVersion)
 {
     const auto pCopy = MakeAccount(szFullName);
-    if (pCopy == nullptr || !pCopy->Create() || !pCopy->CopyFrom(account)) {
+    if (pCopy == nullptr || !pCopy->CopyFrom(account)) {
         return false;
     }
     pCopy->SetVersion(lVersion);
-    return pCopy->Write();
+    return pCopy->CanReplace(QMAccountImageSize(*pCopy)) && pCopy->Create() && pCopy->Write();
 }
 
 } // namespace

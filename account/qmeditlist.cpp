@@ -16,11 +16,12 @@ QMEditItem* QMEditList::Add(const char* szText)
     if (szText == nullptr || (Has(QM_EDIT_UNIQUE) && Find(szText) != nullptr)) {
         return nullptr;
     }
-    auto* pItem = new (std::nothrow) QMEditItem(szText);
-    if (pItem != nullptr) {
-        Place(pItem);
+    std::unique_ptr<QMEditItem> pItem(new (std::nothrow) QMEditItem(szText));
+    if (pItem == nullptr || pItem->GetStatus().Test(VString::uStatusOutOfMemory)) {
+        return nullptr;
     }
-    return pItem;
+    Place(pItem.get());
+    return pItem.release();
 }
 
 bool QMEditList::Insert(QMEditItem* pItem)

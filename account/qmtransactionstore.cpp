@@ -191,6 +191,9 @@ bool QMTransactionStore::FillEditList(QMEditList& list, uint32_t uKind, int32_t 
 {
     char szText[QM_FIELD_TEXT_SIZE];
     int32_t lAccepted = 0;
+    if (IsEmpty()) {
+        return true;
+    }
     Last();
     while (const QMTransaction* p = GetCurrentNode()) {
         if (lAccepted >= lLimit) {

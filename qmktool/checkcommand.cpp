@@ -1,5 +1,4 @@
 #include <cmath>
-#include <cstdio>
 
 #include "qmktool/commands.h"
 #include "qmktool/output.h"
@@ -99,8 +98,9 @@ int RunCheck(const ToolOptions& options)
         output.Add("sound\n");
         return output.Finish();
     }
-    output.Finish();
-    fprintf(stderr, "qmktool: '%s' is not sound: %d finding%s\n", szFile, findings.GetCount(),
-            findings.GetCount() == 1 ? "" : "s");
+    if (output.Finish() == QM_EXIT_DONE) {
+        WriteError("'%s' is not sound: %d finding%s", szFile, findings.GetCount(),
+                   findings.GetCount() == 1 ? "" : "s");
+    }
     return QM_EXIT_REFUSED;
 }

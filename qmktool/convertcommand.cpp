@@ -1,8 +1,6 @@
-#include <cstdio>
-#include <cstring>
-
 #include "account/qmaccountwriter.h"
 #include "qmktool/commands.h"
+#include "qmktool/output.h"
 #include "qmktool/toolaccount.h"
 #include "toolkit/vfilesystem.h"
 #include "toolkit/vtext.h"
@@ -46,15 +44,17 @@ int WriteAccount(const QMAccount& account, const char* szFile, bool bReplace)
     if (fault != VFileFault::None) {
         return RefuseFile("write", szFile, VFileFaultText(fault));
     }
-    printf("%s: format %s, %d transactions", szFile, FormatName(account.lVersion),
-           account.store.GetCount());
+    Output output;
+    output.AddPrintable(szFile);
+    output.Format(": format %s, %d transactions", FormatName(account.lVersion),
+                  account.store.GetCount());
     const int32_t lCategories =
         QMVersionHasCategory(account.lVersion) ? 0 : CountCategories(account);
     if (lCategories > 0) {
-        printf(", %d categories left out", lCategories);
+        output.Format(", %d categories left out", lCategories);
     }
-    printf("\n");
-    return QM_EXIT_DONE;
+    output.Add('\n');
+    return output.Finish();
 }
 
 } // namespace

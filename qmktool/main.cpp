@@ -5,7 +5,8 @@
 #include <new>
 
 #include "qmktool/commands.h"
-#include "qmktool/toolaccount.h"
+#include "qmktool/output.h"
+#include "qmktool/toolerror.h"
 
 namespace {
 
@@ -35,28 +36,33 @@ constexpr char szHelp[] =
     "  --password TEXT   opens an account that has a password\n"
     "  --                takes every word behind it as a file name\n"
     "\n"
-    "Exit code: 0 done, 1 refused (the reason on standard error), 2 wrong command line.\n";
+    "Exit code: 0 done, 1 refused (the reason on standard error), 2 wrong usage.\n";
 
 bool Asks(const char* szWord, const char* szOption)
 {
     return strcmp(szWord, szOption) == 0;
 }
 
+int Print(const char* szText)
+{
+    Output output;
+    output.Add(szText);
+    return output.Finish();
+}
+
 int Run(int nWords, char** aszWords)
 {
     for (int i = 1; i < nWords && !Asks(aszWords[i], "--"); ++i) {
         if (Asks(aszWords[i], "--help")) {
-            fputs(szHelp, stdout);
-            return QM_EXIT_DONE;
+            return Print(szHelp);
         }
     }
     if (nWords < 2) {
-        fputs("qmktool: a command is missing (see qmktool --help)\n", stderr);
+        WriteError("a command is missing (see qmktool --help)");
         return QM_EXIT_USAGE;
     }
     if (Asks(aszWords[1], "--version")) {
-        puts("qmktool " QUILLMARK_VERSION);
-        return QM_EXIT_DONE;
+        return Print("qmktool " QUILLMARK_VERSION "\n");
     }
     for (const ToolCommand& command : aCommands) {
         if (strcmp(aszWords[1], command.szName) == 0) {
@@ -66,7 +72,7 @@ int Run(int nWords, char** aszWords)
                        : QM_EXIT_USAGE;
         }
     }
-    fprintf(stderr, "qmktool: unknown command '%s' (see qmktool --help)\n", aszWords[1]);
+    WriteError("unknown command '%s' (see qmktool --help)", aszWords[1]);
     return QM_EXIT_USAGE;
 }
 

@@ -3,11 +3,12 @@
 #include <cstdarg>
 #include <cstdio>
 
+#include "qmktool/toolerror.h"
+
 void Output::AddPrintable(std::string_view text)
 {
     for (const char c : text) {
-        const bool bControl = (c >= 0 && c < ' ') || c == '\x7F';
-        m_sBuffer.push_back(bControl ? '?' : c);
+        m_sBuffer.push_back(IsControl(c) ? '?' : c);
     }
     FlushWhenFull();
 }
@@ -33,8 +34,8 @@ int Output::Finish()
 {
     Flush();
     if (fflush(stdout) != 0 || m_bFailed) {
-        fputs("qmktool: cannot write to standard output\n", stderr);
-        return 1;
+        WriteError("cannot write to standard output");
+        return QM_EXIT_REFUSED;
     }
-    return 0;
+    return QM_EXIT_DONE;
 }

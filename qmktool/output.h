@@ -4,6 +4,11 @@
 #include <string>
 #include <string_view>
 
+inline bool IsControl(char c)
+{
+    return (c >= 0 && c < ' ') || c == '\x7F';
+}
+
 class Output
 {
 public:

@@ -1,6 +1,5 @@
 #include "qmktool/toolaccount.h"
 
-#include <cstdio>
 #include <string>
 
 #include "toolkit/vtext.h"
@@ -35,12 +34,6 @@ const char* PasswordFault(const QMAccount& account, const char* szPassword)
 }
 
 } // namespace
-
-int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy)
-{
-    fprintf(stderr, "qmktool: cannot %s '%s': %s\n", szWhat, szFile, szWhy);
-    return QM_EXIT_REFUSED;
-}
 
 std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions& options,
                                            QMReadReport& report)

@@ -5,15 +5,8 @@
 
 #include "account/qmaccount.h"
 #include "account/qmaccountreader.h"
+#include "qmktool/toolerror.h"
 #include "qmktool/tooloptions.h"
-
-// The exit codes.
-inline constexpr int QM_EXIT_DONE = 0;
-inline constexpr int QM_EXIT_REFUSED = 1;
-inline constexpr int QM_EXIT_USAGE = 2;
-
-// Writes "qmktool: cannot WHAT 'FILE': WHY" to standard error and returns QM_EXIT_REFUSED.
-int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy);
 
 // Reads the account, which is locked meanwhile and never written, and compares the password if it
 // has one. Null after a line on standard error. The file is closed again.

@@ -5,12 +5,13 @@
 #include <string>
 
 #include "account/qmaccountformat.h"
+#include "qmktool/toolerror.h"
 
 namespace {
 
 bool Refuse(const char* szFault, const char* szWord)
 {
-    fprintf(stderr, "qmktool: %s '%s' (see qmktool --help)\n", szFault, szWord);
+    WriteError("%s '%s' (see qmktool --help)", szFault, szWord);
     return false;
 }
 

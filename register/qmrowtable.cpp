@@ -1,6 +1,8 @@
 #include "register/qmrowtable.h"
 
+#include <algorithm>
 #include <cstring>
+#include <exception>
 #include <new>
 
 bool QMRowTable::RebuildColumns(const QMColumnTable& columns)
@@ -22,11 +24,11 @@ bool QMRowTable::DeleteAllRows()
 
 bool QMRowTable::SetCapacity(int32_t lRows)
 try {
-    const auto uRows = static_cast<size_t>(lRows);
+    const auto uRows = static_cast<size_t>(std::max(lRows, 0));
     m_aCells.reserve(uRows * static_cast<size_t>(m_lColumns));
     m_aDecorations.reserve(uRows);
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) { // out of memory, or more than a vector holds
     return false;
 }
 
@@ -35,7 +37,7 @@ try {
     m_aCells.resize(m_aCells.size() + static_cast<size_t>(m_lColumns), uNoText);
     m_aDecorations.push_back(0);
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) { // out of memory, or more than a vector holds
     return false;
 }
 
@@ -76,7 +78,7 @@ uint32_t QMRowTable::Allocate(size_t uSize)
 
 bool QMRowTable::SetCellText(int32_t lRow, int32_t lColumn, std::string_view text)
 try {
-    if (!HasCell(lRow, lColumn) || text.size() > UINT16_MAX - uUnit) {
+    if (!HasCell(lRow, lColumn) || text.size() > UINT16_MAX) {
         return false;
     }
     uint32_t& uPlace = m_aCells[CellIndex(lRow, lColumn)];
@@ -91,15 +93,16 @@ try {
         }
         uPlace = uNew;
         const size_t uUnits = (sizeof extent + text.size() + uUnit - 1) / uUnit;
-        extent.uRoom = static_cast<uint16_t>(uUnits * uUnit - sizeof extent);
+        const size_t uRoom = uUnits * uUnit - sizeof extent;
+        extent.uRoom = static_cast<uint16_t>(std::min<size_t>(uRoom, UINT16_MAX));
     }
     if (uPlace != uNoText) {
         extent.uLength = static_cast<uint16_t>(text.size());
         memcpy(At(uPlace), &extent, sizeof extent);
-        memcpy(At(uPlace) + sizeof extent, text.data(), text.size());
+        text.copy(At(uPlace) + sizeof extent, text.size());
     }
     return true;
-} catch (const std::bad_alloc&) {
+} catch (const std::exception&) { // out of memory, or more than a vector holds
     return false;
 }
 

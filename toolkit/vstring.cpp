@@ -43,8 +43,7 @@ VString::~VString()
 VString& VString::operator=(const VString& other)
 {
     if (this != &other) {
-        Clear(false, false);
-        Append(other);
+        AssignBytes(other.m_pBuffer, other.m_uLength);
     }
     return *this;
 }
@@ -76,14 +75,18 @@ void VString::TakeFrom(VString& other)
 
 bool VString::Assign(const char* szText, uint32_t uMaxLength)
 {
-    const uint32_t uCount = BoundedLength(szText, uMaxLength);
+    return AssignBytes(szText, BoundedLength(szText, uMaxLength));
+}
+
+bool VString::AssignBytes(const char* pSource, uint32_t uCount)
+{
     if (uCount == 0) {
         Clear(false, false);
         return true;
     }
     VString sNew;
     sNew.m_uBlockSize = m_uBlockSize;
-    if (!sNew.AppendBytes(szText, uCount)) {
+    if (!sNew.AppendBytes(pSource, uCount)) {
         m_status.Set(uStatusOutOfMemory);
         OnOutOfMemory();
         return false;

@@ -71,6 +71,7 @@ protected:
     virtual void OnOutOfMemory() {}
 
 private:
+    bool AssignBytes(const char* pSource, uint32_t uCount);
     bool AppendBytes(const char* pSource, uint32_t uCount);
     bool Reserve(uint64_t uNeeded);
     void TakeFrom(VString& other);
