@@ -1,0 +1,141 @@
+#include "register/qmcolumntable.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+namespace {
+
+using H = QMAccountHeader;
+
+struct ExpectedColumn
+{
+    const char* szHeading;
+    QMAlignment alignment;
+    uint32_t uMask;
+    int32_t H::*pWidth;
+    uint8_t H::*pShown;
+    int32_t lDefaultWidth;
+    bool bShownByDefault;
+};
+
+// In the order on screen; the marks of the first and the eighth have pictures for headings.
+const ExpectedColumn aExpected[] = {
+    {"", QMAlignment::Centre, 512, &H::lWidthCleared, &H::bShowCleared, 30, true},
+    {"Date", QMAlignment::Right, 1, &H::lWidthDate, &H::bShowDate, 55, true},
+    {"Number", QMAlignment::Right, 2, &H::lWidthNumber, &H::bShowNumber, 50, true},
+    {"Description", QMAlignment::Left, 4, &H::lWidthDescription, &H::bShowDescription, 250, true},
+    {"Debit", QMAlignment::Right, 8, &H::lWidthDebit, &H::bShowDebit, 60, true},
+    {"Credit", QMAlignment::Right, 16, &H::lWidthCredit, &H::bShowCredit, 60, true},
+    {"Balance", QMAlignment::Right, 32, &H::lWidthBalance, &H::bShowBalance, 75, true},
+    {"", QMAlignment::Centre, 256, &H::lWidthTag, &H::bShowTag, 30, true},
+    {"Memo", QMAlignment::Left, 64, &H::lWidthMemo, &H::bShowMemo, 240, true},
+    {"Category", QMAlignment::Left, 128, &H::lWidthCategory, &H::bShowCategory, 240, false},
+    {"", QMAlignment::Centre, 0, nullptr, nullptr, 0, true},
+};
+
+QMColumn ColumnAt(size_t uEntry)
+{
+    return static_cast<QMColumn>(uEntry);
+}
+
+} // namespace
+
+TEST(QMColumnTable, HasElevenColumnsInTheirFixedOrder)
+{
+    ASSERT_EQ(std::size(aExpected), size_t{QM_ENTRY_COUNT});
+    for (size_t u = 0; u < std::size(aExpected); ++u) {
+        const QMColumnInfo& info = QMGetColumnInfo(ColumnAt(u));
+        EXPECT_STREQ(info.szHeading, aExpected[u].szHeading) << u;
+        EXPECT_EQ(info.alignment, aExpected[u].alignment) << u;
+        EXPECT_EQ(info.uMask, aExpected[u].uMask) << u;
+        EXPECT_EQ(info.pWidth, aExpected[u].pWidth) << u;
+        EXPECT_EQ(info.pShown, aExpected[u].pShown) << u;
+    }
+}
+
+TEST(QMColumnTable, MasksOfAllColumnsMakeUp1023)
+{
+    uint32_t uSum = 0;
+    for (size_t u = 0; u < size_t{QM_ENTRY_COUNT}; ++u) {
+        uSum += QMGetColumnInfo(ColumnAt(u)).uMask;
+    }
+    EXPECT_EQ(uSum, 1023U);
+    EXPECT_EQ(QM_COLUMN_ALL, 1023U);
+    EXPECT_EQ(QM_COLUMN_BALANCE | QM_COLUMN_TAG | QM_COLUMN_CLEARED, 800U);
+}
+
+TEST(QMColumnTable, EverythingIsHiddenAtFirst)
+{
+    const QMColumnTable table;
+    EXPECT_EQ(table.GetVisibleCount(), 0);
+    for (size_t u = 0; u < size_t{QM_ENTRY_COUNT}; ++u) {
+        EXPECT_FALSE(table.IsVisible(ColumnAt(u)));
+        EXPECT_EQ(table.GetListIndex(ColumnAt(u)), -1);
+        EXPECT_EQ(table.GetWidth(ColumnAt(u)), 0);
+    }
+}
+
+TEST(QMColumnTable, NewAccountShowsEverythingButTheCategory)
+{
+    QMColumnTable table;
+    table.LoadFrom(QMDefaultHeader());
+    for (size_t u = 0; u < std::size(aExpected); ++u) {
+        EXPECT_EQ(table.IsVisible(ColumnAt(u)), aExpected[u].bShownByDefault) << u;
+        EXPECT_EQ(table.GetWidth(ColumnAt(u)), aExpected[u].lDefaultWidth) << u;
+    }
+    EXPECT_EQ(table.GetVisibleCount(), 10);
+    EXPECT_EQ(table.GetListIndex(QM_ENTRY_MEMO), 8);
+    EXPECT_EQ(table.GetListIndex(QM_ENTRY_CATEGORY), -1);
+    EXPECT_EQ(table.GetListIndex(QM_ENTRY_FILLER), 9);
+}
+
+// One table takes all settings in turn, so what an earlier one left behind would show.
+TEST(QMColumnTable, EverySetOfVisibleColumnsIsCountedFromZero)
+{
+    QMColumnTable table;
+    for (uint32_t uSet = 0; uSet < 1024; ++uSet) {
+        QMAccountHeader header = {};
+        for (size_t u = 0; u < 10; ++u) {
+            header.*aExpected[u].pShown = uSet >> u & 1;
+        }
+        table.LoadFrom(header);
+        int32_t lNext = 0;
+        for (size_t u = 0; u < 10; ++u) {
+            const bool bShown = (uSet >> u & 1) != 0;
+            EXPECT_EQ(table.IsVisible(ColumnAt(u)), bShown) << uSet;
+            EXPECT_EQ(table.GetListIndex(ColumnAt(u)), bShown ? lNext++ : -1) << uSet;
+        }
+        EXPECT_EQ(table.GetListIndex(QM_ENTRY_FILLER), lNext) << uSet;
+        EXPECT_EQ(table.GetVisibleCount(), lNext + 1) << uSet;
+    }
+}
+
+TEST(QMColumnTable, WidthsComeFromTheHeaderOfHiddenColumnsToo)
+{
+    QMAccountHeader header = {};
+    for (size_t u = 0; u < 10; ++u) {
+        header.*aExpected[u].pWidth = static_cast<int32_t>(100 + u);
+    }
+    QMColumnTable table;
+    table.LoadFrom(header);
+    for (size_t u = 0; u < 10; ++u) {
+        EXPECT_EQ(table.GetWidth(ColumnAt(u)), static_cast<int32_t>(100 + u));
+    }
+    EXPECT_EQ(table.GetWidth(QM_ENTRY_FILLER), 0);
+}
+
+TEST(QMColumnTable, WidthThatWasSetStaysUntilTheNextLoad)
+{
+    QMColumnTable table;
+    table.LoadFrom(QMDefaultHeader());
+    table.SetWidth(QM_ENTRY_DATE, 77);
+    table.SetWidth(QM_ENTRY_FILLER, 300);
+    EXPECT_EQ(table.GetWidth(QM_ENTRY_DATE), 77);
+    EXPECT_EQ(table.GetWidth(QM_ENTRY_FILLER), 300);
+    EXPECT_EQ(table.GetWidth(QM_ENTRY_NUMBER), 50);
+    table.LoadFrom(QMDefaultHeader());
+    EXPECT_EQ(table.GetWidth(QM_ENTRY_DATE), 55);
+    EXPECT_EQ(table.GetWidth(QM_ENTRY_FILLER), 0);
+}

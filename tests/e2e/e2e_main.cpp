@@ -1,0 +1,99 @@
+// The end-to-end tests' entry. They take the screen, the settings and the one instance of the
+// program for themselves, and leave a picture of the screen of every failure.
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tests/e2e/process.h"
+#include "tests/e2e/program.h"
+#include "tests/e2e/settingsstore.h"
+
+namespace {
+
+// The pixels of the screen, four bytes each, the uppermost line first.
+std::vector<char> GrabScreen(int nWidth, int nHeight, BITMAPINFO& info)
+{
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = nWidth;
+    info.bmiHeader.biHeight = -nHeight;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    std::vector<char> pixels(static_cast<size_t>(nWidth) * static_cast<size_t>(nHeight) * 4);
+    HDC hScreen = GetDC(nullptr);
+    HDC hMemory = CreateCompatibleDC(hScreen);
+    HBITMAP hBitmap = CreateCompatibleBitmap(hScreen, nWidth, nHeight);
+    HGDIOBJ hOld = SelectObject(hMemory, hBitmap);
+    BitBlt(hMemory, 0, 0, nWidth, nHeight, hScreen, 0, 0, SRCCOPY);
+    SelectObject(hMemory, hOld);
+    GetDIBits(hMemory, hBitmap, 0, static_cast<UINT>(nHeight), pixels.data(), &info,
+              DIB_RGB_COLORS);
+    DeleteObject(hBitmap);
+    DeleteDC(hMemory);
+    ReleaseDC(nullptr, hScreen);
+    return pixels;
+}
+
+void WritePicture(const std::string& sPath)
+{
+    BITMAPINFO info = {};
+    const std::vector<char> pixels =
+        GrabScreen(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), info);
+    BITMAPFILEHEADER header = {};
+    memcpy(&header.bfType, "BM", 2);
+    header.bfOffBits = sizeof header + sizeof info.bmiHeader;
+    header.bfSize = header.bfOffBits + static_cast<DWORD>(pixels.size());
+    std::ofstream file(sPath, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(&header), sizeof header);
+    file.write(reinterpret_cast<const char*>(&info.bmiHeader), sizeof info.bmiHeader);
+    file.write(pixels.data(), static_cast<std::streamsize>(pixels.size()));
+}
+
+// A picture of the first failure of each test, in the folder e2e-pictures beside that of the
+// program.
+class PictureTaker : public testing::EmptyTestEventListener
+{
+public:
+    void OnTestStart(const testing::TestInfo& test) override
+    {
+        m_sName = std::string(test.test_suite_name()) + "." + test.name();
+    }
+
+    void OnTestPartResult(const testing::TestPartResult& result) override
+    {
+        if (!result.failed() || m_sName.empty()) {
+            return;
+        }
+        const std::string sFolder = ProgramFolder() + "..\\e2e-pictures\\";
+        CreateDirectoryA(sFolder.c_str(), nullptr);
+        // Names of tests with parameters hold a slash.
+        for (char& c : m_sName) {
+            c = c == '/' ? '-' : c;
+        }
+        WritePicture(sFolder + m_sName + ".bmp");
+        m_sName.clear();
+    }
+
+private:
+    std::string m_sName; // of the running test; empty once its picture is taken
+};
+
+} // namespace
+
+int main(int nArguments, char** apArguments)
+{
+    testing::InitGoogleTest(&nArguments, apArguments);
+    if (FindRunningInstance() != nullptr) {
+        fprintf(stderr, "e2e_tests: quillmark is running; the tests need to be alone\n");
+        return 2;
+    }
+    testing::UnitTest::GetInstance()->listeners().Append(new PictureTaker);
+    const SettingsGuard guard;
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,134 @@
+// Opening and closing documents leaves nothing behind.
+
+#include <winternl.h>
+
+#include "tests/e2e/e2e_test.h"
+#include "tests/e2e/remoteprocess.h"
+
+namespace {
+
+// ---- Under Wine, which does not count them, GDI's objects are found in the table that each
+// process has of them.
+
+struct GdiEntry
+{
+    UINT64 uObject;
+    UINT uOwner;
+    USHORT uUnique;
+    BYTE uType; // 0 for a free entry
+    BYTE uFlags;
+    UINT64 uUser;
+};
+constexpr size_t uGdiEntries = 0x4000;
+
+#ifdef _WIN64
+constexpr size_t uTableOffset = 0xF8; // in the process's environment block
+#else
+constexpr size_t uTableOffset = 0x94;
+#endif
+
+const char* EnvironmentBlock(HANDLE hProcess)
+{
+    using Query = NTSTATUS(NTAPI*)(HANDLE, PROCESSINFOCLASS, void*, ULONG, ULONG*);
+    const FARPROC pFunction =
+        GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQueryInformationProcess");
+    const auto pQuery = reinterpret_cast<Query>(reinterpret_cast<void*>(pFunction));
+    PROCESS_BASIC_INFORMATION information = {};
+    pQuery(hProcess, ProcessBasicInformation, &information, sizeof information, nullptr);
+    return reinterpret_cast<const char*>(information.PebBaseAddress);
+}
+
+int CountInTable(HANDLE hProcess)
+{
+    const char* pBlock = EnvironmentBlock(hProcess);
+    const char* pTable = nullptr;
+    std::vector<GdiEntry> entries(uGdiEntries);
+    if (pBlock == nullptr ||
+        !ReadRemote(hProcess, pBlock + uTableOffset, &pTable, sizeof pTable) ||
+        !ReadRemote(hProcess, pTable, entries.data(), entries.size() * sizeof(GdiEntry))) {
+        FailTest("cannot read the table of GDI objects");
+    }
+    int nCount = 0;
+    for (const GdiEntry& entry : entries) {
+        nCount += entry.uType != 0 ? 1 : 0;
+    }
+    return nCount;
+}
+
+class GuiResourcesTest : public E2ETest
+{
+protected:
+    int CountGdi() const
+    {
+        return IsWine() ? CountInTable(m_program.GetProcess())
+                        : static_cast<int>(GetGuiResources(m_program.GetProcess(), GR_GDIOBJECTS));
+    }
+    int CountUser() const
+    {
+        return static_cast<int>(GetGuiResources(m_program.GetProcess(), GR_USEROBJECTS));
+    }
+    int CountWindows() const { return static_cast<int>(AllWindows(m_program.GetId()).size()); }
+
+    // Opens ten accounts one after the other and closes them all.
+    void OpenAndCloseTen(const std::vector<std::string>& paths) const
+    {
+        EXPECT_EQ(StartAgain(paths), 1U);
+        ASSERT_EQ(m_program.GetDocuments().size(), paths.size());
+        m_program.Post(IDM_FILE_CLOSEALL);
+        m_program.AwaitDocuments(0);
+        WaitForInputIdle(m_program.GetProcess(), uStateLimit);
+    }
+
+    std::vector<std::string> MakeTen() const
+    {
+        std::vector<std::string> paths;
+        for (int i = 0; i < 10; ++i) {
+            paths.push_back(MakeAccount("account" + std::to_string(i) + ".qmk", 30));
+        }
+        return paths;
+    }
+
+    // Ten documents may not cost what one count of something else explains.
+    void ExpectNoGrowth(const char* szWhat, int (GuiResourcesTest::*pCount)() const)
+    {
+        const std::vector<std::string> paths = MakeTen();
+        m_program.Open();
+        OpenAndCloseTen(paths);
+        const int nBefore = (this->*pCount)();
+        EXPECT_GT(nBefore, 0) << szWhat;
+        OpenAndCloseTen(paths);
+        EXPECT_EQ((this->*pCount)(), nBefore) << szWhat;
+        OpenAndCloseTen(paths);
+        EXPECT_EQ((this->*pCount)(), nBefore) << szWhat;
+    }
+};
+
+TEST_F(GuiResourcesTest, DocumentsLeaveNoGdiObjects)
+{
+    ExpectNoGrowth("GDI objects", &GuiResourcesTest::CountGdi);
+}
+
+TEST_F(GuiResourcesTest, DocumentsLeaveNoUserObjects)
+{
+    if (IsWine()) {
+        GTEST_SKIP() << "Wine does not count USER objects";
+    }
+    ExpectNoGrowth("USER objects", &GuiResourcesTest::CountUser);
+}
+
+TEST_F(GuiResourcesTest, DocumentsLeaveNoWindows)
+{
+    ExpectNoGrowth("windows", &GuiResourcesTest::CountWindows);
+}
+
+TEST_F(GuiResourcesTest, OpenDocumentsDoCountForSomething)
+{
+    m_program.Open();
+    const int nGdi = CountGdi();
+    const int nWindows = CountWindows();
+    EXPECT_EQ(StartAgain(MakeTen()), 1U);
+    EXPECT_GT(CountGdi(), nGdi);
+    EXPECT_GE(CountWindows(), nWindows + 30);
+}
+
+} // namespace

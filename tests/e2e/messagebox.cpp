@@ -1,0 +1,98 @@
+#include "tests/e2e/messagebox.h"
+
+#include "tests/e2e/wait.h"
+#include "tests/e2e/windowaccess.h"
+
+namespace {
+
+std::string TextsOf(const std::vector<MessageBoxWindow>& boxes)
+{
+    std::string sTexts;
+    for (const MessageBoxWindow& box : boxes) {
+        sTexts += " [" + box.GetText() + "]";
+    }
+    return sTexts.empty() ? " none" : sTexts;
+}
+
+} // namespace
+
+std::string MessageBoxWindow::GetCaption() const
+{
+    return WindowText(m_hWnd);
+}
+
+std::string MessageBoxWindow::GetText() const
+{
+    std::string sText;
+    for (HWND hChild : ChildrenOf(m_hWnd)) {
+        if (WindowClass(hChild) == "Static") {
+            // The icon is one too, without a text.
+            sText += WindowText(hChild);
+        }
+    }
+    return sText;
+}
+
+std::vector<HWND> MessageBoxWindow::FindButtons() const
+{
+    std::vector<HWND> buttons;
+    for (HWND hChild : ChildrenOf(m_hWnd)) {
+        if (WindowClass(hChild) == "Button" && IsWindowVisible(hChild)) {
+            buttons.push_back(hChild);
+        }
+    }
+    return buttons;
+}
+
+std::vector<int> MessageBoxWindow::GetButtons() const
+{
+    std::vector<int> ids;
+    const std::vector<HWND> buttons = FindButtons();
+    for (HWND hButton : buttons) {
+        // A lone button answers to Esc as well, so that some systems call it IDCANCEL.
+        ids.push_back(buttons.size() == 1 ? IDOK : GetDlgCtrlID(hButton));
+    }
+    return ids;
+}
+
+void MessageBoxWindow::Press(int nButton) const
+{
+    const std::vector<HWND> buttons = FindButtons();
+    const std::vector<int> ids = GetButtons();
+    for (size_t u = 0; u < ids.size(); ++u) {
+        if (ids[u] == nButton) {
+            PostMessageA(m_hWnd, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(buttons[u]), BN_CLICKED),
+                         reinterpret_cast<LPARAM>(buttons[u]));
+            Await("the end of the box [" + GetText() + "]", [&] { return !IsWindow(m_hWnd); });
+            return;
+        }
+    }
+    FailTest("the box [" + GetText() + "] has no button " + std::to_string(nButton));
+}
+
+std::vector<MessageBoxWindow> MessageBoxesOf(DWORD uProcessId)
+{
+    std::vector<MessageBoxWindow> boxes;
+    for (HWND hWnd : TopWindows(uProcessId)) {
+        if (WindowClass(hWnd) == "#32770") {
+            boxes.emplace_back(hWnd);
+        }
+    }
+    return boxes;
+}
+
+MessageBoxWindow AwaitMessageBox(DWORD uProcessId, const std::string& sText)
+{
+    const ULONGLONG uEnd = GetTickCount64() + uStateLimit;
+    std::vector<MessageBoxWindow> boxes;
+    while (GetTickCount64() < uEnd) {
+        boxes = MessageBoxesOf(uProcessId);
+        for (const MessageBoxWindow& box : boxes) {
+            if (box.GetText() == sText && !box.GetButtons().empty()) {
+                return box;
+            }
+        }
+        Sleep(5);
+    }
+    FailTest("awaited: the box [" + sText + "]; boxes on the screen:" + TextsOf(boxes));
+}

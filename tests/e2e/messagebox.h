@@ -1,0 +1,33 @@
+// A message box of another program.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+class MessageBoxWindow
+{
+public:
+    explicit MessageBoxWindow(HWND hWnd) : m_hWnd(hWnd) {}
+
+    HWND GetHandle() const { return m_hWnd; }
+    std::string GetCaption() const;
+    // The sentence, with the line feeds it was given with.
+    std::string GetText() const;
+    // The ids of the buttons, those of the system's: IDOK for the button of a box with one alone.
+    std::vector<int> GetButtons() const;
+    // Presses a button and waits until the box is gone.
+    void Press(int nButton) const;
+
+private:
+    std::vector<HWND> FindButtons() const;
+
+    HWND m_hWnd;
+};
+
+// The message boxes that a process shows at the moment.
+std::vector<MessageBoxWindow> MessageBoxesOf(DWORD uProcessId);
+
+// Waits for a box with exactly this text.
+MessageBoxWindow AwaitMessageBox(DWORD uProcessId, const std::string& sText);

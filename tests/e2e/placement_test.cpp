@@ -1,0 +1,147 @@
+// Where the frame and its documents come up: as they were left.
+
+#include "tests/e2e/e2e_test.h"
+
+namespace {
+
+constexpr DWORD uFrameMaximized = 1;
+constexpr DWORD uChildMaximized = 2;
+
+class PlacementTest : public E2ETest
+{
+protected:
+    void MoveFrame(int nLeft, int nTop, int nWidth, int nHeight) const
+    {
+        SetWindowPos(m_program.GetFrame(), nullptr, nLeft, nTop, nWidth, nHeight,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    static void AwaitPosition(const std::string& sText)
+    {
+        Await("Position '" + sText + "'", [&] { return ReadPosition() == sText; });
+    }
+
+    static void AwaitFlag(DWORD uFlag, bool bSet)
+    {
+        Await("flag " + std::to_string(uFlag) + (bSet ? " set" : " clear"),
+              [&] { return ((ReadFlags() & uFlag) != 0) == bSet; });
+    }
+
+    VRect FrameRect() const { return WindowRect(m_program.GetFrame()); }
+    bool IsActiveMaximized() const { return IsZoomed(m_program.GetActiveDocument()) != 0; }
+
+    void RestoreActive() const
+    {
+        SendTo(m_program.GetClient(), WM_MDIRESTORE,
+               reinterpret_cast<WPARAM>(m_program.GetActiveDocument()));
+    }
+};
+
+TEST_F(PlacementTest, FreshFrameIsOnTheScreen)
+{
+    m_program.Open();
+    const VRect place = FrameRect();
+    EXPECT_GT(place.GetWidth(), 200);
+    EXPECT_GT(place.GetHeight(), 200);
+    EXPECT_LT(place.left, GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_LT(place.top, GetSystemMetrics(SM_CYSCREEN));
+    EXPECT_FALSE(IsZoomed(m_program.GetFrame()));
+}
+
+TEST_F(PlacementTest, PlaceIsRememberedBetweenRuns)
+{
+    m_program.Open();
+    MoveFrame(61, 72, 803, 504);
+    AwaitPosition("0061 0072 0803 0504");
+    m_program.Close();
+    EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+    m_program.Open();
+    EXPECT_EQ(FrameRect(), (VRect{61, 72, 864, 576}));
+    EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+}
+
+TEST_F(PlacementTest, PlaceLeftOfTheScreenIsKeptAsZero)
+{
+    m_program.Open();
+    MoveFrame(-40, -30, 640, 480);
+    AwaitPosition("0000 0000 0640 0480");
+}
+
+TEST_F(PlacementTest, MaximizedFrameComesBackMaximizedWithItsPlace)
+{
+    m_program.Open();
+    MoveFrame(61, 72, 803, 504);
+    AwaitPosition("0061 0072 0803 0504");
+    ShowWindow(m_program.GetFrame(), SW_MAXIMIZE);
+    AwaitFlag(uFrameMaximized, true);
+    EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+    m_program.Close();
+    EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+    EXPECT_EQ(ReadFlags(), 15U);
+    m_program.Open();
+    EXPECT_TRUE(IsZoomed(m_program.GetFrame()));
+    EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+    ShowWindow(m_program.GetFrame(), SW_RESTORE);
+    AwaitFlag(uFrameMaximized, false);
+    EXPECT_EQ(FrameRect(), (VRect{61, 72, 864, 576}));
+}
+
+TEST_F(PlacementTest, MinimizingWritesNothing)
+{
+    m_program.Open();
+    MoveFrame(61, 72, 803, 504);
+    AwaitPosition("0061 0072 0803 0504");
+    const std::vector<std::string> before = AllSettings();
+    ShowWindow(m_program.GetFrame(), SW_MINIMIZE);
+    Await("the frame as an icon", [&] { return IsIconic(m_program.GetFrame()) != 0; });
+    EXPECT_EQ(AllSettings(), before);
+}
+
+TEST_F(PlacementTest, FirstDocumentComesUpMaximized)
+{
+    m_program.Open();
+    m_program.NewDocument(1);
+    EXPECT_TRUE(IsActiveMaximized());
+    EXPECT_EQ(ReadFlags(), 14U);
+}
+
+TEST_F(PlacementTest, NextDocumentIsLikeTheActiveOne)
+{
+    m_program.Open();
+    m_program.NewDocument(1);
+    RestoreActive();
+    m_program.NewDocument(2);
+    EXPECT_FALSE(IsActiveMaximized());
+    SendTo(m_program.GetClient(), WM_MDIMAXIMIZE,
+           reinterpret_cast<WPARAM>(m_program.GetActiveDocument()));
+    m_program.NewDocument(3);
+    EXPECT_TRUE(IsActiveMaximized());
+}
+
+TEST_F(PlacementTest, RestoredDocumentIsRememberedBetweenRuns)
+{
+    m_program.Open();
+    m_program.NewDocument(1);
+    RestoreActive();
+    m_program.NewDocument(2);
+    AwaitFlag(uChildMaximized, false);
+    m_program.Close();
+    EXPECT_EQ(ReadFlags(), 14 & ~uChildMaximized);
+    m_program.Open({CopySample()});
+    EXPECT_FALSE(IsActiveMaximized());
+}
+
+TEST_F(PlacementTest, ListCoversItsDocument)
+{
+    m_program.Open({CopySample()});
+    RestoreActive();
+    HWND hDocument = m_program.GetActiveDocument();
+    SetWindowPos(hDocument, nullptr, 10, 10, 500, 300, SWP_NOZORDER);
+    RECT client = {};
+    GetClientRect(hDocument, &client);
+    const VRect list = WindowRect(Program::GetList(hDocument));
+    EXPECT_EQ(list.GetWidth(), client.right);
+    EXPECT_EQ(list.GetHeight(), client.bottom);
+}
+
+} // namespace

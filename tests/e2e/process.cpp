@@ -1,0 +1,79 @@
+#include "tests/e2e/process.h"
+
+#include <memory>
+
+#include "tests/e2e/wait.h"
+
+namespace {
+
+std::string CommandLine(const std::string& sPath, const std::vector<std::string>& arguments)
+{
+    std::string sLine = "\"" + sPath + "\"";
+    for (const std::string& sArgument : arguments) {
+        sLine += " \"" + sArgument + "\"";
+    }
+    return sLine;
+}
+
+} // namespace
+
+Process::~Process()
+{
+    Kill();
+    Release();
+}
+
+void Process::Start(const std::string& sPath, const std::vector<std::string>& arguments)
+{
+    Kill();
+    Release();
+    std::string sLine = CommandLine(sPath, arguments);
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    if (!CreateProcessA(sPath.c_str(), sLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &m_process)) {
+        m_process = {};
+        FailTest("cannot start " + sLine + ": error " + std::to_string(GetLastError()));
+    }
+}
+
+bool Process::IsRunning() const
+{
+    return GetHandle() != nullptr && WaitForSingleObject(GetHandle(), 0) == WAIT_TIMEOUT;
+}
+
+DWORD Process::AwaitExit()
+{
+    if (WaitForSingleObject(GetHandle(), uStateLimit) != WAIT_OBJECT_0) {
+        FailTest("awaited for " + std::to_string(uStateLimit) + " ms: the program's end");
+    }
+    DWORD uCode = 0;
+    GetExitCodeProcess(GetHandle(), &uCode);
+    return uCode;
+}
+
+void Process::Kill()
+{
+    if (IsRunning()) {
+        TerminateProcess(GetHandle(), 99);
+        // Its files are free once it is gone.
+        WaitForSingleObject(GetHandle(), uStateLimit);
+    }
+}
+
+void Process::Release()
+{
+    if (GetHandle() != nullptr) {
+        CloseHandle(m_process.hThread);
+        CloseHandle(m_process.hProcess);
+        m_process = {};
+    }
+}
+
+std::string ProgramFolder()
+{
+    char szPath[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, szPath, sizeof szPath);
+    const std::string sPath = szPath;
+    return sPath.substr(0, sPath.find_last_of('\\') + 1);
+}

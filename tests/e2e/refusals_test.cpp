@@ -1,0 +1,161 @@
+// Accounts that do not open: what is said, and what stays behind.
+
+#include <cstring>
+
+#include "tests/e2e/e2e_test.h"
+
+namespace {
+
+std::string Refused(const std::string& sPath)
+{
+    return "Failed to open file '" + sPath + "'.";
+}
+
+class RefusalsTest : public E2ETest
+{
+protected:
+    // Starts the program with a file that it must refuse.
+    void OpenRefused(const std::string& sPath)
+    {
+        m_program.Start({sPath});
+        m_program.AnswerBox(Refused(sPath));
+        m_program.AwaitFrame();
+        EXPECT_TRUE(m_program.GetDocuments().empty());
+    }
+
+    void HandOverRefused(const std::string& sPath) const
+    {
+        Process second;
+        second.Start(ProgramFolder() + "quillmark.exe", {sPath});
+        m_program.AnswerBox(Refused(sPath));
+        EXPECT_EQ(second.AwaitExit(), 1U);
+    }
+
+    // The frame goes on as if nothing had been.
+    void ExpectUsable() const
+    {
+        const size_t uDocuments = m_program.GetDocuments().size();
+        HandOverFile(CopySample("another.qmk"));
+        EXPECT_EQ(ActiveList().GetRowCount(), 447);
+        EXPECT_EQ(m_program.GetDocuments().size(), uDocuments + 1);
+        EXPECT_TRUE(m_program.GetBoxes().empty());
+    }
+};
+
+TEST_F(RefusalsTest, DamagedFileStaysLockedForTheRestOfTheRun)
+{
+    const std::string sPath = MakeFile("bad.qmk", "this is no account at all");
+    OpenRefused(sPath);
+    EXPECT_TRUE(IsLocked(sPath));
+    HandOverRefused(sPath);
+    EXPECT_TRUE(m_program.GetDocuments().empty());
+    ExpectUsable();
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_FALSE(IsLocked(sPath));
+    EXPECT_EQ(ReadWholeFile(sPath), "this is no account at all");
+}
+
+struct Damage
+{
+    const char* szName;
+    std::string (*pDamage)(std::string);
+};
+
+std::string Overwritten(std::string sBytes, size_t uOffset, uint32_t uNumber)
+{
+    memcpy(sBytes.data() + uOffset, &uNumber, sizeof uNumber);
+    return sBytes;
+}
+
+// Places in the file: magic, version, count, size of the header, header, size of a block.
+const Damage aDamages[] = {
+    {"Empty", [](std::string) { return std::string(); }},
+    {"OneByte", [](std::string s) { return s.substr(0, 1); }},
+    {"HeaderCut", [](std::string s) { return s.substr(0, 700); }},
+    {"LastByteMissing", [](std::string s) { return s.substr(0, s.size() - 1); }},
+    {"WrongMagic", [](std::string s) { return Overwritten(s, 0, 0x35763686); }},
+    {"VersionTooOld", [](std::string s) { return Overwritten(s, 4, 4095); }},
+    {"VersionTooNew", [](std::string s) { return Overwritten(s, 4, 8193); }},
+    {"CountTooLarge", [](std::string s) { return Overwritten(s, 8, 448); }},
+    {"CountAbsurd", [](std::string s) { return Overwritten(s, 8, 0x7FFFFFFF); }},
+    {"HeaderTooLarge", [](std::string s) { return Overwritten(s, 12, 1265); }},
+    {"BlockTooLarge", [](std::string s) { return Overwritten(s, 1280, 49); }},
+    {"BlockAbsurd", [](std::string s) { return Overwritten(s, 1280, 0xFFFFFFFF); }},
+};
+
+class DamagedAccountTest : public RefusalsTest, public testing::WithParamInterface<Damage>
+{};
+
+TEST_P(DamagedAccountTest, IsRefusedAndTheFrameGoesOn)
+{
+    const std::string sBytes = ReadWholeFile(ProgramFolder() + "household.qmk");
+    OpenRefused(MakeFile("damaged.qmk", GetParam().pDamage(sBytes)));
+    ExpectUsable();
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DamagedAccountTest, testing::ValuesIn(aDamages),
+                         [](const auto& info) { return std::string(info.param.szName); });
+
+TEST_F(RefusalsTest, FileThatAnotherProgramHoldsOpensOnceItIsFree)
+{
+    const std::string sPath = CopySample();
+    HANDLE hFile = CreateFileA(sPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(hFile, INVALID_HANDLE_VALUE);
+    OpenRefused(sPath);
+    CloseHandle(hFile);
+    // It never was the program's, so that nothing of it stayed behind.
+    HandOverFile(sPath);
+    EXPECT_EQ(ActiveList().GetRowCount(), 447);
+}
+
+TEST_F(RefusalsTest, FileThatCannotBeWrittenIsRefused)
+{
+    const std::string sPath = CopySample();
+    SetFileAttributesA(sPath.c_str(), FILE_ATTRIBUTE_READONLY);
+    OpenRefused(sPath);
+    SetFileAttributesA(sPath.c_str(), FILE_ATTRIBUTE_NORMAL);
+    ExpectUsable();
+}
+
+TEST_F(RefusalsTest, AccountWithAPasswordIsRefusedAndStaysLocked)
+{
+    const std::string sPath = MakeAccount("secret.qmk", 3, [](QMAccount& account) {
+        memcpy(account.header.szPassword, "open", 4);
+    });
+    OpenRefused(sPath);
+    EXPECT_TRUE(IsLocked(sPath));
+    HandOverRefused(sPath);
+    ExpectUsable();
+}
+
+TEST_F(RefusalsTest, RefusedOneAmongOthersIsTheOnlyOneMissing)
+{
+    const std::string sFirst = MakeAccount("first.qmk", 1);
+    const std::string sBad = MakeFile("bad.qmk", "bad");
+    const std::string sLast = MakeAccount("last.qmk", 2);
+    m_program.Start({sFirst, sBad, sLast});
+    m_program.AnswerBox(Refused(sBad));
+    m_program.AwaitFrame();
+    EXPECT_EQ(m_program.GetDocumentTitles(), (std::vector<std::string>{sLast, sFirst}));
+}
+
+TEST_F(RefusalsTest, ReadOnlyAccountOpensAndIsLocked)
+{
+    const std::string sPath =
+        MakeAccount("protected.qmk", 4, [](QMAccount& account) { account.header.bReadOnly = 1; });
+    m_program.Open({sPath});
+    EXPECT_EQ(ActiveList().GetRowCount(), 4);
+    EXPECT_TRUE(IsLocked(sPath));
+}
+
+TEST_F(RefusalsTest, OpenAccountIsLeftAsItWas)
+{
+    const std::string sPath = CopySample();
+    const std::string sBytes = ReadWholeFile(sPath);
+    m_program.Open({sPath});
+    ActiveList().SetColumnWidth(3, 99);
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(ReadWholeFile(sPath), sBytes);
+}
+
+} // namespace

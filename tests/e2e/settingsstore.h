@@ -1,0 +1,48 @@
+// The program's settings in the registry of the current user.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// Puts the user's own settings aside for the object's life. Those that a killed test run put aside
+// come back too.
+class SettingsGuard
+{
+public:
+    SettingsGuard();
+    SettingsGuard(const SettingsGuard&) = delete;
+    SettingsGuard& operator=(const SettingsGuard&) = delete;
+    ~SettingsGuard();
+};
+
+// Removes all settings, as before a very first start.
+void ClearSettings();
+bool HasSettings();
+
+// One line for each value, sorted: its key below the root, its name, its kind and contents, such as
+// "Settings|Flags|number|14".
+std::vector<std::string> AllSettings();
+
+// A value by its key's name ("Settings", "Page Setup", "Recent File List", or empty for the root)
+// and its own. A missing text reads as "(none)", a missing number as 0xFFFFFFFF.
+std::string ReadSettingText(const char* szKey, const char* szName);
+DWORD ReadSettingNumber(const char* szKey, const char* szName);
+
+void WriteSettingText(const char* szKey, const char* szName, const std::string& sText);
+void WriteSettingNumber(const char* szKey, const char* szName, DWORD uNumber);
+// Any type and bytes at all.
+void WriteSettingBytes(const char* szKey, const char* szName, DWORD uType,
+                       const std::string& sBytes);
+void RemoveSetting(const char* szKey, const char* szName);
+
+inline DWORD ReadFlags()
+{
+    return ReadSettingNumber("Settings", "Flags");
+}
+inline std::string ReadPosition()
+{
+    return ReadSettingText("Settings", "Position");
+}

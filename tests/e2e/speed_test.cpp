@@ -1,0 +1,94 @@
+// How long a register takes to stand on the screen: printed, never judged.
+
+#include <cstdio>
+
+#include "tests/e2e/e2e_test.h"
+
+namespace {
+
+class SpeedTest : public E2ETest
+{
+protected:
+    static double Now()
+    {
+        LARGE_INTEGER frequency;
+        LARGE_INTEGER now;
+        QueryPerformanceFrequency(&frequency);
+        QueryPerformanceCounter(&now);
+        return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+    }
+
+    static void Print(const char* szWhat, const std::string& sAccount, double dSeconds)
+    {
+        printf("speed: %s, %s: %.0f ms\n", szWhat, sAccount.c_str(), dSeconds * 1000);
+        fflush(stdout);
+    }
+
+    // Waits until the list of the active document has that many rows, shown, and its last row can
+    // be read.
+    void AwaitRegister(int nRows) const
+    {
+        constexpr int nDescription = 3;
+        Await("a register of " + std::to_string(nRows) + " rows", [&] {
+            HWND hActive = m_program.GetActiveDocument();
+            if (hActive == nullptr || !IsWindowVisible(hActive)) {
+                return false;
+            }
+            const WindowList list(m_program.GetProcess(), Program::GetList(hActive));
+            return list.GetRowCount() == nRows && !list.ReadCell(nRows - 1, nDescription).empty();
+        });
+    }
+
+    void MeasureStart(const std::string& sPath, int nRows, const std::string& sAccount)
+    {
+        const double dBegin = Now();
+        m_program.Start({sPath});
+        m_program.AwaitFrame();
+        AwaitRegister(nRows);
+        Print("from start to register", sAccount, Now() - dBegin);
+        m_program.Close();
+    }
+
+    // The file's name goes to the running program as a second start would hand it over.
+    void MeasureHandOver(const std::string& sPath, int nRows, const std::string& sAccount)
+    {
+        m_program.Open();
+        std::string sText = sPath + ",";
+        COPYDATASTRUCT data = {2, static_cast<DWORD>(sText.size() + 1), sText.data()};
+        const double dBegin = Now();
+        SendTo(m_program.GetFrame(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+        AwaitRegister(nRows);
+        Print("from name to register", sAccount, Now() - dBegin);
+        m_program.Close();
+    }
+
+    void Measure(const std::string& sPath, int nRows, const std::string& sAccount)
+    {
+        MeasureStart(sPath, nRows, sAccount);
+        MeasureHandOver(sPath, nRows, sAccount);
+    }
+};
+
+TEST_F(SpeedTest, Frame)
+{
+    const double dBegin = Now();
+    m_program.Open();
+    Print("from start to frame", "no account", Now() - dBegin);
+}
+
+TEST_F(SpeedTest, Sample)
+{
+    Measure(CopySample(), 447, "sample");
+}
+
+TEST_F(SpeedTest, TenThousand)
+{
+    Measure(MakeAccount("large.qmk", 10000), 10000, "10,000 transactions");
+}
+
+TEST_F(SpeedTest, HundredThousand)
+{
+    Measure(MakeAccount("huge.qmk", 100000), 100000, "100,000 transactions");
+}
+
+} // namespace

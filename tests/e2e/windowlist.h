@@ -1,0 +1,57 @@
+// A list control in report form of another program, read through memory of that program.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class WindowList
+{
+public:
+    using Row = std::vector<std::string>;
+
+    WindowList(HANDLE hProcess, HWND hList) : m_hProcess(hProcess), m_hList(hList) {}
+
+    HWND GetHandle() const { return m_hList; }
+    HWND GetHeader() const;
+
+    int GetRowCount() const;
+    int GetColumnCount() const;
+    int GetColumnWidth(int nColumn) const;
+    void SetColumnWidth(int nColumn, int nWidth) const;
+
+    // The texts of rows, each of all columns.
+    std::vector<Row> ReadRows(int nFirst, int nCount) const;
+    std::string ReadCell(int nRow, int nColumn) const;
+    // The data of rows.
+    std::vector<uint32_t> ReadData(int nFirst, int nCount) const;
+
+    // The rows that are selected, and the one with the focus (-1 for none).
+    std::vector<int> GetSelectedRows() const;
+    int GetFocusedRow() const;
+    bool IsRowVisible(int nRow) const;
+    // Selects and focuses this row alone, as a click does.
+    void SelectRow(int nRow) const;
+    // Gives rows (-1 for all) this state in the bits of the mask.
+    void SetState(int nRow, UINT uState, UINT uMask) const;
+
+    // The headings, and their formats (HDF_).
+    std::vector<std::string> GetHeadings() const;
+    std::vector<int> GetHeadingFormats() const;
+    // Sets a width as a drag in the header does at its end.
+    void SetHeadingWidth(int nColumn, int nWidth) const;
+
+private:
+    struct Heading
+    {
+        std::string sText;
+        int nFormat;
+    };
+    Heading ReadHeading(int nColumn) const;
+
+    HANDLE m_hProcess;
+    HWND m_hList;
+};

@@ -1,0 +1,167 @@
+"""The register's rules, stated once more and independently, for comparison with the program."""
+
+import struct
+from dataclasses import dataclass, replace
+from typing import Any, Iterable
+
+from support import V1_0, V2_0, Day, Entry
+
+LABELS = ("Check", "Deposit", "Withdrawal", "Fee", "Direct Deposit", "Direct Debit", "ATM Deposit",
+          "ATM Withdrawal", "Automatic Payment", "Transfer - Credit", "Transfer - Debit",
+          "Interest Paid")
+DEBITS = {0, 2, 3, 5, 7, 8, 10}
+CREDITS = {1, 4, 6, 9, 11}
+
+VOIDED, EXPENSE, TAX, NOT_CLEARED = 1, 2, 4, 16
+TAG_LETTERS = ((VOIDED, b"V"), (EXPENSE, b"E"), (TAX, b"T"), (NOT_CLEARED, b"NC"))
+
+LONGEST_TEXT = 255
+LONGEST_MONEY = 31
+
+COLUMNS = ("Date", "Number", "Description", "Debit", "Credit", "Balance", "Tag", "Memo",
+           "Category")
+RIGHT_ALIGNED = {"Date", "Number", "Debit", "Credit", "Balance"}
+
+
+@dataclass(frozen=True)
+class Row:
+    """What the register shows of one entry; column texts are bytes."""
+    position: int
+    entry: Entry
+    columns: dict[str, bytes]
+    decoration: int
+
+
+@dataclass(frozen=True)
+class Register:
+    rows: list[Row]
+    balance: float
+    available: float
+
+
+def lose_bytes(region: bytes) -> bytes:
+    """What scrambling and unscrambling leave of a region."""
+    return region.replace(b"\xdf", b" ")
+
+
+def as_single(amount: float) -> float:
+    return struct.unpack("<f", struct.pack("<f", amount))[0]
+
+
+def as_read(entry: Entry, version: int = V2_0) -> Entry:
+    """The entry as the program holds it after reading."""
+    held = replace(entry, amount=as_single(entry.amount), cleared=entry.cleared or entry.day,
+                   description=read_text(entry.description), memo=read_text(entry.memo),
+                   category=read_text(entry.category) if version >= V2_0 else b"")
+    if version == V1_0:
+        held = unscrambled_block(held)
+    if held.cleared < held.day:
+        held = replace(held, cleared=held.day)
+    return replace(held, flags=held.flags | NOT_CLEARED) if held.flags & VOIDED else held
+
+
+def read_text(text: bytes) -> bytes:
+    return lose_bytes(text).partition(b"\0")[0]
+
+
+def unscrambled_block(entry: Entry) -> Entry:
+    def through(form: str, value: Any) -> Any:
+        return struct.unpack(form, lose_bytes(struct.pack(form, value)))[0]
+
+    def day_through(day: Day) -> Day:
+        return Day(*(through("<H", part) for part in day))
+
+    return replace(entry, type=through("<i", entry.type), day=day_through(entry.day),
+                   number=through("<I", entry.number), amount=through("<f", entry.amount),
+                   flags=through("<I", entry.flags), cleared=day_through(entry.cleared))
+
+
+def register_order(entries: Iterable[Entry], version: int = V2_0) -> list[Entry]:
+    """The entries as read, by date; those of one day keep their order."""
+    return sorted((as_read(entry, version) for entry in entries), key=lambda entry: entry.day)
+
+
+def side_of(entry: Entry) -> int:
+    return -1 if entry.type in DEBITS else 1 if entry.type in CREDITS else 0
+
+
+def date_text(day: Day) -> bytes:
+    return b"%2d/%2d/%02d" % (day.month, day.day, day.year % 100)
+
+
+def number_text(entry: Entry) -> bytes:
+    signed, = struct.unpack("<i", struct.pack("<I", entry.number))
+    return b"%5d" % signed if entry.type == 0 else b" " * 5
+
+
+def description_text(entry: Entry) -> bytes:
+    text = entry.description
+    if entry.type != 0:
+        text = LABELS[entry.type].encode()
+        if len(entry.description) >= 2:
+            text += b" - " + entry.description
+    text = text[:LONGEST_TEXT]
+    return (text + b"   (voided)" if entry.flags & VOIDED else text)[:LONGEST_TEXT]
+
+
+def money_text(form: bytes, value: float) -> bytes:
+    return (form % value)[:LONGEST_MONEY]
+
+
+def tag_text(entry: Entry) -> bytes:
+    return b", ".join(letters for flag, letters in TAG_LETTERS if entry.flags & flag)
+
+
+def column_texts(entry: Entry, shown_balance: float) -> dict[str, bytes]:
+    if not 0 <= entry.type < len(LABELS):
+        return dict.fromkeys(COLUMNS, b"")
+    amount = money_text(b"%10.2f", entry.amount)
+    debit, credit = (amount, b"") if side_of(entry) < 0 else (b"", amount)
+    texts = (date_text(entry.day), number_text(entry), description_text(entry), debit, credit,
+             money_text(b"%.2f", shown_balance), tag_text(entry), entry.memo, entry.category)
+    return dict(zip(COLUMNS, texts, strict=True))
+
+
+def decoration_of(entry: Entry, shown_balance: float) -> int:
+    mark = 16 if entry.flags & VOIDED else 0 if entry.flags & NOT_CLEARED else 32
+    sign = 1 if shown_balance >= 0 else 2
+    tag = 4 if entry.flags & TAX else 8 if entry.flags & EXPENSE else 0
+    return mark | sign | tag
+
+
+def register_of(entries: Iterable[Entry], version: int = V2_0, cleared_balance: bool = False,
+                period: tuple[Day, Day] | None = None) -> Register:
+    balance = available = 0.0
+    rows = []
+    for position, entry in enumerate(register_order(entries, version)):
+        signed = side_of(entry) * float("%.2f" % entry.amount) if side_of(entry) else 0.0
+        if not entry.flags & VOIDED:
+            available += signed
+            balance += 0.0 if entry.flags & NOT_CLEARED else signed
+        shown = balance if cleared_balance else available
+        if period is None or period[0] <= entry.day <= period[1]:
+            rows.append(Row(position, entry, column_texts(entry, shown),
+                            decoration_of(entry, shown)))
+    return Register(rows, balance, available)
+
+
+def printable(text: bytes) -> bytes:
+    return bytes(ord("?") if byte < 0x20 or byte == 0x7F else byte for byte in text)
+
+
+def text_line(line: dict[str, bytes], widths: dict[str, int]) -> bytes:
+    """One line of cells; behind the last one there is nothing to fill up."""
+    used = [column for column in COLUMNS if line[column]]
+    cells = [line[column].rjust(widths[column]) if column in RIGHT_ALIGNED
+             else line[column].ljust(0 if column == used[-1] else widths[column])
+             for column in COLUMNS[:COLUMNS.index(used[-1]) + 1]] if used else []
+    return printable(b"  ".join(cells))
+
+
+def text_lines(register: Register) -> list[bytes]:
+    """The listing for people: headings, rows, two sums."""
+    table = [{column: column.encode() for column in COLUMNS}]
+    table += [row.columns for row in register.rows]
+    widths = {column: max(len(line[column]) for line in table) for column in COLUMNS}
+    lines = [text_line(line, widths) for line in table]
+    return lines + [b"Balance:   %.2f" % register.balance, b"Available: %.2f" % register.available]

@@ -1,0 +1,158 @@
+"""The command line itself: help, version, and every way to get it wrong."""
+
+import unittest
+
+from support import COMMANDS, SAMPLE, ToolTestCase, cases, posix_only, run
+
+OPTIONS = ("--json", "--from", "--to", "--cleared-balance", "--format", "--force", "--password",
+           "--help", "--version")
+FILE = "missing.qmk"
+FIRST_DAY, LAST_DAY = ("--from", "1/1/2004"), ("--to", "12/31/2004")
+
+WRONG_WORDS = {
+    "no command": [],
+    "unknown command": ["show", FILE],
+    "command in capitals": ["LIST", FILE],
+    "option in front of the command": ["--json", "info", FILE],
+    "empty command": [""],
+    "unknown option": ["list", FILE, "--jsonn"],
+    "shortened option": ["list", FILE, "--js"],
+    "option in capitals": ["info", FILE, "--JSON"],
+    "option with its value in one word": ["info", FILE, "--password=abc"],
+    "short option": ["list", "-j", FILE],
+    "a lone dash": ["info", "-"],
+    "version behind a command": ["list", FILE, "--version"],
+    "json for check": ["check", FILE, "--json"],
+    "json for convert": ["convert", FILE, FILE, "--json"],
+    "period for info": ["info", FILE, *FIRST_DAY, *LAST_DAY],
+    "cleared balance for check": ["check", FILE, "--cleared-balance"],
+    "force for list": ["list", FILE, "--force"],
+    "format for info": ["info", FILE, "--format", "2.0"],
+    "no file for info": ["info"],
+    "no file for list": ["list", "--json"],
+    "no file for check": ["check"],
+    "no file for convert": ["convert"],
+    "one file for convert": ["convert", FILE],
+    "no file behind the end of options": ["info", "--"],
+    "two files for info": ["info", FILE, "b.qmk"],
+    "two files for list": ["list", FILE, "b.qmk"],
+    "two files for check": ["check", FILE, "b.qmk"],
+    "three files for convert": ["convert", FILE, "b.qmk", "c.qmk"],
+    "an option behind the end of options": ["info", FILE, "--", "--json"],
+    "no value for the password": ["info", FILE, "--password"],
+    "no value for the first day": ["list", FILE, *LAST_DAY, "--from"],
+    "no value for the last day": ["list", FILE, *FIRST_DAY, "--to"],
+    "no value for the format": ["convert", FILE, "b.qmk", "--format"],
+    "the first day alone": ["list", FILE, *FIRST_DAY],
+    "the last day alone": ["list", FILE, *LAST_DAY],
+    "unknown format": ["convert", FILE, "b.qmk", "--format", "3.0"],
+    "format by its word": ["convert", FILE, "b.qmk", "--format", "8192"],
+    "shortened format": ["convert", FILE, "b.qmk", "--format", "2"],
+}
+
+NO_DATES = ("2/30/2004", "4/31/2004", "13/1/2004", "0/1/2004", "1/0/2004", "1/32/2004", "1/1/04",
+            "1/1/1751", "1/1/3001", "1/1/20040", "x", "", "1/2004", "1/1/", "1//2004", "1-1-2004",
+            "1/1/2004x", "1/1/2004/", " 1/1/2004", "-1/1/2004", "+1/1/2004", "2004/1/1")
+DATES = ("1/1/2004", "01/01/2004", "2/29/2003", "12/31/3000", "1/1/1752")
+
+
+class Asked(ToolTestCase):
+    """Help and version."""
+
+    def test_help_tells_every_command_and_option(self) -> None:
+        text = self.assert_done(run("--help")).out.decode("ascii")
+        for word in (*COMMANDS, *OPTIONS, "M/D/YYYY", "1.0|1.1|2.0", "Exit code"):
+            with self.subTest(word=word):
+                self.assertIn(word, text)
+
+    def test_help_behind_a_command_is_the_same(self) -> None:
+        self.assertEqual(self.assert_done(run("list", FILE, "--help")).out, run("--help").out)
+
+    def test_help_behind_the_end_of_options_is_a_file(self) -> None:
+        self.assert_refused(run("info", "--", "--help", cwd=self.folder), "--help")
+
+    def test_version(self) -> None:
+        self.assertRegex(self.assert_done(run("--version")).out, rb"\Aqmktool \d+\.\d+\.\d+\n\Z")
+
+
+class Wrong(ToolTestCase):
+    """Code 2, one line on standard error, nothing on standard output."""
+
+    def test_wrong_words(self) -> None:
+        for name, words in cases(WRONG_WORDS.items()):
+            with self.subTest(name):
+                self.assert_usage(run(*words, cwd=self.folder))
+
+    def test_no_dates(self) -> None:
+        for index, text in cases(enumerate(NO_DATES)):
+            period = (text, LAST_DAY[1]) if index % 2 else (FIRST_DAY[1], text)
+            with self.subTest(text):
+                self.assert_usage(run("list", FILE, "--from", period[0], "--to", period[1]))
+
+    def test_the_line_names_the_wrong_word(self) -> None:
+        for word, words in cases((
+                ("shwo", ["shwo", FILE]),
+                ("--jsno", ["list", FILE, "--jsno"]),
+                ("2/30/2004", ["list", FILE, "--from", "2/30/2004", *LAST_DAY]),
+                ("--to", ["list", FILE, *FIRST_DAY]),
+                ("surplus.qmk", ["info", FILE, "surplus.qmk"]),
+                ("7.5", ["convert", FILE, "b.qmk", "--format", "7.5"]))):
+            with self.subTest(word):
+                self.assertIn(f"'{word}'".encode(), run(*words).err)
+
+    def test_a_wrong_command_line_comes_before_the_file(self) -> None:
+        """Nothing is opened, and so nothing is written, before the command line is understood."""
+        account = self.write_account()
+        self.assert_usage(run("convert", account, self.folder / "out.qmk", "--format", "9"))
+        self.assertEqual(self.names_in_folder(), ["account.qmk"])
+
+    @posix_only
+    def test_a_word_with_a_line_break_stays_on_one_line(self) -> None:
+        self.assert_usage(run("li\nst", FILE))
+
+
+class Understood(ToolTestCase):
+
+    def test_dates(self) -> None:
+        for index, text in cases(enumerate(DATES)):
+            period = (text, "12/31/3000") if index % 2 else ("1/1/1752", text)
+            with self.subTest(text):
+                self.assert_done(run("list", SAMPLE, "--from", period[0], "--to", period[1]))
+
+    def test_options_stand_anywhere_behind_the_command(self) -> None:
+        orders = (["list", SAMPLE, "--json", *FIRST_DAY, *LAST_DAY],
+                  ["list", "--json", *LAST_DAY, *FIRST_DAY, SAMPLE],
+                  ["list", *FIRST_DAY, SAMPLE, *LAST_DAY, "--json"],
+                  ["list", *FIRST_DAY, *LAST_DAY, "--json", "--", SAMPLE])
+        outputs = {self.assert_done(run(*words)).out for words in orders}
+        self.assertEqual(len(outputs), 1)
+        self.assertIn(b'"rows":[', outputs.pop())
+
+    def test_a_repeated_option_counts_once(self) -> None:
+        self.assertEqual(run("info", SAMPLE, "--json", "--json").out,
+                         self.assert_done(run("info", SAMPLE, "--json")).out)
+
+    def test_behind_the_end_of_options_every_word_is_a_file(self) -> None:
+        self.write("--json.qmk", SAMPLE.read_bytes())
+        listed = self.assert_done(run("info", "--json", "--", "--json.qmk", cwd=self.folder))
+        self.assertEqual(listed.json()["count"], 447)
+        self.assert_done(run("convert", "--", "--json.qmk", "--force.qmk", cwd=self.folder))
+        self.assertEqual(self.names_in_folder(), ["--force.qmk", "--json.qmk"])
+
+    @posix_only
+    def test_standard_output_that_takes_nothing_is_told(self) -> None:
+        for command in ("info", "list", "check"):
+            with self.subTest(command), open("/dev/full", "wb") as full:
+                result = run(command, SAMPLE, stdout=full)
+                self.assert_one_error_line(result, 1)
+                self.assertIn(b"standard output", result.err)
+
+    @posix_only
+    def test_findings_that_cannot_be_written_are_told_in_one_line(self) -> None:
+        file = self.write("account.qmk", SAMPLE.read_bytes() + b"trailing bytes")
+        with open("/dev/full", "wb") as full:
+            self.assert_one_error_line(run("check", file, stdout=full), 1)
+
+
+if __name__ == "__main__":
+    unittest.main()

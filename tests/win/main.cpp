@@ -1,0 +1,46 @@
+// Runs the window tests twice. The system keeps some objects from their first use on (fonts, theme
+// data, cached device contexts), so the first run warms up; in the second every test must leave the
+// counts of the system's objects as they were.
+
+#include <gtest/gtest.h>
+
+#include "tests/win/support.h"
+
+namespace {
+
+class ObjectCountCheck : public testing::EmptyTestEventListener
+{
+    void OnTestIterationStart(const testing::UnitTest&, int nIteration) override
+    {
+        m_bChecks = nIteration > 0;
+    }
+
+    void OnTestStart(const testing::TestInfo&) override { m_before = CountObjects(); }
+
+    void OnTestEnd(const testing::TestInfo&) override
+    {
+        if (m_bChecks) {
+            PumpAll();
+            const ObjectCounts after = CountObjects();
+            EXPECT_EQ(after.uGdi, m_before.uGdi) << "GDI objects left behind";
+            EXPECT_EQ(after.uUser, m_before.uUser) << "windows, menus or tables left behind";
+        }
+    }
+
+    ObjectCounts m_before;
+    bool m_bChecks = false;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    GTEST_FLAG_SET(repeat, 2);
+    testing::InitGoogleTest(&argc, argv);
+    if (!InitializeApplication()) {
+        fputs("The window class could not be registered.\n", stderr);
+        return 2;
+    }
+    testing::UnitTest::GetInstance()->listeners().Append(new ObjectCountCheck);
+    return RUN_ALL_TESTS();
+}

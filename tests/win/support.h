@@ -1,0 +1,113 @@
+// What the window tests share: a message pump, a window that notes its calls, a registry key that
+// goes with its scope, counts of the system's objects.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "toolkit/vwindow.h"
+
+// Handles messages until the condition holds; false when it does not within the time.
+bool PumpUntil(const std::function<bool()>& condition, DWORD uLimitMs = 10000);
+// Handles what is in the queue.
+void PumpAll();
+
+// Makes the application object as the tests expect it, registering their window class.
+bool InitializeApplication();
+
+// A text's bytes as a VString's, for comparisons that print both.
+inline std::string Text(const VString& sText)
+{
+    return {sText.GetText(), sText.GetLength()};
+}
+
+// What a VRecordingWindow noted, and what it is to answer. Outlives the window.
+struct Record
+{
+    std::vector<std::string> calls;
+    std::set<UINT> watched; // messages that are noted when they come to DefaultProc
+
+    bool bRefusesPreCreate = false;
+    bool bRefusesInitialize = false;
+    bool bRefusesClose = false;
+    bool bKeepsWindow = false; // OnClose answers true and leaves the window
+    bool bDeletesInClose = false;
+    bool bPaints = true;
+    bool bTranslates = false;
+    LRESULT lCommand = V_NOT_HANDLED;
+    LRESULT lNotify = V_NOT_HANDLED;
+    LRESULT lReflect = V_NOT_HANDLED;
+    LRESULT lReflectValue = 0;
+    std::function<void(VDrawingSurface&)> paint;
+    std::function<void(VWindow&)> command;
+
+    // The calls since the last time, with a blank between.
+    std::string Take();
+};
+
+class VRecordingWindow : public VWindow
+{
+public:
+    explicit VRecordingWindow(Record& record, int32_t lKind = V_KIND_OTHER)
+        : VWindow(lKind), m_record(record)
+    {}
+    ~VRecordingWindow() override { Note("gone"); }
+
+    bool OnClose(bool bForced) override;
+    bool PreTranslate(MSG& message) override;
+    LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
+    LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
+    void OnDestroy() override { Note("OnDestroy"); }
+    bool OnPaint(VDrawingSurface& surface) override;
+    LRESULT OnSize(UINT uType, int nWidth, int nHeight) override;
+    LRESULT OnNotify(UINT uId, NMHDR* pHeader) override;
+    LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
+    void OnFinalDestroy() override;
+    bool OnPreCreate(CREATESTRUCTA& create) override;
+    bool OnInitialize() override;
+
+    using VWindow::SetModal;
+
+private:
+    void Note(const std::string& sCall) { m_record.calls.push_back(sCall); }
+
+    Record& m_record;
+};
+
+inline const VRect g_testRect = {10, 10, 210, 110};
+
+// An overlapped window of the toolkit's own class, hidden; its creation is not in the record.
+bool CreateTestWindow(VWindow& window, DWORD uStyle = WS_OVERLAPPEDWINDOW);
+bool CreateTestWindow(VRecordingWindow& window, Record& record);
+
+// A key below the current user's software, deleted with its tree at both ends of the scope.
+class ScopedRegistryPath
+{
+public:
+    explicit ScopedRegistryPath(const char* szName);
+    ScopedRegistryPath(const ScopedRegistryPath&) = delete;
+    ScopedRegistryPath& operator=(const ScopedRegistryPath&) = delete;
+    ~ScopedRegistryPath() { Delete(); }
+
+    const char* Get() const { return m_sPath.c_str(); }
+
+private:
+    void Delete() const;
+
+    std::string m_sPath;
+};
+
+struct ObjectCounts
+{
+    DWORD uGdi = 0;
+    DWORD uUser = 0;
+
+    bool operator==(const ObjectCounts&) const = default;
+};
+
+// Of this process.
+ObjectCounts CountObjects();

@@ -1,0 +1,152 @@
+// Filters see a window's messages first.
+
+#include <gtest/gtest.h>
+
+#include "tests/win/support.h"
+#include "toolkit/vwindow.h"
+
+namespace {
+
+constexpr UINT uTestMessage = WM_APP + 1;
+
+// Answers the test message, or a command, as it is told, and notes that it came.
+class TestFilter : public VMessageFilter
+{
+public:
+    TestFilter(std::vector<std::string>& calls, const char* szName)
+        : m_calls(calls), m_sName(szName)
+    {}
+
+    bool Filter(VWindow& window, UINT uMessage, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                bool& bHandled) override
+    {
+        if (uMessage != uTestMessage && uMessage != WM_COMMAND) {
+            return true;
+        }
+        m_calls.push_back(m_sName);
+        EXPECT_EQ(wParam, 3U);
+        EXPECT_EQ(lParam, 0);
+        if (m_bRemovesItself) {
+            window.RemoveFilter(*this);
+        }
+        lResult = m_lResult;
+        bHandled = m_bHandles;
+        return !m_bStops;
+    }
+
+    bool m_bRemovesItself = false;
+    bool m_bHandles = false;
+    bool m_bStops = false;
+    LRESULT m_lResult = 0;
+
+private:
+    std::vector<std::string>& m_calls;
+    std::string m_sName;
+};
+
+class VWindowFilter : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(CreateTestWindow(m_window, m_record));
+        m_window.AddFilter(m_first);
+        m_window.AddFilter(m_second);
+        m_record.watched = {uTestMessage, WM_COMMAND};
+    }
+
+    LRESULT Send(UINT uMessage = uTestMessage) { return m_window.Send(uMessage, 3); }
+
+    Record m_record;
+    TestFilter m_first{m_record.calls, "first"};
+    TestFilter m_second{m_record.calls, "second"};
+    VRecordingWindow m_window{m_record};
+};
+
+} // namespace
+
+TEST_F(VWindowFilter, AllSeeAMessageInTheirOrder)
+{
+    m_first.m_lResult = 5; // of no account without the word that it handled
+    EXPECT_EQ(Send(), 0);
+    EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+}
+
+TEST_F(VWindowFilter, OneMayRemoveItselfWhileItIsCalled)
+{
+    m_first.m_bRemovesItself = true;
+    Send();
+    EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+    Send();
+    EXPECT_EQ(m_record.Take(), "second DefaultProc(32769)");
+}
+
+TEST_F(VWindowFilter, HandledKeepsTheResultAndOtherFiltersOut)
+{
+    m_first.m_bHandles = true;
+    m_first.m_lResult = 21;
+    EXPECT_EQ(Send(), 21);
+    EXPECT_EQ(m_record.Take(), "first");
+}
+
+TEST_F(VWindowFilter, HandledWithoutAStopStillTurnsIntoACall)
+{
+    m_first.m_bHandles = true;
+    m_first.m_lResult = 21;
+    m_record.lCommand = 8;
+    EXPECT_EQ(Send(WM_COMMAND), 8);
+    EXPECT_EQ(m_record.Take(), "first OnCommand(0,3)");
+}
+
+TEST_F(VWindowFilter, AStopWithAResultEndsTheMessage)
+{
+    m_first.m_bStops = true;
+    m_first.m_bHandles = true;
+    m_first.m_lResult = 22;
+    EXPECT_EQ(Send(WM_COMMAND), 22);
+    EXPECT_EQ(m_record.Take(), "first");
+}
+
+TEST_F(VWindowFilter, AStopWithoutAResultGivesZero)
+{
+    m_second.m_bStops = true;
+    m_second.m_lResult = 22;
+    EXPECT_EQ(Send(WM_COMMAND), 0);
+    EXPECT_EQ(m_record.Take(), "first second");
+}
+
+TEST_F(VWindowFilter, AStopThatAnswersNotHandledGoesToTheDefault)
+{
+    m_first.m_bStops = true;
+    m_first.m_bHandles = true;
+    m_first.m_lResult = V_NOT_HANDLED;
+    EXPECT_EQ(Send(WM_COMMAND), 0);
+    EXPECT_EQ(m_record.Take(), "first DefaultProc(273)");
+}
+
+TEST_F(VWindowFilter, AStoppedLastMessageStillEndsTheBond)
+{
+    class Stopper : public VMessageFilter
+    {
+        bool Filter(VWindow&, UINT uMessage, WPARAM, LPARAM, LRESULT&, bool&) override
+        {
+            return uMessage != WM_NCDESTROY;
+        }
+    } stopper;
+    m_window.AddFilter(stopper);
+    DestroyWindow(m_window.GetHandle());
+    EXPECT_EQ(m_record.Take(), "OnDestroy OnFinalDestroy");
+    EXPECT_EQ(m_window.GetHandle(), nullptr);
+}
+
+TEST_F(VWindowFilter, RemovedOnesAndThoseOfADetachedWindowSeeNothing)
+{
+    m_window.RemoveFilter(m_second);
+    m_window.RemoveFilter(m_second);
+    Send();
+    EXPECT_EQ(m_record.Take(), "first DefaultProc(32769)");
+    m_window.Detach();
+    ASSERT_TRUE(CreateTestWindow(m_window, m_record));
+    Send();
+    EXPECT_EQ(m_record.Take(), "DefaultProc(32769)");
+}
