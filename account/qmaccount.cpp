@@ -28,6 +28,7 @@ bool QMAccount::Write()
     // The file's bytes were made beforehand and go out in one piece, so that the time in which the
     // old contents are gone is as short as it can be.
     QMFile::Write(image.pBytes.get(), image.uSize);
+    header.bReserved = 0;
     QMScramble(&header, sizeof header);
     QMUnscramble(&header, sizeof header);
     if (!store.IsEmpty()) {

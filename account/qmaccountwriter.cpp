@@ -88,7 +88,9 @@ QMFileImage QMMakeAccountImage(const QMAccount& account)
     builder.AddNumber(static_cast<uint32_t>(account.lVersion));
     builder.AddNumber(static_cast<uint32_t>(account.store.GetCount()));
     builder.AddNumber(QM_HEADER_SIZE);
-    builder.AddScrambled(&account.header, QM_HEADER_SIZE);
+    QMAccountHeader header = account.header;
+    header.bReserved = 0;
+    builder.AddScrambled(&header, QM_HEADER_SIZE);
     builder.AddNumber(QM_TRANS_BLOCK_SIZE);
     account.store.ForEach(
         [&](const QMTransaction& transaction) { builder.AddEntry(transaction, account.lVersion); });

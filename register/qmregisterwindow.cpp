@@ -65,7 +65,13 @@ bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullNam
     }
     CreatePointFont(m_font, account.header.szFontFace, account.header.lFontSize,
                     account.header.lFontStyle);
-    return CreateChild(frame, szTitle, rect, uStyle, hMenu, hWindowMenu, hAccelerators);
+    if (!CreateChild(frame, szTitle, rect, uStyle, hMenu, hWindowMenu, hAccelerators)) {
+        return false;
+    }
+    // A document that comes up maximized has its title in the frame's caption only once it is set
+    // anew, on some systems.
+    SetText(szTitle);
+    return true;
 }
 
 bool QMRegisterWindow::OnCreate()
