@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Configures and builds a CMake preset. A success prints one line, a failure prints the log.
+# Usage: build.sh PRESET [TARGET...]   (without TARGET: everything of the preset)
+set -euo pipefail
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+preset=${1:?usage: build.sh PRESET [TARGET...]}
+shift
+log=build/logs/build-$preset.log
+stamp=build/$preset/.configured
+export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
+
+# Ninja itself runs CMake again for a changed CMakeLists.txt, but knows nothing of the presets.
+configure() {
+    [[ $stamp -nt CMakePresets.json ]] && return
+    cmake --preset "$preset" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON && touch "$stamp"
+}
+
+build() {
+    cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+mkdir -p build/logs
+began=$SECONDS
+if { configure && build "$@"; } >"$log" 2>&1; then
+    echo "build $preset: ok ($((SECONDS - began)) s)"
+else
+    cat "$log"
+    echo "build $preset: FAILED ($((SECONDS - began)) s)"
+    exit 1
+fi

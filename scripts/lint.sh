@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Checks layout, portability and the rules of .clang-tidy, all of which must hold without exception.
+# Needs a build of preset native. Appends its counts as "PASSED FAILED SKIPPED" to the file COUNTS.
+# Usage: lint.sh [COUNTS]
+set -euo pipefail
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+passed=0
+failed=0
+
+# check NAME COMMAND...: prints what the command found, and nothing where it found nothing.
+check() {
+    local name=$1 found
+    shift
+    if found=$("$@" 2>&1); then
+        passed=$((passed + 1))
+    else
+        failed=$((failed + 1))
+        printf 'lint: FAILED %s\n%s\n\n' "$name" "$found"
+    fi
+}
+
+check_format() {
+    find . \( -path ./build -o -path ./.git \) -prune -o \( -name '*.h' -o -name '*.cpp' \) \
+        -print0 |
+        xargs -0 -n32 clang-format --dry-run -Werror
+}
+
+began=$SECONDS
+check layout check_format
+check portability python3 -B scripts/check_portable.py build/native
+check clang-tidy python3 -B scripts/tidy.py build/native
+[[ -z ${1:-} ]] || echo "$passed $failed 0" >>"$1"
+echo "lint: $passed passed, $failed failed, 0 skipped ($((SECONDS - began)) s)"
+[[ $failed -eq 0 ]]

@@ -1,0 +1,229 @@
+#!/usr/bin/env python3
+"""Runs one ring of tests: a GoogleTest program and, for some, the command-line tests of qmktool.
+
+Prints the output of the tests that failed, the skipped ones with their reasons and one line of
+counts. Appends these counts as "PASSED FAILED SKIPPED" to a file. Exit code 1 if anything failed.
+"""
+
+import argparse
+import os
+import re
+import shlex
+import signal
+import subprocess
+import sys
+import time
+import unittest
+import xml.etree.ElementTree as ElementTree
+from dataclasses import dataclass, field
+from pathlib import Path
+
+PROGRAM_LIMIT_S = 1800
+TOOL_TEST_LIMIT_S = 300
+
+
+@dataclass
+class Results:
+    passed: int = 0
+    failures: list[tuple[str, str]] = field(default_factory=list)  # name, output
+    skips: list[tuple[str, str]] = field(default_factory=list)  # name, reason
+
+    @property
+    def ran(self) -> int:
+        return self.passed + len(self.failures) + len(self.skips)
+
+    def add(self, other: "Results") -> None:
+        self.passed += other.passed
+        self.failures += other.failures
+        self.skips += other.skips
+
+
+RUN_LINE = re.compile(r"^\[ RUN      \] (\S+)$")
+END_LINE = re.compile(r"^\[(       OK |  FAILED  |  SKIPPED )\] (\S+?),? .*\(\d+ ms\)$")
+
+
+def blocks_of(output: str) -> tuple[dict[str, str], str, str]:
+    """Splits what a GoogleTest program printed: the text of every test that ended, by its name;
+    the name of a test that began and did not end; the text after the last test that ended."""
+    blocks: dict[str, str] = {}
+    lines: list[str] = []
+    running = ""
+    for line in output.splitlines():
+        begin, end = RUN_LINE.match(line), END_LINE.match(line)
+        if begin:
+            running, lines = begin[1], []
+        lines.append(line)
+        if end and end[2] == running:
+            blocks[running] = "\n".join(lines)
+            running, lines = "", []
+    return blocks, running, "\n".join(lines)
+
+
+def skip_reason(case: ElementTree.Element) -> str:
+    message = case.find("skipped")
+    text = (message.get("message") or message.text or "") if message is not None else ""
+    # The first line is the place in the source.
+    return " ".join(text.strip().splitlines()[1:]) or text.strip() or "no reason given"
+
+
+def report_results(report: Path, blocks: dict[str, str]) -> Results:
+    """The results as the program's own XML report tells them."""
+    results = Results()
+    # A message may hold any byte, whatever encoding the report claims.
+    tree = ElementTree.fromstring(report.read_text(encoding="latin-1"))
+    for case in tree.iter("testcase"):
+        name = f"{case.get('classname')}.{case.get('name')}"
+        failure = case.find("failure")
+        if failure is not None:
+            results.failures.append((name, blocks.get(name) or failure.get("message", "")))
+        elif case.get("status") == "notrun":
+            results.skips.append((name, "disabled in the source"))
+        elif case.get("result") == "skipped":
+            results.skips.append((name, skip_reason(case)))
+        else:
+            results.passed += 1
+    return results
+
+
+def crash_results(blocks: dict[str, str]) -> Results:
+    """The results of a program that died before it wrote its report, as far as it came."""
+    results = Results()
+    for name, text in blocks.items():
+        lines = text.splitlines()
+        if "  FAILED  " in lines[-1]:
+            results.failures.append((name, text))
+        elif "  SKIPPED " in lines[-1]:
+            results.skips.append((name, " ".join(lines[2:-1]).strip() or "no reason given"))
+        else:
+            results.passed += 1
+    return results
+
+
+def run_program(command: list[str], folder: Path, ring: str) -> Results:
+    """Runs a GoogleTest program. One that dies, hangs or has no tests is a failure of its own."""
+    report = folder / f"{ring}.xml"
+    log = folder / f"{ring}.log"
+    report.unlink(missing_ok=True)
+    ending = ""
+    # A file, not a pipe: what the program leaves running must not keep us waiting.
+    with open(log, "wb") as stream:
+        try:
+            code = subprocess.run(
+                [*command, f"--gtest_output=xml:{os.path.relpath(report)}", "--gtest_color=no"],
+                stdin=subprocess.DEVNULL, stdout=stream, stderr=subprocess.STDOUT,
+                timeout=PROGRAM_LIMIT_S, check=False).returncode
+        except subprocess.TimeoutExpired:
+            code, ending = -1, f"did not end within {PROGRAM_LIMIT_S} s"
+        except OSError as error:
+            code, ending = -1, str(error)
+    output = log.read_text(encoding="utf-8", errors="replace").replace("\r\n", "\n")
+    blocks, running, rest = blocks_of(output)
+    name = Path(command[-1]).name
+    try:
+        results = report_results(report, blocks)
+    except (OSError, ElementTree.ParseError):
+        results = crash_results(blocks)
+        ending = ending or f"ended with code {code} and without a report"
+        results.failures.append((running or name, f"{rest}\n{name} {ending}"))
+        return results
+    if code != 0 and not results.failures:
+        what = f"{name} passed its tests and then ended with code {code}"
+        results.failures.append((name, f"{rest}\n{what}"))
+    if results.ran == 0:
+        results.failures.append((name, f"{output}\n{name} ran no test"))
+    return results
+
+
+class ToolResult(unittest.TestResult):
+    """Counts every test once, however many of its subtests fail, and stops one that hangs."""
+
+    def __init__(self) -> None:
+        super().__init__()
+        self.results = Results()
+        self.buffer = True
+        signal.signal(signal.SIGALRM, self._on_alarm)
+
+    @staticmethod
+    def _on_alarm(*_: object) -> None:
+        raise TimeoutError(f"the test did not end within {TOOL_TEST_LIMIT_S} s")
+
+    def startTest(self, test: unittest.TestCase) -> None:
+        super().startTest(test)
+        signal.alarm(TOOL_TEST_LIMIT_S)
+
+    def stopTest(self, test: unittest.TestCase) -> None:
+        signal.alarm(0)
+        super().stopTest(test)
+
+    def addSuccess(self, test: unittest.TestCase) -> None:
+        super().addSuccess(test)
+        self.results.passed += 1
+
+    def addSkip(self, test: unittest.TestCase, reason: str) -> None:
+        super().addSkip(test, reason)
+        self.results.skips.append((test.id(), reason))
+
+    def addExpectedFailure(self, test: unittest.TestCase, err: object) -> None:
+        super().addExpectedFailure(test, err)
+        self.results.passed += 1
+
+    def gathered(self) -> Results:
+        texts: dict[str, str] = {}
+        for test, text in self.errors + self.failures:
+            owner = getattr(test, "test_case", test)
+            label = f"{test.id()}\n{text}" if owner is not test else text
+            texts[owner.id()] = texts.get(owner.id(), "") + label
+        for test in self.unexpectedSuccesses:
+            texts[test.id()] = "passed, though marked as an expected failure\n"
+        self.results.failures += list(texts.items())
+        return self.results
+
+
+def run_tool_tests(tool: str, folder: str) -> Results:
+    """Runs the command-line tests with `tool` as the program under test."""
+    os.environ["QMKTOOL"] = tool
+    sys.dont_write_bytecode = True
+    result = ToolResult()
+    unittest.defaultTestLoader.discover(folder).run(result)
+    results = result.gathered()
+    if results.ran == 0:
+        results.failures.append((folder, f"{folder} holds no test"))
+    return results
+
+
+def print_results(ring: str, results: Results, seconds: float) -> None:
+    for name, text in results.failures:
+        print(f"{ring}: FAILED {name}\n{text.rstrip()}\n")
+    for name, reason in results.skips:
+        print(f"{ring}: skipped {name}: {reason}")
+    print(f"{ring}: {results.passed} passed, {len(results.failures)} failed, "
+          f"{len(results.skips)} skipped ({seconds:.1f} s)", flush=True)
+
+
+def main() -> int:
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("ring", help="the name to print")
+    parser.add_argument("--program", required=True, help="command line of the GoogleTest program")
+    parser.add_argument("--tool", help="command line of the qmktool under test")
+    parser.add_argument("--tool-tests", default="tests/tool", help="folder of the qmktool tests")
+    parser.add_argument("--counts", type=Path, required=True, help="file to append the counts to")
+    options = parser.parse_args()
+
+    # Ended from outside, it must still end the program that it waits for.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    began = time.monotonic()
+    options.counts.parent.mkdir(parents=True, exist_ok=True)
+    results = run_program(shlex.split(options.program), options.counts.parent, options.ring)
+    if options.tool:
+        results.add(run_tool_tests(options.tool, options.tool_tests))
+    print_results(options.ring, results, time.monotonic() - began)
+    with open(options.counts, "a", encoding="ascii") as counts:
+        counts.write(f"{results.passed} {len(results.failures)} {len(results.skips)}\n")
+    return 1 if results.failures else 0
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(main())
+    except KeyboardInterrupt:
+        sys.exit(130)

@@ -1,0 +1,75 @@
+#!/usr/bin/env bash
+# Installs the packages that a group of tasks needs and this Debian machine lacks. Says nothing and
+# asks no server where nothing is missing. Never removes or downgrades a package.
+# Usage: setup.sh GROUP...
+#   run          build and run the programs for this machine
+#   test         what test.sh needs besides
+#   bench        the benchmarks
+#   fuzz         coverage-guided fuzzing
+#   debootstrap  make a small Debian in a folder
+#   wine32       a Wine for 32-bit Windows programs, see wine32.sh
+set -euo pipefail
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+declare -rA PACKAGES=(
+    [run]="g++ cmake ninja-build"
+    [test]="python3 googletest clang-format clang-tidy
+            g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
+            fonts-wine fonts-liberation wine wine64 xvfb"
+    [bench]="libbenchmark-dev"
+    [fuzz]="clang libclang-rt-14-dev"
+    [debootstrap]="debootstrap mount"
+)
+log=build/logs/setup.log
+# Debian's tools for administrators are not on every caller's path.
+export PATH=$PATH:/usr/sbin:/sbin
+
+die() {
+    echo "setup: $*" >&2
+    exit 1
+}
+
+# Prints those of the packages given that are not installed.
+missing_of() {
+    local package
+    for package in "$@"; do
+        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+            echo "$package"
+    done
+}
+
+# One source of many may be out of reach and yet not needed; the installation will tell.
+update_index() {
+    apt-get update || { sleep 5 && apt-get update; } || echo "the package index is incomplete"
+}
+
+install() {
+    export DEBIAN_FRONTEND=noninteractive
+    update_index &&
+        apt-get install -y --no-install-recommends --no-remove -o DPkg::Lock::Timeout=300 "$@"
+}
+
+provide() {
+    local missing
+    mapfile -t missing < <(missing_of "$@")
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    [[ $EUID -eq 0 ]] || die "only root can install what is missing: ${missing[*]}"
+    echo "setup: installing ${missing[*]}"
+    mkdir -p "$(dirname "$log")"
+    install "${missing[@]}" >"$log" 2>&1 </dev/null || {
+        cat "$log" >&2
+        die "could not install: ${missing[*]}"
+    }
+}
+
+[[ $# -gt 0 ]] || die "usage: setup.sh GROUP... (known: ${!PACKAGES[*]} wine32)"
+packages=()
+for group in "$@"; do
+    [[ $group == wine32 ]] && continue
+    [[ -v PACKAGES[$group] ]] || die "unknown group '$group' (known: ${!PACKAGES[*]} wine32)"
+    read -r -d '' -a names <<<"${PACKAGES[$group]}" || true
+    packages+=("${names[@]}")
+done
+provide "${packages[@]}"
+[[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install

@@ -1,0 +1,131 @@
+#!/usr/bin/env bash
+# Runs a Windows program of this repository under Wine, in a prefix of the repository's own
+# (build/wine-PRESET). Standard streams, arguments and exit code pass through as they are.
+# Usage: wine.sh PRESET PROGRAM.exe [ARGUMENT...]
+#        wine.sh --prepare PRESET   only makes the prefix and starts Wine's services
+#        wine.sh --hold PRESET      keeps Wine's services running until standard input ends
+#        wine.sh --end PRESET       ends what is still running in the prefix
+# PRESET is win32 or win64. Who holds the services sets QUILLMARK_WINE_HELD=1, and DISPLAY where the
+# programs have windows; otherwise a windowed program gets a display of its own.
+set -euo pipefail
+
+repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+die() {
+    echo "wine.sh: $*" >&2
+    exit 125
+}
+
+mode=run
+case ${1:-} in
+    --prepare | --hold | --end)
+        mode=${1#--}
+        shift
+        ;;
+esac
+preset=${1:-}
+[[ $preset == win32 || $preset == win64 ]] || die "the preset is win32 or win64, not '$preset'"
+shift
+
+export WINEPREFIX=$repo/build/wine-$preset
+export WINEARCH=$preset
+export WINEDEBUG=-all
+# No offers to download Mono and Gecko, no menu entries in the user's home.
+export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
+# The code page of Windows programs follows the locale, and results must not follow the machine.
+export LC_ALL=C.UTF-8
+
+in_wine() {
+    if [[ $preset == win32 ]]; then
+        "$repo/scripts/wine32.sh" exec "$@"
+    else
+        "$@"
+    fi
+}
+
+require_wine() {
+    if [[ $preset == win32 ]]; then
+        "$repo/scripts/wine32.sh" present || die "there is no 32-bit Wine"
+    else
+        [[ -x /usr/lib/wine/wine64 ]] || die "there is no 64-bit Wine"
+    fi
+}
+
+make_prefix() {
+    local log=$repo/build/logs/wine-$preset.log
+    mkdir -p "$repo/build/logs"
+    rm -rf "$WINEPREFIX"
+    in_wine wine wineboot -i >"$log" 2>&1 </dev/null || die "no prefix could be made, see $log"
+    touch "$WINEPREFIX/.ready"
+}
+
+prepare() {
+    [[ -e $WINEPREFIX/.ready ]] && return
+    require_wine
+    mkdir -p "$repo/build"
+    (
+        flock 9
+        [[ -e $WINEPREFIX/.ready ]] || make_prefix 9>&-
+    ) 9>"$WINEPREFIX.lock"
+}
+
+# Wine's services start with its first program and inherit its streams; whoever reads such a stream
+# to its end would wait for the services too. So they start here, before the program.
+start_services() {
+    [[ -n ${QUILLMARK_WINE_HELD:-} ]] || in_wine wine hostname >/dev/null 2>&1 </dev/null || true
+}
+
+# Whether the program at $1 opens windows: the subsystem in its PE header is 2, not 3.
+is_windowed() {
+    local header
+    header=$(od -An -tu4 -j60 -N4 "$1" 2>/dev/null) || return 1
+    [[ $(od -An -tu2 -j$((header + 92)) -N2 "$1") -eq 2 ]]
+}
+
+# Ends the services too: they are of no use without their display, and would say so.
+end_display() {
+    in_wine wineserver -k || true
+    kill "$1" || true
+    wait "$1" || true
+} 2>/dev/null
+
+# Runs the arguments on a display made for them. Services that were started without a display know
+# no windows, so they have to end first.
+run_on_own_display() {
+    local number status=0
+    in_wine wineserver -w
+    coproc SCREEN { exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>/dev/null; }
+    # shellcheck disable=SC2064
+    trap "end_display $SCREEN_PID" EXIT
+    read -r number <&"${SCREEN[0]}" || die "no display could be started"
+    DISPLAY=:$number start_services
+    DISPLAY=:$number in_wine wine "$@" || status=$?
+    exit "$status"
+}
+
+run() {
+    [[ $# -gt 0 ]] || die "which program?"
+    require_wine
+    prepare
+    if [[ -z ${DISPLAY:-}${QUILLMARK_WINE_HELD:-} ]] && is_windowed "$1"; then
+        run_on_own_display "$@"
+    fi
+    start_services
+    if [[ $preset == win32 ]]; then
+        exec "$repo/scripts/wine32.sh" exec wine "$@"
+    fi
+    exec wine "$@"
+}
+
+case $mode in
+    run) run "$@" ;;
+    prepare)
+        prepare
+        start_services
+        ;;
+    hold)
+        prepare
+        in_wine wine cmd.exe >/dev/null 2>&1
+        ;;
+    end) [[ ! -e $WINEPREFIX ]] || in_wine wineserver -k || true ;;
+esac
