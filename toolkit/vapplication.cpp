@@ -40,7 +40,7 @@ void SetApplication(std::unique_ptr<VApplication> pApplication)
 VApplication::~VApplication()
 {
     if (!m_sRegisteredClass.IsEmpty()) {
-        UnregisterClassA(m_sRegisteredClass.GetText(), m_hInstance);
+        UnregisterClassA(m_sRegisteredClass.GetText(), m_hClassOwner);
     }
 }
 
@@ -95,7 +95,9 @@ bool VApplication::Initialize(HINSTANCE hInstance, int nShowCommand, UINT uIconI
     if (RegisterClassA(&record) == 0) {
         return false;
     }
+    m_hClassOwner = record.hInstance;
     m_sRegisteredClass = record.lpszClassName;
+    SetClassName(m_sRegisteredClass.GetText());
     return true;
 }
 

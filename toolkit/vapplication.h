@@ -43,6 +43,7 @@ private:
     int m_nShowCommand = SW_SHOWNORMAL;
     VString m_sName;
     VString m_sRegisteredClass;
+    HINSTANCE m_hClassOwner = nullptr;
 };
 
 // The one application object, made at the first call and deleted at the end of the process.

@@ -10,6 +10,8 @@ class VControl : public VWindow
 public:
     // Makes sure that the common control library knows the class of that kind.
     explicit VControl(int32_t lKind);
+    // The window ends here, while OnDestroy below still is this object's.
+    ~VControl() override { Detach(); }
 
     // The control's own clean-up must run, though this window handles the message.
     void OnDestroy() override;

@@ -1,5 +1,7 @@
 #include "toolkit/vlistcontrol.h"
 
+#include <algorithm>
+
 VString VHeader::GetItemText(int nItem) const
 {
     char szText[256] = "";
@@ -97,6 +99,7 @@ bool VListControl::IsAnyRowWider(int nColumn, int nHeadingWidth, char* szBuffer,
         item.pszText = szBuffer;
         item.cchTextMax = nBufferSize;
         Send(LVM_GETITEMTEXTA, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&item));
+        szBuffer[nBufferSize - 1] = '\0'; // not every system ends a text that it had to cut
         if (GetStringWidth(item.pszText) > nHeadingWidth) {
             return true;
         }
@@ -127,9 +130,10 @@ VString VListControl::GetItemText(int nItem, int nColumn, int nLimit) const
     LVITEMA item = {};
     item.iSubItem = nColumn;
     item.pszText = szText;
-    item.cchTextMax = nLimit < nTextLimit ? nLimit : nTextLimit;
+    item.cchTextMax = std::clamp(nLimit, 1, nTextLimit);
     Send(LVM_GETITEMTEXTA, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&item));
-    return VString(item.pszText);
+    // Not every system ends a text that it had to cut.
+    return VString(item.pszText, static_cast<uint32_t>(item.cchTextMax - 1));
 }
 
 bool VListControl::SetItemData(int nItem, LPARAM lData)

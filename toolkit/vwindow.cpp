@@ -61,10 +61,6 @@ VWindow::VWindow(int32_t lKind) : m_lKind(lKind)
 VWindow::~VWindow()
 {
     Detach();
-    if (g_pMainWindow == this) {
-        g_pMainWindow = nullptr;
-    }
-    VWindowList::Get().Remove(this);
 }
 
 void VWindow::Detach()
@@ -76,11 +72,29 @@ void VWindow::Detach()
     if (bClose) {
         OnClose(true);
     }
+    if (IsValid()) {
+        // An override kept the window: it goes on as it was before this object came.
+        RestoreProcedure(m_hWnd);
+    }
+    m_hWnd = nullptr;
+    m_uId = 0;
+    if (g_pMainWindow == this) {
+        g_pMainWindow = nullptr;
+    }
+    VWindowList::Get().Remove(this);
+}
+
+void VWindow::EnsureLive()
+{
+    if (!IsLive(this)) {
+        VWindowList::Get().Add(this);
+    }
 }
 
 bool VWindow::Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* szClass,
                      const char* szTitle, UINT uId, DWORD uExStyle)
 {
+    EnsureLive();
     CREATESTRUCTA create = {};
     create.style = static_cast<LONG>(uStyle);
     create.dwExStyle = uExStyle;
@@ -103,10 +117,11 @@ bool VWindow::Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* 
     HWND hWnd = CreateWindowExA(create.dwExStyle, create.lpszClass, create.lpszName,
                                 static_cast<DWORD>(create.style), create.x, create.y, create.cx,
                                 create.cy, create.hwndParent, create.hMenu, create.hInstance, this);
-    m_hWnd = hWnd;
     if (hWnd == nullptr) {
+        // An object that deletes itself may have gone with its window, half made.
         return false;
     }
+    m_hWnd = hWnd;
     m_uId = uId;
     // A window of a foreign class knows nothing of this object yet.
     if (IsAttached() || Attach(hWnd)) {
@@ -119,6 +134,7 @@ bool VWindow::Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* 
 
 bool VWindow::Attach(HWND hWnd, bool bRunInitialize)
 {
+    EnsureLive();
     if (m_hWnd != hWnd || !IsAttached()) {
         m_hWnd = hWnd;
         bRunInitialize = true;

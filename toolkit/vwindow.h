@@ -126,7 +126,8 @@ public:
     // Binds the object to a window that exists; false when OnInitialize refused.
     bool Attach(HWND hWnd, bool bRunInitialize = true);
 
-    // Lets go of the window, closing it if the object was bound to it.
+    // Lets go of the window, closing it if the object was bound to it; one that OnClose kept goes
+    // on without the object. Create and Attach bind the object anew.
     void Detach();
 
     static VWindow* FromHandle(HWND hWnd);
@@ -200,6 +201,7 @@ protected:
 private:
     friend class VDispatcher;
 
+    void EnsureLive();
     void FitFillChild();
     bool IsFillChildReady() const;
     void Subclass(HWND hWnd);

@@ -70,6 +70,9 @@ private:
     void RefuseCreation()
     {
         if (!m_pWindow->IsDialogKind()) {
+            // The window fails to be made, and its last messages must not reach an object that
+            // stays with its maker.
+            m_pWindow->m_hWnd = nullptr;
             return;
         }
         if (m_pWindow->IsModal()) {
@@ -217,7 +220,9 @@ private:
 
     void Finish()
     {
-        if (m_pWindow != nullptr && m_pWindow->m_hWnd != nullptr && m_lResult == V_NOT_HANDLED) {
+        // A command or a notification may have ended the object as well as a close.
+        if (m_lResult == V_NOT_HANDLED && VWindow::IsLive(m_pWindow) &&
+            m_pWindow->m_hWnd != nullptr) {
             m_lResult = m_pWindow->DefaultProc(m_hWnd, m_uMessage, m_wParam, m_lParam);
         }
         if (m_uMessage == WM_INITDIALOG && VWindow::IsLive(m_pWindow) &&

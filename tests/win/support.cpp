@@ -143,8 +143,8 @@ bool CreateTestWindow(VRecordingWindow& window, Record& record)
 // ---- The registry key.
 
 ScopedRegistryPath::ScopedRegistryPath(const char* szName)
-    : m_sPath(std::string("Software\\vorek window tests ") +
-              std::to_string(GetCurrentProcessId()) + " " + szName)
+    : m_sPath(std::string("Software\\vorek window tests ") + std::to_string(GetCurrentProcessId()) +
+              " " + szName)
 {
     Delete();
 }

@@ -32,16 +32,16 @@ class VOtherClassWindow : public VWindow
     }
 };
 
+BOOL CALLBACK CountWindow(HWND, LPARAM lCount)
+{
+    ++*reinterpret_cast<DWORD*>(lCount);
+    return TRUE;
+}
+
 DWORD CountThreadWindows()
 {
     DWORD uCount = 0;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND, LPARAM lCount) -> BOOL {
-            ++*reinterpret_cast<DWORD*>(lCount);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&uCount));
+    EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&uCount));
     return uCount;
 }
 
@@ -51,7 +51,8 @@ TEST(VWindowCreate, FillsTheCreationRecord)
 {
     VCreationWindow window;
     const auto hParent = reinterpret_cast<HWND>(static_cast<UINT_PTR>(0x1234));
-    EXPECT_FALSE(window.Create(hParent, {10, 20, 40, 60}, WS_CHILD | WS_BORDER, "Edit", "Title", 9));
+    EXPECT_FALSE(
+        window.Create(hParent, {10, 20, 40, 60}, WS_CHILD | WS_BORDER, "Edit", "Title", 9));
     const CREATESTRUCTA& create = window.m_create;
     EXPECT_EQ(create.hwndParent, hParent);
     EXPECT_EQ(create.x, 10);

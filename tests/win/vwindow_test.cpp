@@ -47,14 +47,14 @@ protected:
 TEST(VWindow, KeepsTheOrderOfItsVirtualOperations)
 {
     const size_t auSlots[] = {
-        SlotOf(&VWindow::OnClose),         SlotOf(&VWindow::ClientArea),
-        SlotOf(&VWindow::IsDialogKind),    SlotOf(&VWindow::Maximize),
-        SlotOf(&VWindow::Minimize),        SlotOf(&VWindow::PreTranslate),
-        SlotOf(&VWindow::Restore),         SlotOf(&VWindow::DefaultProc),
-        SlotOf(&VWindow::OnCommand),       SlotOf(&VWindow::OnDestroy),
-        SlotOf(&VWindow::OnPaint),         SlotOf(&VWindow::OnSize),
-        SlotOf(&VWindow::OnNotify),        SlotOf(&VWindow::OnReflectNotify),
-        SlotOf(&VWindow::OnFinalDestroy),  SlotOf(&VWindow::OnPreCreate),
+        SlotOf(&VWindow::OnClose),        SlotOf(&VWindow::ClientArea),
+        SlotOf(&VWindow::IsDialogKind),   SlotOf(&VWindow::Maximize),
+        SlotOf(&VWindow::Minimize),       SlotOf(&VWindow::PreTranslate),
+        SlotOf(&VWindow::Restore),        SlotOf(&VWindow::DefaultProc),
+        SlotOf(&VWindow::OnCommand),      SlotOf(&VWindow::OnDestroy),
+        SlotOf(&VWindow::OnPaint),        SlotOf(&VWindow::OnSize),
+        SlotOf(&VWindow::OnNotify),       SlotOf(&VWindow::OnReflectNotify),
+        SlotOf(&VWindow::OnFinalDestroy), SlotOf(&VWindow::OnPreCreate),
         SlotOf(&VWindow::OnInitialize),
     };
     size_t uExpected = 2;
@@ -140,15 +140,24 @@ TEST_F(VWindowTest, KindOfWindowGoesByTheClass)
         const char* szClass;
         int32_t lKind;
     } aCases[] = {
-        {"Button", 1},          {"Static", 17},
-        {"Edit", 5},            {"ComboBox", 3},
-        {"ListBox", 7},         {"ScrollBar", 12},
-        {"#32770", 4},          {"msctls_progress32", 30},
-        {"SysListView32", 8},   {"SysTreeView32", 22},
-        {"SysTabControl32", 19}, {"SysDateTimePick32", 46},
-        {"SysMonthCal32", 47},  {"msctls_updown32", 48},
-        {"SysHeader32", 52},    {"ReBarWindow32", 39},
-        {"msctls_statusbar32", 18}, {"ToolbarWindow32", 21},
+        {"Button", 1},
+        {"Static", 17},
+        {"Edit", 5},
+        {"ComboBox", 3},
+        {"ListBox", 7},
+        {"ScrollBar", 12},
+        {"#32770", 4},
+        {"msctls_progress32", 30},
+        {"SysListView32", 8},
+        {"SysTreeView32", 22},
+        {"SysTabControl32", 19},
+        {"SysDateTimePick32", 46},
+        {"SysMonthCal32", 47},
+        {"msctls_updown32", 48},
+        {"SysHeader32", 52},
+        {"ReBarWindow32", 39},
+        {"msctls_statusbar32", 18},
+        {"ToolbarWindow32", 21},
     };
     for (const auto& test : aCases) {
         HWND hChild = Child(test.szClass);
@@ -271,8 +280,8 @@ TEST_F(VWindowTest, DefaultInitializeSetsTheClipBits)
     EXPECT_EQ(m_parent.GetLong(GWL_STYLE) & lBoth, lBoth);
 
     VWindow child;
-    ASSERT_TRUE(child.Create(m_parent.GetHandle(), g_testRect, WS_CHILD | WS_CLIPCHILDREN, nullptr,
-                             "", 1));
+    ASSERT_TRUE(
+        child.Create(m_parent.GetHandle(), g_testRect, WS_CHILD | WS_CLIPCHILDREN, nullptr, "", 1));
     EXPECT_EQ(child.GetLong(GWL_STYLE) & lBoth, WS_CLIPSIBLINGS);
 
     VWindow owned;
