@@ -106,11 +106,7 @@ LRESULT QMGridList::OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult)
 
 void QMGridList::DrawEmptyArea(VDrawingSurface& surface)
 {
-    VHeader header;
-    if (!AttachHeader(header)) {
-        return;
-    }
-    const VRect heading = header.GetItemRect(0);
+    const VRect heading = GetHeadingRect(0);
     const int nRowHeight = heading.GetHeight() - 2;
     if (nRowHeight <= 0) {
         return;

@@ -49,9 +49,6 @@ LRESULT QMRegisterList::OnGetDisplayInfo(NMLVDISPINFOA* pInfo, LRESULT& /*lResul
         m_szText[uLength] = '\0';
         item.pszText = m_szText;
     }
-    if ((item.mask & LVIF_PARAM) != 0) {
-        item.lParam = static_cast<LPARAM>(m_rows.GetDecoration(item.iItem));
-    }
     return -1;
 }
 
@@ -61,6 +58,19 @@ LRESULT QMRegisterList::OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult)
         m_bChanged = false;
     }
     return QMGridList::OnCustomDraw(pDraw, lResult);
+}
+
+LRESULT QMRegisterList::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT lResult = QMGridList::DefaultProc(hWnd, uMessage, wParam, lParam);
+    if (uMessage == LVM_GETITEMA || uMessage == LVM_GETITEMW) {
+        // The control keeps no data for rows that it does not hold, and never asks for it.
+        auto* pItem = reinterpret_cast<LVITEMA*>(lParam);
+        if ((pItem->mask & LVIF_PARAM) != 0) {
+            pItem->lParam = static_cast<LPARAM>(m_rows.GetDecoration(pItem->iItem));
+        }
+    }
+    return lResult;
 }
 
 bool QMRegisterList::RebuildColumns(const QMColumnTable& columns)

@@ -15,6 +15,7 @@ public:
     uint32_t GetRowDecoration(int nRow) const override { return m_rows.GetDecoration(nRow); }
     LRESULT OnGetDisplayInfo(NMLVDISPINFOA* pInfo, LRESULT& lResult) override;
     LRESULT OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult) override;
+    LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
 
     bool RebuildColumns(const QMColumnTable& columns) override;
     void AdjustFillerColumn() override;

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over every own source but the tests of a build folder's compile_commands.json, warnings as
-errors. A source found clean is not checked again until it, a header of it, its compiler options or
+"""Runs clang-tidy over every own source of a build folder's compile_commands.json but the tests,
+warnings as errors. A source found clean is not checked again until it, a header of it, its compiler options or
 the checks change; build/tidy remembers. Exit code 1 if anything was found.
 """
 

@@ -56,6 +56,10 @@ make_prefix() {
     mkdir -p "$repo/build/logs"
     rm -rf "$WINEPREFIX"
     in_wine wine wineboot -i >"$log" 2>&1 </dev/null || die "no prefix could be made, see $log"
+    # In a desktop of Wine's own, captions are drawn and windows activated without a window manager.
+    in_wine wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$log" 2>&1
+    in_wine wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x900 /f \
+        >>"$log" 2>&1
     touch "$WINEPREFIX/.ready"
 }
 

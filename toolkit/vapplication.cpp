@@ -64,6 +64,21 @@ void VApplication::SetClassName(const char* szName)
     ClassName() = szName;
 }
 
+bool VApplication::RegisterCopy(const char* szName)
+{
+    HINSTANCE hInstance = GetApplication().GetInstance();
+    WNDCLASSA record = {};
+    if (GetClassInfoA(hInstance, szName, &record)) {
+        return true;
+    }
+    if (!GetClassInfoA(hInstance, GetClassName(), &record)) {
+        return false;
+    }
+    record.lpszClassName = szName;
+    record.hInstance = hInstance;
+    return RegisterClassA(&record) != 0;
+}
+
 bool VApplication::Initialize(HINSTANCE hInstance, int nShowCommand, UINT uIconId, int nBackground,
                               const WNDCLASSA* pRecord)
 {

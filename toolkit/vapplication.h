@@ -27,6 +27,10 @@ public:
     static const char* GetClassName();
     static void SetClassName(const char* szName);
 
+    // Registers the same class once more under another name, at the first need; false when that
+    // fails.
+    static bool RegisterCopy(const char* szName);
+
     // Notes instance and show command and registers the window class. Without a record one is made
     // of the icon's id (0 for the system's own) and the background's colour index; a record's empty
     // fields are filled.

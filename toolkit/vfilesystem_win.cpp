@@ -145,11 +145,15 @@ VFileFault VCanReplaceFile(const char* szPath, uint64_t uSize)
 
 VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace)
 {
-    if (!bReplace && GetFileAttributesA(szPath) != INVALID_FILE_ATTRIBUTES) {
-        return VFileFault::Exists;
-    }
-    if (bReplace && FileExists(szPath)) {
-        // Found out beforehand: a file that is open elsewhere, read-only or a folder stays.
+    const DWORD uAttributes = GetFileAttributesA(szPath);
+    if (uAttributes != INVALID_FILE_ATTRIBUTES) {
+        if ((uAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+            return VFileFault::NotAFile;
+        }
+        if (!bReplace) {
+            return VFileFault::Exists;
+        }
+        // Found out beforehand: a file that is open elsewhere or read-only stays.
         VWinFile present;
         const VFileFault fault = present.Open(szPath, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
         if (fault != VFileFault::None) {

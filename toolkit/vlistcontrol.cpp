@@ -71,6 +71,17 @@ int VListControl::GetColumnCount() const
     return hHeader == nullptr ? 0 : static_cast<int>(SendMessageA(hHeader, HDM_GETITEMCOUNT, 0, 0));
 }
 
+VRect VListControl::GetHeadingRect(int nColumn) const
+{
+    auto* hHeader = reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+    RECT rect = {};
+    if (hHeader != nullptr) {
+        SendMessageA(hHeader, HDM_GETITEMRECT, static_cast<WPARAM>(nColumn),
+                     reinterpret_cast<LPARAM>(&rect));
+    }
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
 void VListControl::AutoSizeColumns(int nFirst, int nLast, char* szBuffer, int nBufferSize)
 {
     auto* hHeader = reinterpret_cast<HWND>(Send(LVM_GETHEADER));

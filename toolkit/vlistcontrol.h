@@ -43,6 +43,8 @@ public:
     // Binds an object to the list's headings; false when the list has none.
     bool AttachHeader(VHeader& header);
     int GetColumnCount() const;
+    // A heading's place in the list; empty when the list has none.
+    VRect GetHeadingRect(int nColumn) const;
 
     // Sizes the columns from nFirst to nLast (-1 for the last one) each to its contents where a row
     // is wider than the heading, else to its heading. The buffer takes the texts that are measured.

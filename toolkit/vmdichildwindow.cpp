@@ -7,22 +7,6 @@ namespace {
 
 constexpr char szClassName[] = "VMDIChildWindow";
 
-// A copy of the frame's class under another name, made at the first need.
-bool RegisterChildClass()
-{
-    HINSTANCE hInstance = GetApplication().GetInstance();
-    WNDCLASSA record = {};
-    if (GetClassInfoA(hInstance, szClassName, &record)) {
-        return true;
-    }
-    if (!GetClassInfoA(hInstance, VApplication::GetClassName(), &record)) {
-        return false;
-    }
-    record.lpszClassName = szClassName;
-    record.hInstance = hInstance;
-    return RegisterClassA(&record) != 0;
-}
-
 } // namespace
 
 VMDIChildWindow::VMDIChildWindow(int32_t lKind) : VWindow(lKind) {}
@@ -36,8 +20,13 @@ bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const char* szTitle, c
     m_hWindowMenu = hWindowMenu;
     m_hFrameMenu = GetMenu(frame.GetHandle());
     SetAccelerators(hAccelerators);
-    return RegisterChildClass() &&
-           Create(frame.GetClient(), rect, uStyle, szClassName, szTitle, 0, WS_EX_MDICHILD);
+    if (!VApplication::RegisterCopy(szClassName) ||
+        !Create(frame.GetClient(), rect, uStyle, szClassName, szTitle, 0, WS_EX_MDICHILD)) {
+        return false;
+    }
+    // Not before: a creation that fails destroys its window, and the caller still has the object.
+    GetFlags().Set(V_FLAG_DELETE_SELF);
+    return true;
 }
 
 bool VMDIChildWindow::QueryClose(bool /*bForced*/)

@@ -1,6 +1,13 @@
 #include "toolkit/vsplashwindow.h"
 
+#include "toolkit/vapplication.h"
 #include "toolkit/vdrawingsurface.h"
+
+namespace {
+
+constexpr char szClassName[] = "VSplashWindow";
+
+} // namespace
 
 VSplashWindow::VSplashWindow() : VWindow(V_KIND_SPLASH)
 {
@@ -15,7 +22,9 @@ bool VSplashWindow::ShowBitmap(UINT uId)
     const int x = (GetSystemMetrics(SM_CXSCREEN) - m_bitmap.GetWidth()) / 2;
     const int y = (GetSystemMetrics(SM_CYSCREEN) - m_bitmap.GetHeight()) / 2;
     const VRect rect = {x, y, x + m_bitmap.GetWidth(), y + m_bitmap.GetHeight()};
-    if (!Create(nullptr, rect, WS_POPUP, nullptr, "", 0, WS_EX_TOPMOST | WS_EX_TOOLWINDOW)) {
+    // A class of its own: who looks for the program's main window by its class must not find this.
+    if (!VApplication::RegisterCopy(szClassName) ||
+        !Create(nullptr, rect, WS_POPUP, szClassName, "", 0, WS_EX_TOPMOST | WS_EX_TOOLWINDOW)) {
         return false;
     }
     Show(SW_SHOWNOACTIVATE);

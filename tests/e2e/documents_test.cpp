@@ -155,6 +155,7 @@ TEST_F(DocumentsTest, CommandsWithoutADocumentDoNoHarm)
           IDM_WINDOW_CASCADE, IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL, 0, 65535}) {
         m_program.Post(static_cast<UINT>(uCommand));
     }
+    m_program.Settle();
     m_program.NewDocument(1);
     EXPECT_TRUE(m_program.GetBoxes().empty());
 }

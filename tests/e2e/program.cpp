@@ -11,9 +11,11 @@ namespace {
 
 constexpr size_t uTextSize = 1024;
 
+// The splash has the same class, and no documents.
 bool IsFrame(HWND hWnd)
 {
-    return WindowClass(hWnd).rfind("Quillmark:", 0) == 0;
+    return WindowClass(hWnd).rfind("Quillmark:", 0) == 0 &&
+           FindChildById(hWnd, IDC_MDICLIENT) != nullptr;
 }
 
 BOOL CALLBACK FindFrame(HWND hWnd, LPARAM lParam)
@@ -68,6 +70,7 @@ void Program::AwaitFrame()
     if (WaitForInputIdle(GetProcess(), uStateLimit) != 0) {
         FailTest("quillmark.exe does not get to wait for its user");
     }
+    Settle();
 }
 
 DWORD Program::Close()
@@ -111,6 +114,16 @@ void Program::Post(UINT uCommand) const
     PostMessageA(m_hFrame, WM_COMMAND, uCommand, 0);
 }
 
+void Program::Settle() const
+{
+    // Posted messages are carried out in their order, and the toolbar tells when this one was.
+    HWND hToolbar = GetToolbar();
+    const bool bWas = SendTo(hToolbar, TB_GETANCHORHIGHLIGHT) != 0;
+    PostMessageA(hToolbar, TB_SETANCHORHIGHLIGHT, !bWas, 0);
+    Await("the end of what was posted",
+          [&] { return (SendTo(hToolbar, TB_GETANCHORHIGHLIGHT) != 0) != bWas; });
+}
+
 HMENU Program::GetMenuHandle() const
 {
     return GetMenu(m_hFrame);
@@ -119,9 +132,9 @@ HMENU Program::GetMenuHandle() const
 // A menu's handle is good in its own program only, wherever the system keeps menus there.
 MenuItem Program::GetMenuItem(UINT uCommand) const
 {
-    const auto uState = static_cast<UINT>(
-        CallRemote(GetProcess(), UserFunction("GetMenuState"),
-                   reinterpret_cast<UINT_PTR>(GetMenuHandle()), uCommand, MF_BYCOMMAND));
+    const auto uState = static_cast<UINT>(CallRemote(GetProcess(), UserFunction("GetMenuState"),
+                                                     reinterpret_cast<UINT_PTR>(GetMenuHandle()),
+                                                     uCommand, MF_BYCOMMAND));
     if (uState == static_cast<UINT>(-1)) {
         return MenuItem::Missing;
     }
@@ -143,8 +156,8 @@ std::string Program::GetMenuText(UINT uCommand) const
     memory.Write(0, &info, sizeof info);
     char szText[uTextSize] = "";
     const UINT_PTR uDone = CallRemote(GetProcess(), UserFunction("GetMenuItemInfoA"),
-                                      reinterpret_cast<UINT_PTR>(GetMenuHandle()), uCommand,
-                                      FALSE, static_cast<UINT_PTR>(memory.AsParameter()));
+                                      reinterpret_cast<UINT_PTR>(GetMenuHandle()), uCommand, FALSE,
+                                      static_cast<UINT_PTR>(memory.AsParameter()));
     if (static_cast<BOOL>(uDone)) {
         memory.Read(sizeof info, szText, uTextSize - 1);
     }
@@ -193,8 +206,7 @@ std::string Program::GetActiveTitle() const
 
 void Program::AwaitDocuments(size_t uCount) const
 {
-    Await(std::to_string(uCount) + " documents",
-          [&] { return GetDocuments().size() == uCount; });
+    Await(std::to_string(uCount) + " documents", [&] { return GetDocuments().size() == uCount; });
 }
 
 void Program::AwaitActive(const std::string& sTitle) const
@@ -205,6 +217,7 @@ void Program::AwaitActive(const std::string& sTitle) const
 void Program::NewDocument(int nNumber) const
 {
     Post(IDM_FILE_NEW);
+    Settle();
     AwaitActive("Untitled" + std::to_string(nNumber));
 }
 

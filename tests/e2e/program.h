@@ -50,6 +50,8 @@ public:
 
     // As a menu, a key or a button sends it; does not wait.
     void Post(UINT uCommand) const;
+    // Waits until everything posted so far has been carried out, or waits in a box.
+    void Settle() const;
     MenuItem GetMenuItem(UINT uCommand) const;
     // The label with its key, as "&New\tCtrl+N"; empty for a missing item.
     std::string GetMenuText(UINT uCommand) const;

@@ -34,10 +34,9 @@ TEST_F(RegisterTest, SampleHasTheDecorationsOfEveryRow)
 
 TEST_F(RegisterTest, HeadingsStandInOrder)
 {
-    m_program.Open({CopySample()});
-    EXPECT_EQ(ActiveList().GetHeadings(),
-              (Texts{"", "Date", "Number", "Description", "Debit", "Credit", "Balance", "", "Memo",
-                     ""}));
+    m_program.Open({MakeAccount("plain.qmk", 1)});
+    EXPECT_EQ(ActiveList().GetHeadings(), (Texts{"", "Date", "Number", "Description", "Debit",
+                                                 "Credit", "Balance", "", "Memo", ""}));
 }
 
 TEST_F(RegisterTest, CategoryStandsBehindMemoWhenShown)
@@ -73,7 +72,7 @@ TEST_F(RegisterTest, HiddenColumnsAreNotThere)
 
 TEST_F(RegisterTest, MarkColumnsHavePicturesForHeadings)
 {
-    m_program.Open({CopySample()});
+    m_program.Open({MakeAccount("plain.qmk", 1)});
     const std::vector<int> formats = ActiveList().GetHeadingFormats();
     ASSERT_EQ(formats.size(), 10U);
     for (size_t u = 0; u < formats.size(); ++u) {
@@ -86,7 +85,7 @@ TEST_F(RegisterTest, HeadingsAreAlignedAsTheirColumns)
 {
     m_program.Open({CopySample()});
     const std::vector<int> formats = ActiveList().GetHeadingFormats();
-    const std::vector<int> expected = {HDF_CENTER, HDF_RIGHT, HDF_RIGHT, HDF_LEFT, HDF_RIGHT,
+    const std::vector<int> expected = {HDF_CENTER, HDF_RIGHT, HDF_RIGHT,  HDF_LEFT, HDF_RIGHT,
                                        HDF_RIGHT,  HDF_RIGHT, HDF_CENTER, HDF_LEFT};
     ASSERT_GT(formats.size(), expected.size());
     // The control keeps its first column to the left, whatever was asked for.

@@ -101,8 +101,7 @@ bool ReadRemote(HANDLE hProcess, const void* pAddress, void* pBytes, size_t uSiz
 UINT_PTR CallRemote(HANDLE hProcess, FARPROC pFunction, UINT_PTR uFirst, UINT_PTR uSecond,
                     UINT_PTR uThird, UINT_PTR uFourth)
 {
-    Call call = {
-        reinterpret_cast<UINT_PTR>(pFunction), {uFirst, uSecond, uThird, uFourth}, 0};
+    Call call = {reinterpret_cast<UINT_PTR>(pFunction), {uFirst, uSecond, uThird, uFourth}, 0};
     RemoteMemory memory(hProcess, uCallOffset + sizeof call, PAGE_EXECUTE_READWRITE);
     memory.Write(0, auCode, sizeof auCode);
     memory.Write(uCallOffset, &call, sizeof call);

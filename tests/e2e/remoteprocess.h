@@ -24,10 +24,7 @@ public:
     {
         return reinterpret_cast<T*>(static_cast<char*>(m_pMemory) + uOffset);
     }
-    LPARAM AsParameter(size_t uOffset = 0) const
-    {
-        return reinterpret_cast<LPARAM>(At(uOffset));
-    }
+    LPARAM AsParameter(size_t uOffset = 0) const { return reinterpret_cast<LPARAM>(At(uOffset)); }
 
 private:
     HANDLE m_hProcess;

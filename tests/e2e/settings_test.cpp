@@ -187,8 +187,12 @@ TEST_P(DamagedSettingsTest, DoNotKeepTheProgramFromWorking)
     EXPECT_EQ(m_program.Close(), 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, DamagedSettingsTest, testing::ValuesIn(aDamages),
-                         [](const auto& info) { return std::string(info.param.szName); });
+std::string NameOfDamage(const testing::TestParamInfo<Damage>& test)
+{
+    return test.param.szName;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DamagedSettingsTest, testing::ValuesIn(aDamages), NameOfDamage);
 
 TEST_F(SettingsTest, EveryValueOfAWrongTypeAtOnceLeavesTheDefaults)
 {

@@ -101,8 +101,7 @@ void DescribeValues(HKEY hKey, const std::string& sName, std::vector<std::string
                           reinterpret_cast<BYTE*>(szBytes), &uSize) != ERROR_SUCCESS) {
             return;
         }
-        lines.push_back(sName + "|" + szValue + "|" +
-                        Describe(uType, std::string(szBytes, uSize)));
+        lines.push_back(sName + "|" + szValue + "|" + Describe(uType, std::string(szBytes, uSize)));
     }
 }
 
@@ -189,10 +188,9 @@ void WriteSettingBytes(const char* szKey, const char* szName, DWORD uType,
                        const std::string& sBytes)
 {
     HKEY hKey = MakeKey(PathOf(szKey));
-    EXPECT_EQ(
-        RegSetValueExA(hKey, szName, 0, uType, reinterpret_cast<const BYTE*>(sBytes.data()),
-                       static_cast<DWORD>(sBytes.size())),
-        ERROR_SUCCESS)
+    EXPECT_EQ(RegSetValueExA(hKey, szName, 0, uType, reinterpret_cast<const BYTE*>(sBytes.data()),
+                             static_cast<DWORD>(sBytes.size())),
+              ERROR_SUCCESS)
         << szName;
     RegCloseKey(hKey);
 }

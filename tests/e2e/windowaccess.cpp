@@ -42,8 +42,10 @@ LRESULT SendTo(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
     DWORD_PTR uResult = 0;
     if (SendMessageTimeoutA(hWnd, uMessage, wParam, lParam, SMTO_NORMAL, uStateLimit, &uResult) ==
         0) {
-        FailTest("no answer to message " + std::to_string(uMessage) + " from window '" +
-                 WindowClass(hWnd) + "'");
+        const DWORD uError = GetLastError();
+        FailTest("no answer to message " + std::to_string(uMessage) + " from window " +
+                 std::to_string(reinterpret_cast<UINT_PTR>(hWnd)) + " of class '" +
+                 WindowClass(hWnd) + "': error " + std::to_string(uError));
     }
     return static_cast<LRESULT>(uResult);
 }

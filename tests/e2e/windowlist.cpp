@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/e2e/remoteprocess.h"
+#include "tests/e2e/wait.h"
 #include "tests/e2e/windowaccess.h"
 
 namespace {
@@ -26,7 +27,11 @@ WPARAM AsIndex(int nIndex)
 
 HWND WindowList::GetHeader() const
 {
-    return reinterpret_cast<HWND>(SendTo(m_hList, LVM_GETHEADER));
+    auto* hHeader = reinterpret_cast<HWND>(SendTo(m_hList, LVM_GETHEADER));
+    if (!IsWindow(hHeader)) {
+        FailTest("the list has lost its header window");
+    }
+    return hHeader;
 }
 
 int WindowList::GetRowCount() const
