@@ -136,6 +136,7 @@ TEST_F(PermissionTest, SaveAsIntoAFolderWithoutPermission)
 
 TEST_F(PermissionTest, SaveAsAnExistingReadOnlyFile)
 {
+    ASSERT_EQ(chmod(m_folder.GetPath().c_str(), 0755), 0);
     WriteWholeFile(m_folder.PathOf("b.qmk"), "other contents");
     ASSERT_EQ(chmod(m_folder.PathOf("b.qmk").c_str(), 0444), 0);
     {
