@@ -69,6 +69,12 @@ LRESULT QMRegisterList::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPA
         if ((pItem->mask & LVIF_PARAM) != 0) {
             pItem->lParam = static_cast<LPARAM>(m_rows.GetDecoration(pItem->iItem));
         }
+    } else if (uMessage == WM_NOTIFY) {
+        // Not every system's list hands this on, and only now is the new width in force.
+        const UINT uCode = reinterpret_cast<NMHDR*>(lParam)->code;
+        if (uCode == HDN_ITEMCHANGEDA || uCode == HDN_ITEMCHANGEDW) {
+            SendMessageA(GetParent(), WM_NOTIFY, wParam, lParam);
+        }
     }
     return lResult;
 }
