@@ -385,14 +385,14 @@ VRect VWindow::GetWindowRect() const
     return ToRect(rect);
 }
 
-VString VWindow::GetText() const
+VString VWindow::WindowText(HWND hWnd)
 {
     VString sText;
-    const int nLength = GetWindowTextLengthA(m_hWnd);
+    const int nLength = GetWindowTextLengthA(hWnd);
     const std::unique_ptr<char[]> szText(new (std::nothrow) char[static_cast<size_t>(nLength) + 1]);
     if (szText != nullptr) {
         szText[0] = '\0';
-        GetWindowTextA(m_hWnd, szText.get(), nLength + 1);
+        GetWindowTextA(hWnd, szText.get(), nLength + 1);
         sText = szText.get();
     }
     return sText;

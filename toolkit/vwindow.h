@@ -181,7 +181,8 @@ public:
     VRect GetClientRect() const;
     VRect GetWindowRect() const; // on the screen
     HWND GetItem(int nId) const { return GetDlgItem(m_hWnd, nId); }
-    VString GetText() const;
+    static VString WindowText(HWND hWnd);
+    VString GetText() const { return WindowText(m_hWnd); }
     void SetText(const char* szText) { SetWindowTextA(m_hWnd, szText); }
     void SetFocus() { ::SetFocus(m_hWnd); }
     HWND GetParent() const { return ::GetParent(m_hWnd); }

@@ -165,12 +165,22 @@ private:
         if (VWindow* pSender = VWindow::FromHandle(pHeader->hwndFrom)) {
             LRESULT lValue = 1;
             if (pSender->OnReflectNotify(pHeader, lValue) == -1) {
-                m_lResult = lValue;
+                Answer(lValue);
                 return true;
             }
         }
         m_lResult = m_pWindow->OnNotify(static_cast<UINT>(m_wParam), pHeader);
         return false;
+    }
+
+    // A dialog's procedure says only whether it took the message; the value stands in the window.
+    void Answer(LRESULT lValue)
+    {
+        m_lResult = lValue;
+        if (m_pWindow->IsDialogKind()) {
+            SetWindowLongPtrA(m_hWnd, DWLP_MSGRESULT, lValue);
+            m_lResult = TRUE;
+        }
     }
 
     void Paint()

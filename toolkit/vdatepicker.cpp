@@ -1,0 +1,16 @@
+#include "toolkit/vdatepicker.h"
+
+bool VDatePicker::SetDate(const SYSTEMTIME& date)
+{
+    // Not every system's control refuses a day that its month does not have.
+    FILETIME time;
+    return SystemTimeToFileTime(&date, &time) != 0 &&
+           Send(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&date)) != 0;
+}
+
+SYSTEMTIME VDatePicker::GetDate() const
+{
+    SYSTEMTIME date = {};
+    Send(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&date));
+    return date;
+}

@@ -1,0 +1,86 @@
+#include "toolkit/vdialog.h"
+
+#include "toolkit/vapplication.h"
+
+INT_PTR VDialog::DoModal(HWND hParent, UINT uTemplate, HINSTANCE hInstance)
+{
+    SetModal(true);
+    HWND hFocus = ::GetFocus();
+    HINSTANCE hModule = hInstance == nullptr ? GetApplication().GetResourceModule() : hInstance;
+    const INT_PTR nResult =
+        DialogBoxParamA(hModule, MAKEINTRESOURCEA(uTemplate), hParent,
+                        reinterpret_cast<DLGPROC>(&WindowProc), reinterpret_cast<LPARAM>(this));
+    if (IsWindow(hFocus)) {
+        ::SetFocus(hFocus);
+    }
+    if (IsWindow(hParent)) {
+        UpdateWindow(hParent);
+    }
+    return nResult;
+}
+
+bool VDialog::CreateModeless(HWND hParent, UINT uTemplate)
+{
+    SetModal(false);
+    return CreateDialogParamA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(uTemplate),
+                              hParent, reinterpret_cast<DLGPROC>(&WindowProc),
+                              reinterpret_cast<LPARAM>(this)) != nullptr;
+}
+
+void VDialog::EndWith(INT_PTR nResult)
+{
+    if (IsValid() && GetKind() != V_KIND_PROPERTY_PAGE) {
+        EndDialog(GetHandle(), nResult);
+    }
+}
+
+bool VDialog::OnClose(bool bForced)
+{
+    if (!IsValid()) {
+        return false;
+    }
+    if (!IsModal()) {
+        return VWindow::OnClose(bForced);
+    }
+    if (GetItem(IDCANCEL) != nullptr) {
+        // Cancel's own rule decides.
+        Post(WM_COMMAND, IDCANCEL);
+    } else {
+        EndWith(CancelResult());
+    }
+    return true;
+}
+
+LRESULT VDialog::OnCommand(UINT /*uNotifyCode*/, UINT uId, HWND /*hControl*/)
+{
+    if (uId == IDOK) {
+        if (OnOK()) {
+            EndWith(IDOK);
+        }
+        return 0;
+    }
+    if (uId == IDCANCEL) {
+        if (OnCancel()) {
+            EndWith(IDCANCEL);
+        }
+        return 0;
+    }
+    return V_NOT_HANDLED;
+}
+
+VString VDialog::GetItemText(int nId) const
+{
+    HWND hItem = GetItem(nId);
+    return hItem == nullptr ? VString() : WindowText(hItem);
+}
+
+void VDialog::LimitItemText(int nId, int nCharacters)
+{
+    const bool bCombo = KindOfWindow(GetItem(nId)) == V_KIND_COMBO_BOX;
+    SendItem(nId, bCombo ? CB_LIMITTEXT : EM_LIMITTEXT, static_cast<WPARAM>(nCharacters));
+}
+
+void VDialog::FocusItem(int nId)
+{
+    Send(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetItem(nId)), TRUE);
+}
