@@ -35,6 +35,19 @@
 #define IDB_MARK_CLEARED 1806
 #define IDB_TOOLBAR 1811
 
+// Bitmaps of the transaction dialog: signs of 12 by 12 beside its boxes, pictures of 16 by 16 with
+// straight alpha on its buttons, and a strip of four arrows for systems without alpha.
+#define IDB_SIGN_TAX 1807
+#define IDB_SIGN_EXPENSE 1808
+#define IDB_SIGN_VOIDED 1809
+#define IDB_SIGN_CLEARED 1810
+#define IDB_BUTTON_ADD 1812
+#define IDB_ARROW_STRIP 5101
+#define IDB_ARROW_FIRST 5102
+#define IDB_ARROW_PREVIOUS 5103
+#define IDB_ARROW_NEXT 5104
+#define IDB_ARROW_LAST 5105
+
 // Strings; every other string has the number of the command that it explains.
 #define IDS_APPLICATION 1
 
@@ -116,6 +129,57 @@
 #define IDC_FRAMETOOLBAR 3500
 #define IDC_STATUSBAR 3501
 #define IDC_REBAR 3502
+
+// The About box
+#define IDD_ABOUT 1000
+
+// The transaction dialog; the radio buttons' numbers do not run in the order of the types
+#define IDD_TRANSACTION 1600
+#define IDC_TX_CHECK 1601
+#define IDC_TX_DEPOSIT 1602
+#define IDC_TX_WITHDRAWAL 1603
+#define IDC_TX_FEE 1604
+#define IDC_TX_DIRECTDEPOSIT 1605
+#define IDC_TX_ATMDEPOSIT 1606
+#define IDC_TX_ATMWITHDRAWAL 1607
+#define IDC_TX_DIRECTDEBIT 1608
+#define IDC_TX_AUTOMATICPAYMENT 1609
+#define IDC_TX_TRANSFERCREDIT 1610
+#define IDC_TX_TRANSFERDEBIT 1611
+#define IDC_TX_INTEREST 1612
+#define IDC_TX_NUMBER 1613
+#define IDC_TX_DATE 1614
+#define IDC_TX_DESCRIPTION 1615
+#define IDC_TX_AMOUNT 1616
+#define IDC_TX_MEMO 1617
+#define IDC_TX_CATEGORY 1618
+#define IDC_TX_TAX 1619
+#define IDC_TX_EXPENSE 1620
+#define IDC_TX_VOIDED 1621
+#define IDC_TX_CLEARED 1622
+#define IDC_TX_DATECLEARED 1623
+#define IDC_TX_NUMBERLABEL 1624
+#define IDC_TX_DESCRIPTIONLABEL 1625
+#define IDC_TX_ADD 1900
+#define IDC_TX_PREVIOUS 1901
+#define IDC_TX_NEXT 1902
+#define IDC_TX_FIRST 1903
+#define IDC_TX_LAST 1904
+
+// The password dialogs
+#define IDD_PASSWORD 10200
+#define IDD_SETPASSWORD 10201
+#define IDC_PW_EXPLANATION 10202
+#define IDC_PW_CURRENTLABEL 10203
+#define IDC_PW_CURRENT 10204
+#define IDC_PW_NEW 10205
+#define IDC_PW_NEWAGAIN 10206
+
+// The import review
+#define IDD_IMPORT 2201
+#define IDC_IMPORT_ALL 2202
+#define IDC_IMPORT_CLEARALL 2203
+#define IDC_IMPORT_IMPORT 1918
 
 // The MDI client window, and the first of its children
 #define IDC_MDICLIENT 25000
