@@ -1,6 +1,5 @@
 #include "register/qmgridlist.h"
 
-#include "register/qmrowlist.h"
 #include "resources/resource.h"
 
 namespace {

@@ -2,14 +2,10 @@
 // itself.
 #pragma once
 
+#include "register/qmrowlist.h"
 #include "toolkit/vdrawingsurface.h"
 #include "toolkit/vgdiobjects.h"
 #include "toolkit/vlistcontrol.h"
-
-// Bits of the grid's flags.
-inline constexpr uint32_t QM_GRID_SHADED = 1;
-inline constexpr uint32_t QM_GRID_HORIZONTAL = 2;
-inline constexpr uint32_t QM_GRID_VERTICAL = 4;
 
 class QMGridList : public VListControl
 {

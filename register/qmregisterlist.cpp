@@ -149,6 +149,30 @@ bool QMRegisterList::DeleteAllRows()
     return m_rows.DeleteAllRows();
 }
 
+bool QMRegisterList::InsertRow(int32_t lRow)
+{
+    if (!m_rows.InsertRow(lRow)) {
+        return false;
+    }
+    LVITEMA item = {};
+    item.iItem = lRow;
+    Send(LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    SetItemCount(m_rows.GetRowCount());
+    return true;
+}
+
+void QMRegisterList::DeleteRows(const int32_t* pRows, int32_t lCount)
+{
+    Send(WM_SETREDRAW, FALSE);
+    for (int32_t i = 0; i < lCount; ++i) {
+        DeleteItem(pRows[i]);
+    }
+    m_rows.DeleteRows(pRows, lCount);
+    SetItemCount(m_rows.GetRowCount());
+    Send(WM_SETREDRAW, TRUE);
+    Invalidate(true);
+}
+
 void QMRegisterList::MarkChanged()
 {
     if (!m_bChanged) {

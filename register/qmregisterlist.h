@@ -22,11 +22,18 @@ public:
     bool DeleteAllRows() override;
     bool SetCapacity(int32_t lRows) override { return m_rows.SetCapacity(lRows); }
     bool AppendRow() override { return m_rows.AppendRow(); }
+    bool InsertRow(int32_t lRow) override;
+    void DeleteRows(const int32_t* pRows, int32_t lCount) override;
     int32_t GetRowCount() const override { return m_rows.GetRowCount(); }
     bool SetCellText(int32_t lRow, int32_t lColumn, std::string_view text) override;
     bool SetDecoration(int32_t lRow, uint32_t uDecoration) override;
     bool SelectRow(int32_t lRow) override;
     int32_t GetSelectedCount() const override { return QMGridList::GetSelectedCount(); }
+    int32_t GetNextSelected(int32_t lAfter) const override
+    {
+        return GetNextItem(lAfter, LVNI_SELECTED);
+    }
+    void SetLineFlag(uint32_t uBit, bool bOn) override { QMGridList::SetLineFlag(uBit, bOn); }
     void Repaint() override { Invalidate(); }
 
     // The row with the focus; -1 for none.

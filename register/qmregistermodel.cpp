@@ -102,11 +102,11 @@ private:
     char m_szText[QM_FIELD_TEXT_SIZE];
 };
 
-bool QMRegisterModel::IsShown(const QMTransaction& transaction) const
+bool QMRegisterModel::IsDateShown(const QMDate& date) const
 {
     const QMAccountHeader& header = m_document.GetAccount()->header;
     return !m_bPeriodFilter || header.lDisplayPeriod == QM_ACCNT_DISPLAY_ALL ||
-           QMDateIsInRange(transaction.dtDate, header.dtPeriodFrom, header.dtPeriodTo);
+           QMDateIsInRange(date, header.dtPeriodFrom, header.dtPeriodTo);
 }
 
 bool QMRegisterModel::RebuildRows(bool bWithColumns)
@@ -123,7 +123,7 @@ bool QMRegisterModel::RebuildRows(bool bWithColumns)
     }
     bool bDone = pAccount->store.IsEmpty() || m_rows.SetCapacity(pAccount->store.GetCount());
     pAccount->store.ForEach([&](const QMTransaction& transaction) {
-        bDone = bDone && (!IsShown(transaction) || m_rows.AppendRow());
+        bDone = bDone && (!IsDateShown(transaction.dtDate) || m_rows.AppendRow());
     });
     if (bDone) {
         m_rows.AdjustFillerColumn();
@@ -160,7 +160,7 @@ bool QMRegisterModel::FillRows(int32_t lFromPosition, uint32_t uColumnMask,
     for (store.First();;) {
         const QMTransaction& transaction = *store.GetCurrentNode();
         transaction.ApplyToBalances(m_dBalance, m_dAvailable);
-        if (IsShown(transaction)) {
+        if (IsDateShown(transaction.dtDate)) {
             if (m_lFirstShown < 0) {
                 m_lFirstShown = store.GetPosition();
             }

@@ -66,12 +66,17 @@ public:
     // with the cleared ones alone.
     double GetBalance(bool bAvailable) const { return bAvailable ? m_dAvailable : m_dBalance; }
 
+    // Whether the period, where it applies, has room for a date.
+    bool IsDateShown(const QMDate& date) const;
+
     // Store position of the first transaction that has a row; 0 when none has.
     int32_t GetFirstShown() const { return m_lFirstShown; }
     int32_t GetRowCount() const { return m_rows.GetRowCount(); }
     bool HasSelection() const { return m_rows.GetSelectedCount() > 0; }
     // -1 when nothing is selected.
     int32_t GetFocusRow() const { return HasSelection() ? m_lFocusRow : -1; }
+    // The row that had the focus last, selected or not; -1 for none.
+    int32_t GetStoredFocusRow() const { return m_lFocusRow; }
     const QMColumnTable& GetColumns() const { return m_columns; }
     QMColumnTable& GetColumns() { return m_columns; }
 
@@ -81,7 +86,6 @@ public:
 private:
     class Refresh;
 
-    bool IsShown(const QMTransaction& transaction) const;
     bool FillRows(int32_t lFromPosition, uint32_t uColumnMask, QMTransactionStore& store);
     bool Reload(bool bWithColumns);
 

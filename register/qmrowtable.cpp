@@ -41,6 +41,57 @@ try {
     return false;
 }
 
+bool QMRowTable::InsertRow(int32_t lRow)
+{
+    if (!AppendRow()) {
+        return false;
+    }
+    const auto lAt = static_cast<ptrdiff_t>(std::clamp(lRow, 0, GetRowCount() - 1));
+    const auto itCell = m_aCells.begin() + lAt * m_lColumns;
+    std::rotate(itCell, m_aCells.end() - m_lColumns, m_aCells.end());
+    std::rotate(m_aDecorations.begin() + lAt, m_aDecorations.end() - 1, m_aDecorations.end());
+    return true;
+}
+
+void QMRowTable::MoveRow(int32_t lFrom, int32_t lTo)
+{
+    const auto itFrom = m_aCells.begin() + static_cast<ptrdiff_t>(CellIndex(lFrom, 0));
+    std::copy(itFrom, itFrom + m_lColumns,
+              m_aCells.begin() + static_cast<ptrdiff_t>(CellIndex(lTo, 0)));
+    m_aDecorations[static_cast<size_t>(lTo)] = m_aDecorations[static_cast<size_t>(lFrom)];
+}
+
+void QMRowTable::DeleteRows(const int32_t* pRows, int32_t lCount)
+{
+    m_lSelected = -1;
+    int32_t lBegin = 0;
+    for (int32_t i = 1; i <= lCount; ++i) {
+        if (i == lCount || pRows[i] >= pRows[i - 1]) {
+            DeleteFallingRows(pRows + lBegin, i - lBegin);
+            lBegin = i;
+        }
+    }
+}
+
+void QMRowTable::DeleteFallingRows(const int32_t* pRows, int32_t lCount)
+{
+    int32_t lTo = 0;
+    for (int32_t lFrom = 0; lFrom < GetRowCount(); ++lFrom) {
+        while (lCount > 0 && pRows[lCount - 1] < lFrom) {
+            --lCount;
+        }
+        if (lCount > 0 && pRows[lCount - 1] == lFrom) {
+            continue;
+        }
+        if (lTo != lFrom) {
+            MoveRow(lFrom, lTo);
+        }
+        ++lTo;
+    }
+    m_aCells.resize(CellIndex(lTo, 0));
+    m_aDecorations.resize(static_cast<size_t>(lTo));
+}
+
 bool QMRowTable::HasCell(int32_t lRow, int32_t lColumn) const
 {
     return HasRow(lRow) && lColumn >= 0 && lColumn < m_lColumns;

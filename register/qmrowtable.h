@@ -19,6 +19,8 @@ public:
     bool DeleteAllRows() override;
     bool SetCapacity(int32_t lRows) override;
     bool AppendRow() override;
+    bool InsertRow(int32_t lRow) override;
+    void DeleteRows(const int32_t* pRows, int32_t lCount) override;
     int32_t GetRowCount() const override { return static_cast<int32_t>(m_aDecorations.size()); }
     // False outside the table, for a text above 65535 bytes, and without memory.
     bool SetCellText(int32_t lRow, int32_t lColumn, std::string_view text) override;
@@ -26,6 +28,11 @@ public:
 
     bool SelectRow(int32_t lRow) override;
     int32_t GetSelectedCount() const override { return m_lSelected < 0 ? 0 : 1; }
+    int32_t GetNextSelected(int32_t lAfter) const override
+    {
+        return m_lSelected > lAfter ? m_lSelected : -1;
+    }
+    void SetLineFlag(uint32_t /*uBit*/, bool /*bOn*/) override {}
     void Repaint() override {}
 
     int32_t GetColumnCount() const { return m_lColumns; }
@@ -47,6 +54,8 @@ private:
     bool HasRow(int32_t lRow) const { return lRow >= 0 && lRow < GetRowCount(); }
     bool HasCell(int32_t lRow, int32_t lColumn) const;
     size_t CellIndex(int32_t lRow, int32_t lColumn) const;
+    void MoveRow(int32_t lFrom, int32_t lTo);
+    void DeleteFallingRows(const int32_t* pRows, int32_t lCount);
     char* At(uint32_t uPlace) const;
     uint32_t Allocate(size_t uSize);
 

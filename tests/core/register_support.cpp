@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -57,7 +58,7 @@ bool RecordingRowList::DeleteAllRows()
     }
     m_rows.clear();
     m_lSelectedRow = -1;
-    m_lSelectedCount = 0;
+    m_selected.clear();
     return true;
 }
 
@@ -73,6 +74,59 @@ bool RecordingRowList::AppendRow()
     }
     m_rows.emplace_back();
     return true;
+}
+
+bool RecordingRowList::InsertRow(int32_t lRow)
+{
+    if (!Begin("insert " + std::to_string(lRow))) {
+        return false;
+    }
+    const int32_t lAt = std::clamp(lRow, 0, GetRowCount());
+    m_rows.insert(m_rows.begin() + lAt, RecordedRow());
+    std::set<int32_t> shifted;
+    for (const int32_t lSelected : m_selected) {
+        shifted.insert(lSelected < lAt ? lSelected : lSelected + 1);
+    }
+    m_selected = shifted;
+    return true;
+}
+
+void RecordingRowList::DeleteRows(const int32_t* pRows, int32_t lCount)
+{
+    for (int32_t i = 0; i < lCount; ++i) {
+        const int32_t lRow = pRows[i];
+        m_log.push_back("delete " + std::to_string(lRow));
+        if (lRow < 0 || lRow >= GetRowCount()) {
+            continue;
+        }
+        m_rows.erase(m_rows.begin() + lRow);
+        std::set<int32_t> shifted;
+        for (const int32_t lSelected : m_selected) {
+            if (lSelected != lRow) {
+                shifted.insert(lSelected < lRow ? lSelected : lSelected - 1);
+            }
+        }
+        m_selected = shifted;
+    }
+}
+
+int32_t RecordingRowList::GetNextSelected(int32_t lAfter) const
+{
+    const auto it = m_selected.upper_bound(lAfter);
+    return it == m_selected.end() ? -1 : *it;
+}
+
+void RecordingRowList::SetLineFlag(uint32_t uBit, bool bOn)
+{
+    m_uLineFlags = bOn ? m_uLineFlags | uBit : m_uLineFlags & ~uBit;
+}
+
+void RecordingRowList::SetSelectedCount(int32_t lCount)
+{
+    m_selected.clear();
+    for (int32_t lRow = 0; lRow < lCount; ++lRow) {
+        m_selected.insert(lRow);
+    }
 }
 
 bool RecordingRowList::SetCellText(int32_t lRow, int32_t lColumn, std::string_view text)
@@ -104,7 +158,7 @@ bool RecordingRowList::SelectRow(int32_t lRow)
         return false;
     }
     m_lSelectedRow = lRow;
-    m_lSelectedCount = 1;
+    m_selected = {lRow};
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,11 +36,15 @@ public:
     bool DeleteAllRows() override;
     bool SetCapacity(int32_t lRows) override;
     bool AppendRow() override;
+    bool InsertRow(int32_t lRow) override;
+    void DeleteRows(const int32_t* pRows, int32_t lCount) override;
     int32_t GetRowCount() const override { return static_cast<int32_t>(m_rows.size()); }
     bool SetCellText(int32_t lRow, int32_t lColumn, std::string_view text) override;
     bool SetDecoration(int32_t lRow, uint32_t uDecoration) override;
     bool SelectRow(int32_t lRow) override;
-    int32_t GetSelectedCount() const override { return m_lSelectedCount; }
+    int32_t GetSelectedCount() const override { return static_cast<int32_t>(m_selected.size()); }
+    int32_t GetNextSelected(int32_t lAfter) const override;
+    void SetLineFlag(uint32_t uBit, bool bOn) override;
     void Repaint() override { m_log.push_back("repaint"); }
 
     // The calls since the last look: "columns", "filler", "delete", "capacity 3", "append",
@@ -57,10 +62,13 @@ public:
     // The names of the columns in the order of their list indices.
     const Texts& GetColumnNames() const { return m_columns; }
 
-    // -1 for none.
+    // The one selected by SelectRow last; -1 for none.
     int32_t GetSelectedRow() const { return m_lSelectedRow; }
     // As a user's selection does.
-    void SetSelectedCount(int32_t lCount) { m_lSelectedCount = lCount; }
+    void SetSelection(const std::set<int32_t>& rows) { m_selected = rows; }
+    const std::set<int32_t>& GetSelection() const { return m_selected; }
+    void SetSelectedCount(int32_t lCount);
+    uint32_t GetLineFlags() const { return m_uLineFlags; }
 
 private:
     bool Begin(const std::string& sCall);
@@ -71,7 +79,8 @@ private:
     std::vector<RecordedRow> m_rows;
     int m_nBeforeFailure = -1;
     int32_t m_lSelectedRow = -1;
-    int32_t m_lSelectedCount = 0;
+    std::set<int32_t> m_selected;
+    uint32_t m_uLineFlags = QM_GRID_SHADED | QM_GRID_VERTICAL;
 };
 
 // The four texts, at first "(none)"; a pane outside 1 to 4 fails the running test.
