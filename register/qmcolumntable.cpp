@@ -51,3 +51,16 @@ void QMColumnTable::LoadFrom(const QMAccountHeader& header)
         m_aWidth[i] = info.pWidth == nullptr ? 0 : header.*info.pWidth;
     }
 }
+
+QMColumn QMColumnTable::FindColumnAt(int32_t lPixels) const
+{
+    int32_t lRight = 0;
+    for (int32_t i = 0; i < QM_ENTRY_FILLER; ++i) {
+        const auto column = static_cast<QMColumn>(i);
+        lRight += IsVisible(column) ? m_aWidth[i] : 0;
+        if (lPixels < lRight) {
+            return column;
+        }
+    }
+    return QM_ENTRY_FILLER;
+}

@@ -71,6 +71,9 @@ public:
     // Pixels.
     int32_t GetWidth(QMColumn column) const { return m_aWidth[column]; }
     void SetWidth(QMColumn column, int32_t lWidth) { m_aWidth[column] = lWidth; }
+    // The visible column at a distance from the left edge of the first, by the widths; the filler
+    // behind them all.
+    QMColumn FindColumnAt(int32_t lPixels) const;
     int32_t GetVisibleCount() const { return m_lVisible; }
 
 private:

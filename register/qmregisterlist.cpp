@@ -143,6 +143,42 @@ void QMRegisterList::AdjustFillerColumn()
     m_bChangesColumns = false;
 }
 
+int QMRegisterList::WidestText(int nColumn, const int (&anWidths)[256]) const
+{
+    int nWidest = 0;
+    for (int32_t lRow = 0; lRow < m_rows.GetRowCount(); ++lRow) {
+        int nWidth = 0;
+        for (const char c : m_rows.GetCellText(lRow, nColumn)) {
+            nWidth += anWidths[static_cast<unsigned char>(c)];
+        }
+        nWidest = std::max(nWidest, nWidth);
+    }
+    return nWidest;
+}
+
+void QMRegisterList::AutoSizeAll()
+{
+    // A list without rows of its own measures no more than what is on the screen.
+    constexpr int nMargins = 12; // left and right of a text, as the control keeps them
+    VClientSurface surface(GetHandle());
+    const VSelectScope font(surface, reinterpret_cast<HGDIOBJ>(Send(WM_GETFONT)));
+    int anWidths[256];
+    if (m_pColumns == nullptr || !GetCharWidth32A(surface.GetHandle(), 0, 255, anWidths)) {
+        return;
+    }
+    for (int32_t i = 0; i < QM_ENTRY_FILLER; ++i) {
+        const int nColumn = m_pColumns->GetListIndex(static_cast<QMColumn>(i));
+        if (nColumn < 0) {
+            continue;
+        }
+        const char* szHeading = QMGetColumnInfo(static_cast<QMColumn>(i)).szHeading;
+        const int nHeading = surface.TextExtent(szHeading, static_cast<int>(strlen(szHeading))).cx;
+        const int nWidest = WidestText(nColumn, anWidths);
+        SetColumnWidth(nColumn, nWidest > nHeading ? nWidest + nMargins : LVSCW_AUTOSIZE_USEHEADER);
+    }
+    AdjustFillerColumn();
+}
+
 bool QMRegisterList::DeleteAllRows()
 {
     SetItemCount(0);

@@ -39,6 +39,10 @@ public:
     // The row with the focus; -1 for none.
     int32_t GetFocusedRow() const { return GetNextItem(-1, LVNI_FOCUSED); }
 
+    // Sizes each column to its contents where a text is wider than the heading, else to the
+    // heading.
+    void AutoSizeAll();
+
     // Takes over the widths to which the user dragged the columns, into table and header. True when
     // any was new.
     bool TakeOverWidths(QMColumnTable& columns, QMAccountHeader& header) const;
@@ -46,6 +50,8 @@ public:
 private:
     void SetHeadingPicture(int nColumn, const VBitmap& picture);
     void MarkChanged();
+    // In pixels, in the list's font: anWidths holds those of its characters.
+    int WidestText(int nColumn, const int (&anWidths)[256]) const;
 
     QMRowTable m_rows;
     VBitmap m_headingCleared;

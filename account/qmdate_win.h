@@ -1,0 +1,18 @@
+// Between the program's dates and the platform's.
+#pragma once
+
+#include <windows.h>
+
+#include <bit>
+
+#include "account/qmdate.h"
+
+inline SYSTEMTIME QMToSystemTime(const QMDate& date)
+{
+    return std::bit_cast<SYSTEMTIME>(date);
+}
+
+inline QMDate QMFromSystemTime(const SYSTEMTIME& time)
+{
+    return std::bit_cast<QMDate>(time);
+}
