@@ -2,66 +2,32 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/win/modaldriver.h"
 #include "tests/win/resource.h"
 #include "tests/win/support.h"
 #include "toolkit/vapplication.h"
 
 namespace {
 
-// Waits beside the box's own loop until the box is there, notes it, and presses a button.
-class BoxAnswer
+// What a message box showed; its button is pressed by the driver.
+struct ShownBox
 {
-public:
-    explicit BoxAnswer(int nButton) : m_nButton(nButton)
-    {
-        g_pCurrent = this;
-        m_uTimer = SetTimer(nullptr, 0, 10, &OnTimer);
-    }
-    BoxAnswer(const BoxAnswer&) = delete;
-    BoxAnswer& operator=(const BoxAnswer&) = delete;
-    ~BoxAnswer()
-    {
-        KillTimer(nullptr, m_uTimer);
-        g_pCurrent = nullptr;
-    }
-
-    std::string m_sCaption;
-    std::string m_sText;
-    HWND m_hOwner = nullptr;
-
-private:
-    static BOOL CALLBACK Answer(HWND hWnd, LPARAM lThis)
-    {
-        char szClass[16] = "";
-        GetClassNameA(hWnd, szClass, sizeof szClass);
-        if (std::string(szClass) != "#32770" || !IsWindowVisible(hWnd)) {
-            return TRUE;
-        }
-        auto* pThis = reinterpret_cast<BoxAnswer*>(lThis);
-        char szText[256] = "";
-        GetWindowTextA(hWnd, szText, sizeof szText);
-        pThis->m_sCaption = szText;
-        GetDlgItemTextA(hWnd, 0xFFFF, szText, sizeof szText);
-        pThis->m_sText = szText;
-        pThis->m_hOwner = GetWindow(hWnd, GW_OWNER);
-        PostMessageA(hWnd, WM_COMMAND, static_cast<WPARAM>(pThis->m_nButton), 0);
-        return FALSE;
-    }
-
-    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD)
-    {
-        if (g_pCurrent != nullptr) {
-            EnumThreadWindows(GetCurrentThreadId(), Answer, reinterpret_cast<LPARAM>(g_pCurrent));
-        }
-    }
-
-    static BoxAnswer* g_pCurrent;
-
-    int m_nButton;
-    UINT_PTR m_uTimer = 0;
+    std::string sCaption;
+    std::string sText;
+    HWND hOwner = nullptr;
 };
 
-BoxAnswer* BoxAnswer::g_pCurrent = nullptr;
+ModalDriver::Action Answer(int nButton, ShownBox* pShown = nullptr)
+{
+    return [=](HWND hBox) {
+        if (pShown != nullptr) {
+            pShown->sCaption = Text(VWindow::WindowText(hBox));
+            pShown->sText = BoxText(hBox);
+            pShown->hOwner = GetWindow(hBox, GW_OWNER);
+        }
+        Press(hBox, nButton);
+    };
+}
 
 } // namespace
 
@@ -103,18 +69,22 @@ TEST(MessageBox, AnswersWithTheButton)
 {
     VWindow window;
     ASSERT_TRUE(CreateTestWindow(window));
-    const BoxAnswer answer(IDNO);
+    ShownBox box;
+    ModalDriver driver;
+    driver.Next(Answer(IDNO, &box));
     EXPECT_EQ(MessageBox(window.GetHandle(), "Really?", "Caption", MB_YESNOCANCEL), IDNO);
-    EXPECT_EQ(answer.m_sCaption, "Caption");
-    EXPECT_EQ(answer.m_sText, "Really?");
-    EXPECT_EQ(answer.m_hOwner, window.GetHandle());
+    EXPECT_EQ(box.sCaption, "Caption");
+    EXPECT_EQ(box.sText, "Really?");
+    EXPECT_EQ(box.hOwner, window.GetHandle());
 }
 
 TEST(MessageBox, HasTheApplicationsNameForACaption)
 {
-    const BoxAnswer answer(IDOK);
+    ShownBox box;
+    ModalDriver driver;
+    driver.Next(Answer(IDOK, &box));
     EXPECT_EQ(MessageBox(nullptr, "Done.", MB_OK), IDOK);
-    EXPECT_EQ(answer.m_sCaption, "Window tests");
+    EXPECT_EQ(box.sCaption, "Window tests");
 }
 
 TEST(MessageBox, GivesTheFocusBack)
@@ -127,7 +97,8 @@ TEST(MessageBox, GivesTheFocusBack)
         edit.Create(window.GetHandle(), {0, 0, 50, 20}, WS_CHILD | WS_VISIBLE, "Edit", "", 1));
     edit.SetFocus();
     ASSERT_EQ(GetFocus(), edit.GetHandle());
-    const BoxAnswer answer(IDOK);
+    ModalDriver driver;
+    driver.Next(Answer(IDOK));
     EXPECT_EQ(MessageBox(window.GetHandle(), "Done.", MB_OK), IDOK);
     EXPECT_EQ(GetFocus(), edit.GetHandle());
 }

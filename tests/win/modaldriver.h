@@ -1,0 +1,74 @@
+// ModalDriver: does a test's steps while a modal dialog or a message box is up, whose own loop
+// keeps the test waiting.
+//
+//     ModalDriver driver;
+//     driver.Next([](HWND hDialog) { Press(hDialog, IDC_PUSH); });    // opens a box
+//     driver.Next([](HWND hBox) { Press(hBox, IDYES); });
+//     driver.Again([](HWND hDialog) { Press(hDialog, IDOK); });       // back in the dialog
+//     EXPECT_EQ(dialog.DoModal(nullptr, IDD_TEST), IDOK);
+//
+// A step that does not come within the time fails the test, and so does a dialog that stays up
+// after the last step; what is up is then cancelled, so that the test ends.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class ModalDriver
+{
+public:
+    using Action = std::function<void(HWND hDialog)>;
+    using Condition = std::function<bool(HWND hDialog)>;
+
+    // One at a time. The time counts for each step anew.
+    explicit ModalDriver(DWORD uLimitMs = 10000);
+    ModalDriver(const ModalDriver&) = delete;
+    ModalDriver& operator=(const ModalDriver&) = delete;
+    // Fails the test when a step did not come.
+    ~ModalDriver();
+
+    // Adds a step, run on the foremost dialog (visible, enabled, of this thread) once that is one
+    // which no step has seen yet. An action may send as well as post: the next steps run even in
+    // the loop of a box that is opened before it returns.
+    ModalDriver& Next(Action action);
+    // Once it is one that a step has seen.
+    ModalDriver& Again(Action action);
+    // Once the condition holds for it.
+    ModalDriver& When(Condition condition, Action action);
+
+    bool IsDone() const { return m_uNext == m_steps.size(); }
+
+private:
+    struct Step
+    {
+        Condition condition;
+        Action action;
+    };
+
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
+    void Poll();
+    void GiveUp(HWND hDialog);
+    bool HasSeen(HWND hDialog) const;
+
+    std::vector<Step> m_steps;
+    size_t m_uNext = 0;
+    std::vector<HWND> m_seen;
+    UINT_PTR m_uTimer;
+    DWORD m_uLimitMs;
+    ULONGLONG m_uSince;
+    bool m_bGaveUp = false;
+};
+
+// The foremost dialog or message box of this thread that is visible and enabled; null for none.
+HWND FindForemostDialog();
+
+// Presses a button once the messages before are through.
+void Press(HWND hDialog, int nId);
+// Sets an edit field's text, or a combo box's, as typing does: with its notifications.
+void Type(HWND hDialog, int nId, const char* szText);
+std::string ItemText(HWND hDialog, int nId);
+// The sentence in a message box.
+std::string BoxText(HWND hBox);
