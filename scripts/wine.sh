@@ -51,11 +51,21 @@ require_wine() {
     fi
 }
 
+# Debian's Wine 8 looks for its own fonts beside /usr/share/wine, not in it, and would draw the
+# buttons of captions as digits and letters. The prefix's own folder it searches in any case.
+link_fonts() {
+    local fonts=$WINEPREFIX/drive_c/windows/Fonts
+    mkdir -p "$fonts"
+    # shellcheck disable=SC2016
+    in_wine sh -c 'cd "$1" && find /usr/share/wine/fonts -type f -exec ln -s -t . {} +' sh "$fonts"
+}
+
 make_prefix() {
     local log=$repo/build/logs/wine-$preset.log
     mkdir -p "$repo/build/logs"
     rm -rf "$WINEPREFIX"
-    in_wine wine wineboot -i >"$log" 2>&1 </dev/null || die "no prefix could be made, see $log"
+    link_fonts >"$log" 2>&1 </dev/null || echo "wine.sh: Wine's fonts are not there, see $log" >&2
+    in_wine wine wineboot -i >>"$log" 2>&1 </dev/null || die "no prefix could be made, see $log"
     # In a desktop of Wine's own, captions are drawn and windows activated without a window manager.
     in_wine wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$log" 2>&1
     in_wine wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x900 /f \
