@@ -13,8 +13,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 declare -rA PACKAGES=(
-    [run]="g++ cmake ninja-build"
-    [test]="python3 googletest clang-format clang-tidy
+    [run]="g++ cmake ninja-build libexpat1-dev"
+    [test]="python3 dpkg-dev googletest clang-format clang-tidy
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
             fonts-wine fonts-liberation wine wine64 xvfb"
     [bench]="libbenchmark-dev"
@@ -72,4 +72,6 @@ for group in "$@"; do
     packages+=("${names[@]}")
 done
 provide "${packages[@]}"
+# The Windows builds are among the tests.
+[[ " $* " != *" test "* ]] || scripts/expat.sh
 [[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install
