@@ -29,8 +29,14 @@ bool VDialog::CreateModeless(HWND hParent, UINT uTemplate)
 
 void VDialog::EndWith(INT_PTR nResult)
 {
-    if (IsValid() && GetKind() != V_KIND_PROPERTY_PAGE) {
+    if (!IsValid() || GetKind() == V_KIND_PROPERTY_PAGE) {
+        return;
+    }
+    if (IsModal()) {
         EndDialog(GetHandle(), nResult);
+    } else {
+        // The system would only hide it.
+        DestroyWindow(GetHandle());
     }
 }
 

@@ -21,7 +21,10 @@ public:
     virtual bool UpdateCommands() { return false; }
     // What a modal dialog without a Cancel button ends with when it is closed.
     virtual INT_PTR CancelResult() const { return IDCANCEL; }
-    // Ends a modal dialog; nothing happens to a page, which its sheet ends, or to a dead window.
+    // Whether the dialog runs a loop of its own.
+    virtual bool IsModal() const { return m_bModal; }
+    // Ends the dialog; a modeless one is destroyed. Nothing happens to a page, which its sheet
+    // ends, or to a dead window. The object may be gone afterwards.
     virtual void EndWith(INT_PTR nResult);
     // Both answer whether the dialog may end.
     virtual bool OnCancel() { return true; }
@@ -58,4 +61,10 @@ public:
     void LimitItemText(int nId, int nCharacters);
     // As the keyboard does it: the text of an edit field is selected, the default button follows.
     void FocusItem(int nId);
+
+protected:
+    void SetModal(bool bModal) { m_bModal = bModal; }
+
+private:
+    bool m_bModal = false; // set by DoModal
 };

@@ -150,8 +150,6 @@ public:
     HWND GetHandle() const { return m_hWnd; }
     UINT GetId() const { return m_uId; }
     int32_t GetKind() const { return m_lKind; }
-    // Of a dialog: whether it runs a loop of its own.
-    bool IsModal() const { return m_bModal; }
     VFlagSet& GetFlags() { return m_flags; }
     HACCEL GetAccelerators() const { return m_hAccelerators; }
     void SetAccelerators(HACCEL hAccelerators) { m_hAccelerators = hAccelerators; }
@@ -197,7 +195,6 @@ protected:
     // The MDI client, for the default procedure of frames of that kind.
     void SetMdiClient(HWND hClient) { m_hMdiClient = hClient; }
     VWindow* GetFillChild() const { return m_pFillChild; }
-    void SetModal(bool bModal) { m_bModal = bModal; }
 
 private:
     friend class VDispatcher;
@@ -222,5 +219,4 @@ private:
     VMessageFilter* m_pFilters = nullptr;
     VWindow* m_pFillChild = nullptr; // covers the client area
     HWND m_hMdiClient = nullptr;
-    bool m_bModal = false;
 };

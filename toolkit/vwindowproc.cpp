@@ -1,5 +1,6 @@
 // The one window procedure: from a message to the object's virtual operations.
 
+#include "toolkit/vdialog.h"
 #include "toolkit/vdrawingsurface.h"
 #include "toolkit/vtext.h"
 #include "toolkit/vwindow.h"
@@ -12,6 +13,12 @@ bool HasDialogClass(HWND hWnd)
     char szClass[16] = "";
     GetClassNameA(hWnd, szClass, sizeof szClass);
     return VCompare(szClass, "#32770") == 0;
+}
+
+bool IsModalDialog(const VWindow* pWindow)
+{
+    const auto* pDialog = dynamic_cast<const VDialog*>(pWindow);
+    return pDialog != nullptr && pDialog->IsDialogKind() && pDialog->IsModal();
 }
 
 // The object given when the window was made.
@@ -75,7 +82,7 @@ private:
             m_pWindow->m_hWnd = nullptr;
             return;
         }
-        if (m_pWindow->IsModal()) {
+        if (IsModalDialog(m_pWindow)) {
             EndDialog(m_hWnd, IDCANCEL);
         } else {
             DestroyWindow(m_hWnd);
@@ -235,8 +242,7 @@ private:
             m_pWindow->m_hWnd != nullptr) {
             m_lResult = m_pWindow->DefaultProc(m_hWnd, m_uMessage, m_wParam, m_lParam);
         }
-        if (m_uMessage == WM_INITDIALOG && VWindow::IsLive(m_pWindow) &&
-            m_pWindow->IsDialogKind() && m_pWindow->IsModal()) {
+        if (m_uMessage == WM_INITDIALOG && VWindow::IsLive(m_pWindow) && IsModalDialog(m_pWindow)) {
             m_lResult = 1;
         }
         if (m_uMessage == WM_NCDESTROY && VWindow::IsLive(m_pWindow)) {

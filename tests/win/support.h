@@ -70,8 +70,6 @@ public:
     bool OnPreCreate(CREATESTRUCTA& create) override;
     bool OnInitialize() override;
 
-    using VWindow::SetModal;
-
 private:
     void Note(const std::string& sCall) { m_record.calls.push_back(sCall); }
 

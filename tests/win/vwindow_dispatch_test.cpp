@@ -4,6 +4,7 @@
 
 #include "tests/win/resource.h"
 #include "tests/win/support.h"
+#include "toolkit/vdialog.h"
 #include "toolkit/vwindow.h"
 
 namespace {
@@ -58,26 +59,34 @@ protected:
 };
 
 // A dialog that notes its calls and answers the first command by ending itself.
-class VTestDialog : public VRecordingWindow
+class VTestDialog : public VDialog
 {
 public:
-    VTestDialog(Record& record, bool bModal) : VRecordingWindow(record, V_KIND_DIALOG)
-    {
-        SetModal(bModal);
-    }
+    VTestDialog(Record& record, bool bModal) : m_record(record) { SetModal(bModal); }
 
-    bool OnInitialize() override
+    bool OnInitDialog() override
     {
+        m_record.calls.emplace_back("OnInitDialog");
         Post(WM_COMMAND, IDOK);
-        return VRecordingWindow::OnInitialize();
+        return !m_record.bRefusesInitialize && VDialog::OnInitDialog();
     }
 
-    LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override
+    LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND /*hControl*/) override
     {
+        m_record.calls.push_back("OnCommand(" + std::to_string(uNotifyCode) + "," +
+                                 std::to_string(uId) + ")");
         if (uId == IDOK) {
             EndDialog(GetHandle(), 5);
         }
-        return VRecordingWindow::OnCommand(uNotifyCode, uId, hControl);
+        return V_NOT_HANDLED;
+    }
+
+    void OnDestroy() override { m_record.calls.emplace_back("OnDestroy"); }
+
+    void OnFinalDestroy() override
+    {
+        m_record.calls.emplace_back("OnFinalDestroy");
+        VDialog::OnFinalDestroy();
     }
 
     INT_PTR Run()
@@ -93,6 +102,9 @@ public:
                                   reinterpret_cast<DLGPROC>(&WindowProc),
                                   reinterpret_cast<LPARAM>(static_cast<VWindow*>(this)));
     }
+
+private:
+    Record& m_record;
 };
 
 } // namespace
@@ -291,7 +303,7 @@ TEST(VWindowDispatchDialog, AModalDialogRunsAndEndsWithItsResult)
     VTestDialog dialog(record, true);
     EXPECT_EQ(dialog.Run(), 5);
     const std::string sCalls = record.Take();
-    EXPECT_EQ(sCalls.find("OnInitialize"), 0U) << sCalls;
+    EXPECT_EQ(sCalls.find("OnInitDialog"), 0U) << sCalls;
     EXPECT_NE(sCalls.find("OnCommand(0,1)"), std::string::npos) << sCalls;
     EXPECT_EQ(dialog.GetHandle(), nullptr);
 }
@@ -312,7 +324,7 @@ TEST(VWindowDispatchDialog, ARefusingModelessDialogIsDestroyed)
     HWND hDialog = dialog.Open();
     EXPECT_FALSE(IsWindow(hDialog));
     EXPECT_EQ(dialog.GetHandle(), nullptr);
-    EXPECT_EQ(record.Take(), "OnInitialize OnDestroy OnFinalDestroy");
+    EXPECT_EQ(record.Take(), "OnInitDialog OnDestroy OnFinalDestroy");
 }
 
 TEST(VWindowDispatchDialog, OnlyAModalDialogAnswersOneToItsInitialization)
