@@ -130,6 +130,9 @@
 #define IDC_STATUSBAR 3501
 #define IDC_REBAR 3502
 
+// A control that nobody asks for
+#define IDC_STATIC (-1)
+
 // The About box
 #define IDD_ABOUT 1000
 
