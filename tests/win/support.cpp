@@ -75,10 +75,12 @@ LRESULT VRecordingWindow::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl)
 {
     Note("OnCommand(" + std::to_string(uNotifyCode) + "," + std::to_string(uId) +
          (hControl == nullptr ? ")" : ",control)"));
-    if (m_record.command) {
-        m_record.command(*this);
+    // The command may delete this object; the record outlives it.
+    Record& record = m_record;
+    if (record.command) {
+        record.command(*this);
     }
-    return m_record.lCommand;
+    return record.lCommand;
 }
 
 bool VRecordingWindow::OnPaint(VDrawingSurface& surface)
