@@ -18,7 +18,6 @@ bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const char* szTitle, c
     m_pFrame = &frame;
     m_hMenu = hMenu;
     m_hWindowMenu = hWindowMenu;
-    m_hFrameMenu = GetMenu(frame.GetHandle());
     SetAccelerators(hAccelerators);
     if (!VApplication::RegisterCopy(szClassName) ||
         !Create(frame.GetClient(), rect, uStyle, szClassName, szTitle, 0, WS_EX_MDICHILD)) {
@@ -98,7 +97,7 @@ void VMDIChildWindow::OnMDIActivate(HWND hDeactivated, HWND hActivated)
     } else if (hDeactivated == GetHandle()) {
         if (hActivated == nullptr) {
             m_pFrame->SetAccelerators(m_pFrame->GetFrameAccelerators());
-            TakeOverMenu(m_hFrameMenu, m_pFrame->GetWindowMenu());
+            TakeOverMenu(m_pFrame->GetFrameMenu(), m_pFrame->GetWindowMenu());
         }
         OnDeactivated();
         m_pFrame->OnChildDeactivated(*this);

@@ -47,5 +47,4 @@ private:
     VMDIFrameWindow* m_pFrame = nullptr;
     HMENU m_hMenu = nullptr;
     HMENU m_hWindowMenu = nullptr;
-    HMENU m_hFrameMenu = nullptr; // the frame's own, to go back to
 };

@@ -3,8 +3,16 @@
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdichildwindow.h"
 
+VMDIFrameWindow::~VMDIFrameWindow()
+{
+    if (IsValid() && m_hClient != nullptr) {
+        DestroyWindow(m_hClient);
+    }
+}
+
 bool VMDIFrameWindow::CreateClient(HMENU hWindowMenu, UINT uClientId, UINT uFirstChildId)
 {
+    m_hFrameMenu = GetMenu(GetHandle());
     m_hWindowMenu = hWindowMenu;
     CLIENTCREATESTRUCT client = {hWindowMenu, uFirstChildId};
     CREATESTRUCTA create = {};

@@ -22,6 +22,8 @@ class VMDIFrameWindow : public VFrameWindow
 {
 public:
     VMDIFrameWindow() : VFrameWindow(V_KIND_MDI_FRAME) {}
+    // Ends the documents before the frame they speak to.
+    ~VMDIFrameWindow() override;
 
     // ---- Virtual operations, behind those of VFrameWindow.
 
@@ -35,7 +37,8 @@ public:
 
     bool PreTranslate(MSG& message) override;
 
-    // Makes the window that holds the documents. The window menu gets the list of them.
+    // Makes the window that holds the documents. The window menu gets the list of them; the frame
+    // has its own menu by then.
     bool CreateClient(HMENU hWindowMenu, UINT uClientId, UINT uFirstChildId);
     HWND GetClient() const { return m_hClient; }
 
@@ -54,12 +57,15 @@ public:
     // The accelerators that hold while no document has its own.
     void SetFrameAccelerators(HACCEL hAccelerators);
     HACCEL GetFrameAccelerators() const { return m_hFrameAccelerators; }
+    // The menu and the window list's submenu that hold while no document has its own.
+    HMENU GetFrameMenu() const { return m_hFrameMenu; }
     HMENU GetWindowMenu() const { return m_hWindowMenu; }
 
 private:
     void Step(bool bBack);
 
     HWND m_hClient = nullptr;
+    HMENU m_hFrameMenu = nullptr;
     HMENU m_hWindowMenu = nullptr;
     HACCEL m_hFrameAccelerators = nullptr;
     UINT m_auArrange[V_ARRANGE_COUNT] = {};
