@@ -5,7 +5,9 @@
 set -euo pipefail
 
 readonly ICON_SIZES=(16 20 24 32 40 48 64 256)
-readonly BITMAPS=(splash heading_cleared heading_tag mark_tax mark_expense mark_voided mark_cleared)
+readonly BITMAPS=(splash heading_cleared heading_tag mark_tax mark_expense mark_voided mark_cleared
+    sign_tax sign_expense sign_voided sign_cleared arrow_strip)
+readonly ALPHA_BITMAPS=(button_add arrow_first arrow_previous arrow_next arrow_last)
 readonly BITMAP_HEADERS=54
 
 repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -48,19 +50,27 @@ write_opaque_bitmap() {
         "BMP3:$out/$1.bmp"
 }
 
-# One strip for an image list of ILC_COLOR32. Its alpha is straight: the list multiplies it into the
-# colours itself, and a strip that came multiplied would show dark edges.
-write_toolbar() {
-    local source names=()
-    for source in "$art"/toolbar_*.svg; do
-        names+=("$(basename "$source" .svg)")
-        render "${names[-1]}"
+# write_alpha_bitmap TARGET NAME...: one strip of pictures of 16 by 16, for an image list of
+# ILC_COLOR32. Its alpha is straight: the list multiplies it into the colours itself, and one that
+# came multiplied would show dark edges.
+write_alpha_bitmap() {
+    local target=$1 name names=("${@:2}")
+    for name in "${names[@]}"; do
+        render "$name"
     done
     local width=$((16 * ${#names[@]}))
     {
         bitmap_headers "$width" 16 $((width * 16 * 4))
         convert "${names[@]/%/.png}" +append -flip -depth 8 bgra:-
-    } >"$out/toolbar.bmp"
+    } >"$out/$target.bmp"
+}
+
+write_toolbar() {
+    local source names=()
+    for source in "$art"/toolbar_*.svg; do
+        names+=("$(basename "$source" .svg)")
+    done
+    write_alpha_bitmap toolbar "${names[@]}"
 }
 
 # The largest size is stored as PNG, the others as bitmaps with alpha and mask.
@@ -82,5 +92,8 @@ write_icon document
 write_toolbar
 for name in "${BITMAPS[@]}"; do
     write_opaque_bitmap "$name"
+done
+for name in "${ALPHA_BITMAPS[@]}"; do
+    write_alpha_bitmap "$name" "$name"
 done
 echo "render_art: $(find "$out" -name '*.bmp' -o -name '*.ico' | wc -l) pictures in $out"

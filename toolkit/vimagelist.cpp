@@ -14,6 +14,11 @@ int VImageList::Add(HBITMAP hBitmap, HBITMAP hMask)
     return m_hList == nullptr ? -1 : ImageList_Add(m_hList, hBitmap, hMask);
 }
 
+int VImageList::AddMasked(HBITMAP hBitmap, COLORREF crMask)
+{
+    return m_hList == nullptr ? -1 : ImageList_AddMasked(m_hList, hBitmap, crMask);
+}
+
 bool VImageList::Draw(int nIndex, VDrawingSurface& surface, int x, int y, UINT uStyle) const
 {
     return m_hList != nullptr &&
@@ -35,5 +40,22 @@ void VImageList::Destroy()
     if (m_hList != nullptr) {
         ImageList_Destroy(m_hList);
         m_hList = nullptr;
+    }
+}
+
+bool VIcon::Create(const VImageList& list, int nIndex)
+{
+    Destroy();
+    if (nIndex >= 0 && nIndex < list.GetImageCount()) {
+        m_hIcon = ImageList_GetIcon(list.GetHandle(), nIndex, ILD_NORMAL);
+    }
+    return m_hIcon != nullptr;
+}
+
+void VIcon::Destroy()
+{
+    if (m_hIcon != nullptr) {
+        DestroyIcon(m_hIcon);
+        m_hIcon = nullptr;
     }
 }
