@@ -35,6 +35,16 @@ const QMColumnInfo& QMGetColumnInfo(QMColumn column)
     return aColumns[column];
 }
 
+bool QMIsColumnShown(const QMAccountHeader& header, uint32_t uColumn)
+{
+    for (const QMColumnInfo& info : aColumns) {
+        if (info.uMask == uColumn && info.pShown != nullptr) {
+            return header.*info.pShown != 0;
+        }
+    }
+    return false;
+}
+
 QMColumnTable::QMColumnTable()
 {
     std::fill(std::begin(m_aIndex), std::end(m_aIndex), -1);

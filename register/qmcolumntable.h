@@ -55,6 +55,9 @@ struct QMColumnInfo
 
 const QMColumnInfo& QMGetColumnInfo(QMColumn column);
 
+// By the column's bit; false for one that is no column's.
+bool QMIsColumnShown(const QMAccountHeader& header, uint32_t uColumn);
+
 // How a register shows its columns at the moment.
 class QMColumnTable
 {
