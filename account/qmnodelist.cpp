@@ -1,6 +1,7 @@
 #include "account/qmnodelist.h"
 
 #include <cstdlib>
+#include <utility>
 
 QMNodeList::~QMNodeList()
 {
@@ -66,6 +67,16 @@ void QMNodeList::Clear()
     m_pHead = m_pCurrent = m_pTail = nullptr;
     m_lPosition = 0;
     m_lCount = 0;
+}
+
+void QMNodeList::TakeNodesFrom(QMNodeList& other)
+{
+    Clear();
+    std::swap(m_pHead, other.m_pHead);
+    std::swap(m_pCurrent, other.m_pCurrent);
+    std::swap(m_pTail, other.m_pTail);
+    std::swap(m_lPosition, other.m_lPosition);
+    std::swap(m_lCount, other.m_lCount);
 }
 
 bool QMNodeList::CopyCurrentTo(QMListNode& node) const

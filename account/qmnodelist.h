@@ -87,6 +87,10 @@ protected:
     // Sets the cursor on a node of this list whose position the caller knows.
     void SetCursor(QMListNode* pNode, int32_t lPosition);
 
+    // Deletes all nodes here and takes over the other list's nodes and cursor; the other is then
+    // empty.
+    void TakeNodesFrom(QMNodeList& other);
+
     // Relinks the nodes in the order that nodeAt(position) names, each of them once. The cursor
     // stays on its node and takes that node's new position.
     template <class F>

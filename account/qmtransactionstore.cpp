@@ -62,6 +62,14 @@ bool QMTransactionStore::AssignFrom(const QMNodeList& other)
     return filler.Finish() && bDone;
 }
 
+void QMTransactionStore::TakeFrom(QMTransactionStore& other)
+{
+    if (&other != this) {
+        TakeNodesFrom(other);
+        m_lSortMode = other.m_lSortMode;
+    }
+}
+
 int32_t QMTransactionStore::Add(std::unique_ptr<QMTransaction> pTransaction)
 {
     if (pTransaction == nullptr || (!IsEmpty() && GetCurrentNode() == nullptr)) {

@@ -27,6 +27,10 @@ public:
     // memory, and when the other list is no store.
     bool AssignFrom(const QMNodeList& other) override;
 
+    // The same result for a store that is in order, without a copy: the transactions move over and
+    // the other store is empty afterwards.
+    void TakeFrom(QMTransactionStore& other);
+
     // Puts a transaction in its place and sets the cursor on it. Returns its position; -1 when it
     // is null or when the store holds transactions but has no cursor: it is then deleted.
     int32_t Add(std::unique_ptr<QMTransaction> pTransaction);

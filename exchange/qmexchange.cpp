@@ -1,0 +1,78 @@
+#include "exchange/qmexchange.h"
+
+#include <cstring>
+
+#include "exchange/qmcsvformat.h"
+#include "exchange/qmqifformat.h"
+#include "exchange/qmxmlformat.h"
+#include "toolkit/vtext.h"
+
+namespace {
+
+constexpr struct
+{
+    const char* szExtension;
+    QMExchangeKind kind;
+} aExtensions[] = {
+    {".qif", QMExchangeKind::Qif},
+    {".csv", QMExchangeKind::Csv},
+    {".xml", QMExchangeKind::Xml},
+    {".txt", QMExchangeKind::Text},
+};
+
+} // namespace
+
+QMExchangeKind QMKindOfPath(const char* szPath)
+{
+    const char* szTail = szPath == nullptr ? nullptr : strrchr(szPath, '.');
+    if (szTail != nullptr) {
+        for (const auto& entry : aExtensions) {
+            if (VCompareNoCase(szTail, entry.szExtension) == 0) {
+                return entry.kind;
+            }
+        }
+    }
+    return QMExchangeKind::None;
+}
+
+bool QMImportFile(const char* szPath, QMTransactionStore& store)
+{
+    switch (QMKindOfPath(szPath)) {
+        case QMExchangeKind::Qif:
+            return QMQifFormat().Import(szPath, store);
+        case QMExchangeKind::Csv:
+            return QMCsvFormat().Import(szPath, store);
+        case QMExchangeKind::Xml:
+            return QMXmlFormat().Import(szPath, store);
+        default:
+            return false;
+    }
+}
+
+bool QMExportFile(const char* szPath, QMTransactionStore& store)
+{
+    switch (QMKindOfPath(szPath)) {
+        case QMExchangeKind::Qif:
+            return QMQifFormat().Export(szPath, store);
+        case QMExchangeKind::Csv:
+            return QMCsvFormat().Export(szPath, store);
+        case QMExchangeKind::Xml:
+            return QMXmlFormat().Export(szPath, store);
+        default:
+            return false;
+    }
+}
+
+const char* QMExportObstacle(QMExchangeKind kind, const QMTransactionStore& store)
+{
+    const QMTransaction* pLast = nullptr;
+    store.ForEach([&](const QMTransaction& transaction) { pLast = &transaction; });
+    if (pLast == nullptr) {
+        return "the account has no transactions";
+    }
+    if (kind == QMExchangeKind::Qif && pLast->HasFlag(QM_TRANS_FLAG_VOIDED)) {
+        return "the last transaction is voided, and a QIF file cannot end with one that it leaves "
+               "out";
+    }
+    return nullptr;
+}

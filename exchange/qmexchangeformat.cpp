@@ -1,0 +1,90 @@
+#include "exchange/qmexchangeformat.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "account/qmmoney.h"
+#include "toolkit/vtext.h"
+
+namespace {
+
+int32_t SettledType(const QMTransaction& transaction)
+{
+    if (transaction.fAmount > 0) {
+        return transaction.IsCreditType() ? transaction.lType : QM_TRANS_DEPOSIT;
+    }
+    if (transaction.lType == QM_TRANS_CHECK && transaction.lNumber == 0) {
+        return QM_TRANS_WITHDRAWAL;
+    }
+    const bool bStays = transaction.IsDebitType() || transaction.lType == QM_TRANS_INTEREST_PAID;
+    return bStays ? transaction.lType : QM_TRANS_WITHDRAWAL;
+}
+
+} // namespace
+
+void QMSettleRecord(QMTransaction& transaction)
+{
+    transaction.lType = SettledType(transaction);
+    if (QMDateIsAfter(transaction.dtDate, transaction.dtCleared)) {
+        transaction.dtCleared = transaction.dtDate;
+    }
+    transaction.fAmount = std::fabs(transaction.fAmount);
+}
+
+QMSignedAmount::QMSignedAmount(const QMTransaction& transaction)
+{
+    char* pDigits = szText;
+    if (transaction.IsDebitType()) {
+        *pDigits++ = '-';
+    }
+    QMFormatMoney(transaction.GetRoundedAmount(), 0, pDigits, sizeof szText - 1);
+}
+
+bool QMExchangeFormat::Import(const char* szPath, QMTransactionStore& store)
+{
+    m_records.Begin();
+    ResetPending();
+    if (!Read(szPath, true, 0)) {
+        storeTemp.Clear();
+        return false;
+    }
+    return m_records.HandOver(store);
+}
+
+bool QMExchangeFormat::Export(const char* /*szPath*/, QMTransactionStore& /*store*/)
+{
+    return true;
+}
+
+void QMExchangeFormat::Commit()
+{
+    QMSettleRecord(txPending);
+    m_records.Add(txPending);
+    ResetPending();
+}
+
+void QMExchangeFormat::ResetPending()
+{
+    txPending.SetDefaults();
+    // A number tells a check from a withdrawal, so there is none until the file names one.
+    txPending.lNumber = 0;
+}
+
+void QMExchangeFormat::ParsePayee(const char* szPayee)
+{
+    const int32_t lType = LookupTypeName(szPayee);
+    if (lType < 0) {
+        if (*szPayee != '\0') {
+            VCopyText(txPending.szDescription, szPayee);
+        }
+        return;
+    }
+    txPending.lType = lType;
+    char szShown[QM_FIELD_TEXT_SIZE];
+    const int32_t lShown = txPending.FormatField(QM_FIELD_DESCRIPTION, szShown, true, 0);
+    const auto uShown = static_cast<size_t>(lShown);
+    // The dash between label and description stays in front of what is kept.
+    if (lType != QM_TRANS_CHECK && strlen(szPayee) > uShown) {
+        VCopyText(txPending.szDescription, szPayee + uShown);
+    }
+}

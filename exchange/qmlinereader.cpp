@@ -1,0 +1,31 @@
+#include "exchange/qmlinereader.h"
+
+#include "exchange/qmlinefile.h"
+
+bool QMLineReader::ParseLine(char* /*szText*/, int32_t /*lLine*/, int32_t /*lLength*/)
+{
+    return true;
+}
+
+bool QMLineReader::Read(const char* szPath, bool bDeliverBlank, int32_t nMaxLine)
+{
+    QMLineFile file;
+    const QMTextEncoding encoding = file.Open(szPath, nMaxLine);
+    if (encoding == QM_TEXT_BAD_ARGUMENT || encoding == QM_TEXT_UNREADABLE) {
+        return false;
+    }
+    bool bDelivered = false;
+    int32_t lLength = 0;
+    int32_t lLine = 1;
+    for (char* szText = file.ReadLine(lLength); szText != nullptr;
+         szText = file.ReadLine(lLength), ++lLine) {
+        if (lLength == 0 && !bDeliverBlank) {
+            continue;
+        }
+        bDelivered = true;
+        if (!ParseLine(lLength == 0 ? nullptr : szText, lLine, lLength)) {
+            break;
+        }
+    }
+    return bDelivered;
+}

@@ -1,0 +1,227 @@
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <new>
+
+#include "exchange/qmstdiofile.h"
+#include "exchange/qmxmlformat.h"
+#include "toolkit/vtext.h"
+
+namespace {
+
+constexpr int32_t lNone = -1;
+
+// Longer than any field, so that no more of a piece is of use.
+constexpr uint32_t uMaxPiece = 256;
+
+struct WholeFile
+{
+    std::unique_ptr<char[]> pBytes;
+    int32_t lSize = 0;
+};
+
+// Nothing when the file is empty, cannot be read or is too large for one parse.
+WholeFile ReadFile(const char* szPath)
+{
+    WholeFile whole;
+    const QMStdioFile pFile = QMOpenForReading(szPath);
+    if (pFile == nullptr || fseek(pFile.get(), 0, SEEK_END) != 0) {
+        return whole;
+    }
+    const long lSize = ftell(pFile.get());
+    if (lSize <= 0 || lSize > std::numeric_limits<int32_t>::max() ||
+        fseek(pFile.get(), 0, SEEK_SET) != 0) {
+        return whole;
+    }
+    const auto uSize = static_cast<size_t>(lSize);
+    whole.pBytes.reset(new (std::nothrow) char[uSize]);
+    if (whole.pBytes != nullptr && fread(whole.pBytes.get(), 1, uSize, pFile.get()) == uSize) {
+        whole.lSize = static_cast<int32_t>(lSize);
+    }
+    return whole;
+}
+
+bool IsTransaction(const char* szName)
+{
+    return VCompareNoCase(szName, "transaction") == 0;
+}
+
+// Calls f(value) for each attribute called "type".
+template <class F>
+void ForEachType(const char** aszAttributes, F f)
+{
+    for (; aszAttributes[0] != nullptr; aszAttributes += 2) {
+        if (VCompareNoCase(aszAttributes[0], "type") == 0) {
+            f(aszAttributes[1]);
+        }
+    }
+}
+
+} // namespace
+
+bool QMXmlFormat::Import(const char* szPath, QMTransactionStore& store)
+{
+    Begin();
+    const WholeFile whole = ReadFile(szPath);
+    if (whole.lSize == 0 || !Parse(whole.pBytes.get(), whole.lSize)) {
+        // Of a damaged document not even the complete records are kept.
+        storeTemp.Clear();
+        return false;
+    }
+    return m_records.HandOver(store);
+}
+
+void QMXmlFormat::Begin()
+{
+    // Unlike the text formats this one leaves the number at that of a new transaction.
+    txPending.SetDefaults();
+    m_records.Begin();
+    nCurrentType = nCurrentRole = nCurrentTag = lNone;
+    strText.Clear(false);
+}
+
+void QMXmlFormat::OnStartElement(const char* szName, const char** aszAttributes)
+{
+    if (IsTransaction(szName)) {
+        StartTransaction(aszAttributes);
+    } else if (nCurrentType != lNone) {
+        StartField(szName, aszAttributes);
+    }
+}
+
+// One of an unknown type is passed over with all that stands in it.
+void QMXmlFormat::StartTransaction(const char** aszAttributes)
+{
+    ForEachType(aszAttributes, [&](const char* szValue) {
+        const int32_t lType = LookupTypeName(szValue);
+        if (lType >= 0) {
+            txPending.lType = nCurrentType = lType;
+        }
+    });
+}
+
+void QMXmlFormat::StartField(const char* szName, const char** aszAttributes)
+{
+    nCurrentRole = LookupFieldName(szName);
+    if (nCurrentRole != QM_ROLE_TAG) {
+        nCurrentTag = lNone;
+    } else if (VCompareNoCase(szName, "tag") == 0) {
+        ForEachType(aszAttributes, [&](const char* szValue) { SetTag(LookupFieldName(szValue)); });
+    }
+}
+
+void QMXmlFormat::SetTag(int32_t lRole)
+{
+    nCurrentTag = lRole;
+    switch (lRole) {
+        case QM_ROLE_VOIDED:
+            txPending.SetTag(QM_TRANS_FLAG_VOIDED);
+            break;
+        case QM_ROLE_TAX:
+            txPending.SetTag(QM_TRANS_FLAG_TAX);
+            break;
+        case QM_ROLE_EXPENSE:
+            txPending.SetTag(QM_TRANS_FLAG_EXPENSE);
+            break;
+        case QM_ROLE_CLEARED:
+            txPending.lFlags &= ~QM_TRANS_FLAG_NOT_CLEARED;
+            break;
+        default:
+            break;
+    }
+}
+
+void QMXmlFormat::OnCharacterData(const char* pText, int32_t lLength)
+{
+    // White space between elements comes as single characters; so does a blank between two
+    // entities, which is lost with it.
+    const bool bBlank = lLength == 1 && VIsSpace(*pText);
+    if (nCurrentRole == lNone || lLength <= 0 || bBlank) {
+        return;
+    }
+    char szPiece[uMaxPiece + 1];
+    const size_t uLength = std::min(static_cast<size_t>(lLength), size_t{uMaxPiece});
+    memcpy(szPiece, pText, uLength);
+    szPiece[uLength] = '\0';
+    switch (nCurrentRole) {
+        case QM_ROLE_DATE:
+            txPending.ParseDate(szPiece);
+            break;
+        case QM_ROLE_NUMBER:
+            txPending.ParseNumber(szPiece);
+            break;
+        case QM_ROLE_AMOUNT:
+            txPending.ParseAmount(szPiece);
+            break;
+        case QM_ROLE_DESCRIPTION:
+        case QM_ROLE_MEMO:
+        case QM_ROLE_CATEGORY:
+            GatherText(szPiece);
+            break;
+        case QM_ROLE_TAG:
+            if (nCurrentTag == QM_ROLE_CLEARED || nCurrentTag == QM_ROLE_DATE_CLEARED) {
+                txPending.ParseClearedDate(szPiece);
+            }
+            break;
+        default:
+            break;
+    }
+}
+
+// What no field could hold is not gathered.
+void QMXmlFormat::GatherText(const char* szPiece)
+{
+    if (strText.GetLength() < uMaxPiece && !strText.Append(szPiece)) {
+        m_records.SetIncomplete();
+    }
+}
+
+void QMXmlFormat::OnEndElement(const char* szName)
+{
+    if (nCurrentType == lNone) {
+        return;
+    }
+    if (IsTransaction(szName)) {
+        EndTransaction();
+    } else {
+        EndField();
+    }
+}
+
+void QMXmlFormat::EndField()
+{
+    const char* szText = strText.GetText();
+    if (strText.IsEmpty()) {
+        // A field without a text keeps what it has.
+    } else if (nCurrentRole == QM_ROLE_DESCRIPTION) {
+        VCopyText(txPending.szDescription, szText);
+    } else if (nCurrentRole == QM_ROLE_MEMO) {
+        VCopyText(txPending.szMemo, szText);
+    } else if (nCurrentRole == QM_ROLE_CATEGORY) {
+        VCopyText(txPending.szCategory, szText);
+    }
+    nCurrentRole = lNone;
+    strText.Clear(false);
+}
+
+void QMXmlFormat::EndTransaction()
+{
+    m_records.Add(txPending);
+    txPending.SetDefaults();
+    nCurrentType = lNone;
+}
+
+// Windows-1252 is read as if it were ISO-8859-1: its characters from 128 to 159 come out as
+// control characters.
+int32_t QMXmlFormat::OnUnknownEncoding(const char* szName, XML_Encoding* pEncoding)
+{
+    if (VCompareNoCase(szName, "Windows-1252") != 0) {
+        return 0;
+    }
+    int nValue = 0;
+    for (int& nCharacter : pEncoding->map) {
+        nCharacter = nValue++;
+    }
+    return 1;
+}
