@@ -22,9 +22,11 @@ INT_PTR VDialog::DoModal(HWND hParent, UINT uTemplate, HINSTANCE hInstance)
 bool VDialog::CreateModeless(HWND hParent, UINT uTemplate)
 {
     SetModal(false);
-    return CreateDialogParamA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(uTemplate),
-                              hParent, reinterpret_cast<DLGPROC>(&WindowProc),
-                              reinterpret_cast<LPARAM>(this)) != nullptr;
+    HWND hDialog = CreateDialogParamA(
+        GetApplication().GetResourceModule(), MAKEINTRESOURCEA(uTemplate), hParent,
+        reinterpret_cast<DLGPROC>(&WindowProc), reinterpret_cast<LPARAM>(this));
+    // Not every system notices a dialog that was refused, and so destroyed, on its way.
+    return hDialog != nullptr && IsWindow(hDialog);
 }
 
 void VDialog::EndWith(INT_PTR nResult)

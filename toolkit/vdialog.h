@@ -65,6 +65,14 @@ public:
 protected:
     void SetModal(bool bModal) { m_bModal = bModal; }
 
+    // What OnNotify returns to give the sender of a notification a value: a dialog's procedure says
+    // only whether it took the message, the value stands in the window.
+    LRESULT AnswerNotification(LRESULT lValue)
+    {
+        SetLong(DWLP_MSGRESULT, lValue);
+        return TRUE;
+    }
+
 private:
     bool m_bModal = false; // set by DoModal
 };

@@ -118,13 +118,6 @@ bool VFileDialog::NextPath(VString& sPath)
     return true;
 }
 
-// The system asks whether the notification was handled; the value stands in the window.
-LRESULT VFileDialog::Answer(LRESULT lValue)
-{
-    SetLong(DWLP_MSGRESULT, lValue);
-    return TRUE;
-}
-
 LRESULT VFileDialog::OnNotify(UINT /*uId*/, NMHDR* pHeader)
 {
     const auto* pNotice = reinterpret_cast<const OFNOTIFYA*>(pHeader);
@@ -145,9 +138,9 @@ LRESULT VFileDialog::OnNotify(UINT /*uId*/, NMHDR* pHeader)
             OnFilterChange(pNotice->lpOFN->nFilterIndex);
             return 0;
         case CDN_FILEOK:
-            return Answer(OnFileOK(pNotice->lpOFN->lpstrFile) ? 0 : 1);
+            return AnswerNotification(OnFileOK(pNotice->lpOFN->lpstrFile) ? 0 : 1);
         case CDN_SHAREVIOLATION:
-            return Answer(OnShareViolation(pNotice->pszFile));
+            return AnswerNotification(OnShareViolation(pNotice->pszFile));
         default:
             return V_NOT_HANDLED;
     }

@@ -53,8 +53,6 @@ public:
 private:
     VString InitialDirectory(const char* szDirectory) const;
     bool TakeNames(const OPENFILENAMEA& record);
-    LRESULT Answer(LRESULT lValue);
-
     VString m_sFilterText; // pairs of description and pattern, with a line feed behind each
     VString m_sFileName;
     VString m_sFileTitle; // the names of a multiple selection, with a tab between

@@ -21,13 +21,6 @@ PROPSHEETPAGEA VPropertyPage::MakeRecord()
     return record;
 }
 
-// A dialog's procedure says only whether it took the message; the value stands in the window.
-LRESULT VPropertyPage::Answer(LRESULT lValue)
-{
-    SetLong(DWLP_MSGRESULT, lValue);
-    return TRUE;
-}
-
 LRESULT VPropertyPage::OnNotify(UINT /*uId*/, NMHDR* pHeader)
 {
     switch (pHeader->code) {
@@ -35,15 +28,15 @@ LRESULT VPropertyPage::OnNotify(UINT /*uId*/, NMHDR* pHeader)
             OnHelp();
             return 0;
         case PSN_KILLACTIVE:
-            return Answer(OnKillActive());
+            return AnswerNotification(OnKillActive());
         case PSN_SETACTIVE:
-            return Answer(OnSetActive());
+            return AnswerNotification(OnSetActive());
         case PSN_WIZBACK:
-            return Answer(OnWizardBack() ? 0 : -1);
+            return AnswerNotification(OnWizardBack() ? 0 : -1);
         case PSN_WIZNEXT:
-            return Answer(OnWizardNext() ? 0 : -1);
+            return AnswerNotification(OnWizardNext() ? 0 : -1);
         case PSN_WIZFINISH:
-            return Answer(OnWizardFinish());
+            return AnswerNotification(OnWizardFinish());
         default:
             return V_NOT_HANDLED;
     }

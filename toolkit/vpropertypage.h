@@ -37,8 +37,6 @@ public:
     VPropertyPage* m_pNextPage = nullptr; // link of the sheet's list, which alone touches it
 
 private:
-    LRESULT Answer(LRESULT lValue);
-
     UINT m_uTemplate = 0;
     HINSTANCE m_hTemplateModule = nullptr; // null for the application's resource module
 };

@@ -66,6 +66,7 @@ public:
             return HasDialogClass(m_hWnd) ? 0
                                           : DefWindowProcA(m_hWnd, m_uMessage, m_wParam, m_lParam);
         }
+        m_bDialog = m_pWindow->IsDialogKind();
         if (RunFilters() && Dispatch()) {
             return m_lResult;
         }
@@ -129,14 +130,15 @@ private:
                 Paint();
                 break;
             case WM_CLOSE:
-                m_lResult = 0;
+                // Unanswered, the system would press Cancel in a dialog once more.
+                Answer(0);
                 Close(false);
                 break;
             case WM_QUERYENDSESSION:
-                m_lResult = Close(false) ? 1 : 0;
+                Answer(Close(false) ? 1 : 0);
                 break;
             case WM_ENDSESSION:
-                m_lResult = 0;
+                Answer(0);
                 Close(true);
                 break;
             case WM_ERASEBKGND:
@@ -184,7 +186,7 @@ private:
     void Answer(LRESULT lValue)
     {
         m_lResult = lValue;
-        if (m_pWindow->IsDialogKind()) {
+        if (m_bDialog) {
             SetWindowLongPtrA(m_hWnd, DWLP_MSGRESULT, lValue);
             m_lResult = TRUE;
         }
@@ -259,6 +261,7 @@ private:
     WPARAM m_wParam;
     LPARAM m_lParam;
     VWindow* m_pWindow = nullptr;
+    bool m_bDialog = false; // of a dialog kind, also when the object is gone
     LRESULT m_lResult = V_NOT_HANDLED;
 };
 

@@ -117,7 +117,11 @@ void Press(HWND hDialog, int nId)
 void Type(HWND hDialog, int nId, const char* szText)
 {
     HWND hItem = GetDlgItem(hDialog, nId);
-    // A combo box sends no word of a text that is set from outside; its edit field does.
+    // A combo box sends no word of a text that is set from outside; its edit field does. It may lie
+    // in a box of icons and texts.
+    if (HWND hBox = FindWindowExA(hItem, nullptr, "ComboBox", nullptr)) {
+        hItem = hBox;
+    }
     HWND hEdit = FindWindowExA(hItem, nullptr, "Edit", nullptr);
     SetWindowTextA(hEdit == nullptr ? hItem : hEdit, szText);
 }

@@ -9,6 +9,11 @@
 #define IDC_EDIT 131
 #define IDC_PUSH 132
 #define IDC_CHECK 133
+#define IDD_OK_CANCEL 135 // a dialog with an edit field, a combo box, a check box, OK and Cancel
+#define IDD_PAGE_ONE 136  // pages of a sheet, titled One, Two and Three, each with an edit field
+#define IDD_PAGE_TWO 137
+#define IDD_PAGE_THREE 138
+#define IDC_COMBO 139
 #define IDS_SHORT 140
 #define IDS_ACCENTS 141
 #define IDS_4095 142
