@@ -15,6 +15,19 @@ constexpr DWORD uRopSelected = 0xBB0226;
 constexpr uint32_t uAllLines = QM_GRID_SHADED | QM_GRID_HORIZONTAL | QM_GRID_VERTICAL;
 constexpr uint32_t uMarks = QM_DECOR_TAX | QM_DECOR_EXPENSE | QM_DECOR_VOIDED | QM_DECOR_CLEARED;
 
+int Format(QMAlignment alignment)
+{
+    switch (alignment) {
+        case QMAlignment::Left:
+            return LVCFMT_LEFT;
+        case QMAlignment::Right:
+            return LVCFMT_RIGHT;
+        case QMAlignment::Centre:
+            break;
+    }
+    return LVCFMT_CENTER;
+}
+
 bool IsOdd(int nNumber)
 {
     return (nNumber & 1) != 0;
@@ -45,6 +58,11 @@ bool QMGridList::OnCreate()
 uint32_t QMGridList::GetRowDecoration(int nRow) const
 {
     return static_cast<uint32_t>(GetItemData(nRow));
+}
+
+int QMGridList::InsertColumn(int nColumn, const char* szHeading, QMAlignment alignment, int nWidth)
+{
+    return VListControl::InsertColumn(nColumn, szHeading, Format(alignment), nWidth);
 }
 
 void QMGridList::SetLineFlag(uint32_t uBit, bool bOn)

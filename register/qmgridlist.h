@@ -23,6 +23,9 @@ public:
 
     LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
 
+    // The index of the new column; -1 on failure.
+    int InsertColumn(int nColumn, const char* szHeading, QMAlignment alignment, int nWidth);
+
     void SetLineFlag(uint32_t uBit, bool bOn);
     uint32_t GetLineFlags() const { return m_nGridFlags; }
     void SetBalanceColors(COLORREF crPositive, COLORREF crNegative);

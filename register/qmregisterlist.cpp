@@ -5,23 +5,6 @@
 
 #include "resources/resource.h"
 
-namespace {
-
-int Format(QMAlignment alignment)
-{
-    switch (alignment) {
-        case QMAlignment::Left:
-            return LVCFMT_LEFT;
-        case QMAlignment::Right:
-            return LVCFMT_RIGHT;
-        case QMAlignment::Centre:
-            break;
-    }
-    return LVCFMT_CENTER;
-}
-
-} // namespace
-
 bool QMRegisterList::CreateList(VWindow& parent, UINT uId)
 {
     constexpr DWORD uStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | LVS_REPORT |
@@ -90,8 +73,8 @@ bool QMRegisterList::RebuildColumns(const QMColumnTable& columns)
         const auto column = static_cast<QMColumn>(i);
         if (columns.IsVisible(column)) {
             const QMColumnInfo& info = QMGetColumnInfo(column);
-            bDone = InsertColumn(columns.GetListIndex(column), info.szHeading,
-                                 Format(info.alignment), columns.GetWidth(column)) >= 0;
+            bDone = InsertColumn(columns.GetListIndex(column), info.szHeading, info.alignment,
+                                 columns.GetWidth(column)) >= 0;
         }
     }
     SetHeadingPicture(columns.GetListIndex(QM_ENTRY_CLEARED), m_headingCleared);
@@ -139,7 +122,7 @@ void QMRegisterList::AdjustFillerColumn()
     }
     m_bChangesColumns = true;
     DeleteColumn(nFiller);
-    InsertColumn(nFiller + 1, "", LVCFMT_CENTER, nWidth);
+    InsertColumn(nFiller + 1, "", QMAlignment::Centre, nWidth);
     m_bChangesColumns = false;
 }
 

@@ -182,6 +182,7 @@
 #define IDD_IMPORT 2201
 #define IDC_IMPORT_ALL 2202
 #define IDC_IMPORT_CLEARALL 2203
+#define IDC_IMPORT_LIST 2204
 #define IDC_IMPORT_IMPORT 1918
 
 // The MDI client window, and the first of its children
