@@ -1,11 +1,14 @@
 #include "register/qmregisterwindow.h"
 
 #include "account/qmsystemfont_win.h"
+#include "entry/qmtransactiondialog.h"
+#include "exchange/qmexchange.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vmessages.h"
 #include "toolkit/vtext.h"
+#include "tools/qmpassworddialog.h"
 
 namespace {
 
@@ -42,8 +45,13 @@ void QMRegisterWindow::Document::OnTitleChanged()
 }
 
 QMRegisterWindow::QMRegisterWindow(const QMRegisterOptions& options)
-    : m_options(options), m_document(*this), m_model(m_document, m_list)
+    : m_options(options),
+      m_document(*this),
+      m_model(m_document, m_list),
+      m_operations(m_document, m_list, m_model, *this)
 {
+    m_operations.SetConfirmRemove(options.bConfirmRemove);
+    m_operations.SetSortEditLists(options.bSortEditLists);
     m_model.SetIncludeUncleared(options.bIncludeUncleared);
     m_model.SetPeriodFilter(options.bPeriodFilter, false);
     m_list.SetBalanceColors(options.crBalancePositive, options.crBalanceNegative);
@@ -59,8 +67,7 @@ bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullNam
     if (m_document.GetFileName().IsEmpty()) {
         return false;
     }
-    // Without a way to ask for it a password cannot be given.
-    if (!bIsNew && (!account.Read() || account.header.szPassword[0] != '\0')) {
+    if (!bIsNew && (!account.Read() || !AskForPassword(frame))) {
         return false;
     }
     CreatePointFont(m_font, account.header.szFontFace, account.header.lFontSize,
@@ -72,6 +79,15 @@ bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullNam
     // anew, on some systems.
     SetText(szTitle);
     return true;
+}
+
+bool QMRegisterWindow::AskForPassword(const VWindow& owner)
+{
+    const VString sPassword(m_document.GetAccount()->header.szPassword,
+                            sizeof m_document.GetAccount()->header.szPassword);
+    QMPasswordDialog dialog;
+    return sPassword.IsEmpty() ||
+           dialog.DoModal(owner.GetHandle(), sPassword.GetText(), GetFileName().GetText()) == IDOK;
 }
 
 bool QMRegisterWindow::OnCreate()
@@ -140,6 +156,11 @@ LRESULT QMRegisterWindow::OnNotify(UINT /*uId*/, NMHDR* pHeader)
     }
     if (pHeader->hwndFrom == m_list.GetHandle()) {
         FollowFocus();
+        if (pHeader->code == NM_CLICK) {
+            OnListClick(*reinterpret_cast<NMITEMACTIVATE*>(pHeader));
+        } else if (pHeader->code == NM_DBLCLK) {
+            OnListDoubleClick();
+        }
     } else {
         FollowWidths();
     }
@@ -154,6 +175,27 @@ void QMRegisterWindow::FollowFocus()
     }
 }
 
+void QMRegisterWindow::OnListClick(const NMITEMACTIVATE& click)
+{
+    if (IsReadOnly()) {
+        Tell(szReadOnly);
+    } else if (m_model.HasSelection() &&
+               m_model.GetColumns().FindColumnAt(click.ptAction.x) == QM_ENTRY_CLEARED) {
+        m_operations.ToggleTag(QM_TRANS_FLAG_NOT_CLEARED);
+    }
+}
+
+void QMRegisterWindow::OnListDoubleClick()
+{
+    if (IsReadOnly()) {
+        Tell(szReadOnly);
+    } else if (m_model.HasSelection()) {
+        m_operations.EditTransactions();
+    } else {
+        m_operations.AddTransaction();
+    }
+}
+
 void QMRegisterWindow::FollowWidths()
 {
     if (m_list.TakeOverWidths(m_model.GetColumns(), m_document.GetAccount()->header)) {
@@ -165,6 +207,75 @@ void QMRegisterWindow::UpdateStatusBar(bool bClear)
 {
     FramePanes panes(*GetFrame());
     m_model.UpdateStatusBar(bClear, QMToday(), panes);
+}
+
+// ---- Operations.
+
+bool QMRegisterWindow::Ask(const char* szQuestion)
+{
+    return MessageBox(GetHandle(), szQuestion, MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+void QMRegisterWindow::Tell(const char* szText)
+{
+    MessageBox(GetHandle(), szText, MB_ICONINFORMATION);
+}
+
+bool QMRegisterWindow::RunTransactionDialog(QMTransactionDialogArgs& args)
+{
+    QMTransactionDialog dialog;
+    return dialog.DoModal(GetFrame()->GetHandle(), args) == IDOK;
+}
+
+void QMRegisterWindow::SetPassword()
+{
+    QMAccountHeader* pHeader = m_document.GetHeader(false);
+    QMSetPasswordDialog dialog;
+    if (pHeader != nullptr &&
+        dialog.DoModal(GetFrame()->GetHandle(), pHeader->szPassword) == IDOK) {
+        dialog.GetPassword(pHeader->szPassword);
+        m_document.MarkModified();
+    }
+}
+
+void QMRegisterWindow::ReloadRows()
+{
+    const int32_t lFocus = m_model.GetStoredFocusRow();
+    m_model.RebuildRows(true);
+    m_model.RefreshRows(0, QM_COLUMN_ALL, false);
+    m_model.SelectRow(lFocus);
+    UpdateStatusBar(false);
+}
+
+bool QMRegisterWindow::SaveAs(const char* szFullName, int32_t lVersion)
+{
+    if (!m_document.SaveAs(szFullName, lVersion)) {
+        return false;
+    }
+    ReloadRows();
+    return true;
+}
+
+int32_t QMRegisterWindow::MergeMarked(QMTransactionStore& from)
+{
+    const int32_t lCount = QMMergeMarked(from, m_document.GetAccount()->store);
+    ReloadRows();
+    m_document.MarkModified();
+    return lCount;
+}
+
+void QMRegisterWindow::SetPeriodFilter(bool bEnabled)
+{
+    m_model.SetPeriodFilter(bEnabled, true);
+    if (GetFrame()->GetActiveChild() == this) {
+        UpdateStatusBar(false);
+    }
+}
+
+void QMRegisterWindow::SetPeriod(uint32_t uSelection, QMDate& dtFrom, QMDate& dtTo, bool bReload)
+{
+    m_model.SetPeriod(uSelection, dtFrom, dtTo, bReload);
+    UpdateStatusBar(false);
 }
 
 bool QMRegisterWindow::AskToSave()

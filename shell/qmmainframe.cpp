@@ -11,11 +11,48 @@ QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
 {
     HINSTANCE hModule = GetApplication().GetResourceModule();
     m_menu.Load(IDR_MAINMENU);
+    m_recentMenu.Attach(::GetSubMenu(m_menu.GetSubMenu(QM_MENU_FILE), QM_FILEMENU_RECENT));
     m_hAccelDocument = LoadAcceleratorsA(hModule, MAKEINTRESOURCEA(IDR_ACCEL_DOCUMENT));
     SetFrameAccelerators(LoadAcceleratorsA(hModule, MAKEINTRESOURCEA(IDR_ACCEL_FRAME)));
     RegisterArrangeCommands({IDM_WINDOW_CASCADE, IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL,
                              IDM_WINDOW_PREVIOUS, IDM_WINDOW_NEXT, IDM_FILE_CLOSE,
                              IDM_FILE_CLOSEALL});
+    MakeFilters();
+}
+
+void QMMainFrame::MakeFilters()
+{
+    constexpr struct
+    {
+        VFileDialog QMMainFrame::*pDialog;
+        const char* szDescription;
+        const char* szExtension;
+    } aFilters[] = {
+        {&QMMainFrame::m_openDialog, "Quillmark Files (*.qmk)", "qmk"},
+        {&QMMainFrame::m_openDialog, "All Files (*.*)", "*"},
+        {&QMMainFrame::m_saveDialog, "Quillmark File (*.qmk)", "qmk"},
+        {&QMMainFrame::m_saveDialog, "Quillmark File 1.0 (*.qmk)", "qmk"},
+        {&QMMainFrame::m_saveDialog, "Quillmark File 1.1 (*.qmk)", "qmk"},
+        {&QMMainFrame::m_saveDialog, "Quillmark File 2.0 (*.qmk)", "qmk"},
+        {&QMMainFrame::m_saveDialog, "All Files (*.*)", "*"},
+    };
+    for (const auto& filter : aFilters) {
+        (this->*filter.pDialog).AddFilter(filter.szDescription, filter.szExtension);
+    }
+    constexpr struct
+    {
+        const char* szDescription;
+        const char* szExtension;
+    } aFormats[] = {
+        {"Quicken Interchange Format (*.qif)", "qif"},
+        {"Extensible Markup Language (*.xml)", "xml"},
+        {"Comma Separated Value (*.csv)", "csv"},
+        {"Text File (*.txt)", "txt"},
+    };
+    for (const auto& format : aFormats) {
+        m_importDialog.AddFilter(format.szDescription, format.szExtension);
+        m_exportDialog.AddFilter(format.szDescription, format.szExtension);
+    }
 }
 
 QMMainFrame::~QMMainFrame()
@@ -51,17 +88,33 @@ bool QMMainFrame::OnInitialize()
         return false;
     }
     MakeToolbar();
+    MakePeriodBar();
     Show(GetApplication().GetShowCommand());
     RestoreBars();
     m_bRestoring = false;
+    RebuildRecentMenu();
     UpdateCommands();
-    if (!m_sArguments.IsEmpty()) {
-        Show();
-        HideSplash();
-        ProcessCommandLine(m_sArguments.GetText());
+    if (m_pPeriodBar != nullptr) {
+        m_pPeriodBar->UpdateDateControls();
     }
+    OpenFirstDocuments();
     HideSplash();
     return true;
+}
+
+void QMMainFrame::OpenFirstDocuments()
+{
+    const bool bArguments = !m_sArguments.IsEmpty();
+    if (!bArguments && !m_settings.HasOption(QM_OPTION_RELOAD_LAST_FILE)) {
+        return;
+    }
+    Show();
+    HideSplash();
+    if (bArguments) {
+        ProcessCommandLine(m_sArguments.GetText());
+    } else {
+        OpenRecent(IDM_FILE_RECENT_FIRST);
+    }
 }
 
 void QMMainFrame::ShowSplash()
@@ -109,6 +162,19 @@ void QMMainFrame::MakeToolbar()
     SetMirroredToolbar(m_pToolbar->GetHandle());
 }
 
+void QMMainFrame::MakePeriodBar()
+{
+    if (GetRebar() == nullptr) {
+        return;
+    }
+    m_pPeriodBar = std::make_unique<QMTBTrans>();
+    if (!m_pPeriodBar->CreateBar(*GetRebar(), *this, IDC_TRANSACTIONSBAR)) {
+        m_pPeriodBar.reset();
+        return;
+    }
+    GetRebar()->AddBand(*m_pPeriodBar, "Transactions", QMTBTrans::nWidth, QMTBTrans::nHeight);
+}
+
 void QMMainFrame::RestoreBars()
 {
     if (!m_settings.ReloadFlags()) {
@@ -121,6 +187,9 @@ void QMMainFrame::RestoreBars()
     if (IsBarVisible(IDC_STATUSBAR) != ((uFlags & QM_FLAG_STATUS_BAR) != 0)) {
         ToggleBar(IDC_STATUSBAR);
     }
+    if (IsBarVisible(IDC_TRANSACTIONSBAR) != ((uFlags & QM_FLAG_TRANSACTIONS_BAR) != 0)) {
+        ToggleBand(IDC_TRANSACTIONSBAR);
+    }
     if (IsBarVisible(IDC_TOOLBAR) != ((uFlags & QM_FLAG_TOOLBAR) != 0)) {
         ToggleBand(IDC_TOOLBAR);
     }
@@ -128,6 +197,12 @@ void QMMainFrame::RestoreBars()
 }
 
 // ---- Messages.
+
+bool QMMainFrame::PreTranslate(MSG& message)
+{
+    return (m_pPeriodBar != nullptr && m_pPeriodBar->PreTranslate(message)) ||
+           VMDIFrameWindow::PreTranslate(message);
+}
 
 LRESULT QMMainFrame::OnSize(UINT uType, int nWidth, int nHeight)
 {
@@ -218,20 +293,29 @@ void QMMainFrame::OnChildCreated(VMDIChildWindow& child)
     m_apChildren.push_back(static_cast<QMRegisterWindow*>(&child));
 }
 
-void QMMainFrame::NoteChildMaximized(const VMDIChildWindow& child)
+void QMMainFrame::SetChildMaximized(bool bMaximized)
 {
-    m_settings.SetFlag(QM_FLAG_CHILD_MAXIMIZED, child.IsMaximized());
+    m_settings.SetFlag(QM_FLAG_CHILD_MAXIMIZED, bMaximized);
 }
 
 void QMMainFrame::OnChildActivated(VMDIChildWindow& child)
 {
-    NoteChildMaximized(child);
+    if (m_pPeriodBar != nullptr) {
+        uint32_t uPeriod = QM_ACCNT_DISPLAY_ALL;
+        QMDate dtFrom;
+        QMDate dtTo;
+        static_cast<QMRegisterWindow&>(child).GetDocument().GetPeriod(uPeriod, dtFrom, dtTo);
+        m_pPeriodBar->SetDates(dtFrom, dtTo);
+        m_pPeriodBar->SetSelection(static_cast<int32_t>(uPeriod), false);
+        m_pPeriodBar->UpdateDateControls();
+    }
+    SetChildMaximized(child.IsMaximized());
     UpdateCommands();
 }
 
 void QMMainFrame::OnChildDeactivated(VMDIChildWindow& child)
 {
-    NoteChildMaximized(child);
+    SetChildMaximized(child.IsMaximized());
     UpdateCommands();
 }
 

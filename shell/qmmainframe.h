@@ -1,13 +1,16 @@
-// QMMainFrame: the program's one top-level window. It owns the open registers, the bars and the
-// settings.
+// QMMainFrame: the program's one top-level window. It owns the open registers, the bars, the file
+// dialogs and the settings.
 #pragma once
 
 #include <memory>
 #include <vector>
 
 #include "register/qmregisterwindow.h"
+#include "register/qmtbtrans.h"
 #include "shell/qmbars.h"
+#include "shell/qmrecentlist.h"
 #include "shell/qmsettings.h"
+#include "toolkit/vfiledialog.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vsplashwindow.h"
 
@@ -24,8 +27,9 @@ public:
     // Reads the settings, makes the window and runs the message loop. Returns the exit code.
     int Run(DWORD uStyle, int nShowCommand, UINT uClientId, UINT uFirstChildId);
 
-    // Opens a file that the user or a command line named; true when the account is open now. What
-    // goes wrong is said in a box.
+    // ---- Documents. What goes wrong is said in a box, but by CreateDocument.
+
+    // Opens a file that the user or a command line named; true when the account is open now.
     bool OpenDocument(const char* szName);
     // Makes a register window, of the file or of a new account.
     bool CreateDocument(const char* szName, bool bIsNew);
@@ -34,9 +38,31 @@ public:
     // Whether a file is open in a register; bActivate brings it to the front.
     bool ActivateIfOpen(const char* szPath, bool bActivate);
 
+    // Both choose the format by the path's extension. False when the format failed; an import that
+    // the user gave up counts as done.
+    bool ImportFile(const char* szPath, QMRegisterWindow& document);
+    bool ExportFile(const char* szPath, QMRegisterWindow& document);
+
+    // ---- Recent files.
+
+    void AddRecent(const char* szPath);
+    void RemoveRecent(const char* szPath);
+    // Makes the submenu agree with the list.
+    void RebuildRecentMenu();
+    // Opens what the slot of a command names; true when a window is open for it now, and for a free
+    // slot.
+    bool OpenRecent(UINT uCommand);
+
+    // ---- Settings.
+
+    // The folder in which the file dialogs start.
+    void SetCurrentDirectory(const char* szPath) { m_settings.SetCurrentDirectory(szPath); }
+    void SetChildMaximized(bool bMaximized);
+
     // ---- Virtual operations.
 
     bool OnClose(bool bForced) override;
+    bool PreTranslate(MSG& message) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
     LRESULT OnSize(UINT uType, int nWidth, int nHeight) override;
@@ -54,12 +80,17 @@ public:
 private:
     struct Command;
     static const Command aCommands[];
+    static const Command* FindCommand(UINT uId);
+
+    // ---- Coming up.
 
     void ShowSplash();
     void HideSplash();
+    void MakeFilters();
     void MakeToolbar();
+    void MakePeriodBar();
     void RestoreBars();
-    void NoteChildMaximized(const VMDIChildWindow& child);
+    void OpenFirstDocuments();
     void NotePlace(bool bExtent);
     QMRegisterOptions RegisterOptions() const;
     QMRegisterWindow* GetActiveRegister() const;
@@ -67,23 +98,66 @@ private:
     void ProcessArgument(const char* szArgument);
     void ImportFromArgument(const char* szOrder);
     void ShowTooltip(NMTTDISPINFOA& info);
+    void Tell(const char* szText);
+    // A sentence about a file: its name stands between the two parts.
+    void TellOf(const char* szFront, const VString& sName, const char* szBehind);
 
-    // ---- Commands.
+    // ---- Commands. The id is that of the command; false is said in the box of the table.
 
-    void NewDocument();
-    void Exit();
-    void ToggleToolbarBand();
-    void ToggleStatusBar();
+    bool IsStopped(const Command& command);
+    bool RunCommand(const Command& command, UINT uId);
+    bool IsEnabled(const Command& command, UINT uId) const;
+    bool NewDocument(UINT uId);
+    bool OpenDocuments(UINT uId);
+    bool SaveDocument(UINT uId);
+    bool SaveDocumentAs(UINT uId);
+    bool SaveAllDocuments(UINT uId);
+    bool ImportTransactions(UINT uId);
+    bool ExportTransactions(UINT uId);
+    bool SetPassword(UINT uId);
+    bool OpenRecentCommand(UINT uId);
+    bool Exit(UINT uId);
+    bool ToggleToolbarBand(UINT uId);
+    bool TogglePeriodBand(UINT uId);
+    bool ToggleStatusBar(UINT uId);
+    bool ToggleGridLines(UINT uId);
+    bool ToggleShadedLines(UINT uId);
+    bool ToggleColumn(UINT uId);
+    bool AddTransaction(UINT uId);
+    bool EditTransactions(UINT uId);
+    bool RemoveTransactions(UINT uId);
+    bool ToggleTag(UINT uId);
+    bool AutoSizeColumns(UINT uId);
+    bool ShowAbout(UINT uId);
+    bool TakePeriod(UINT uId);
+
+    bool IsToolbarShown(UINT uId) const;
+    bool IsPeriodBarShown(UINT uId) const;
+    bool IsStatusBarShown(UINT uId) const;
+    bool HasGridLines(UINT uId) const;
+    bool HasShadedLines(UINT uId) const;
+    bool HasColumn(UINT uId) const;
+
+    bool SaveUnder(QMRegisterWindow& document);
+    bool RunExchangeDialog(VFileDialog& dialog, bool bOpen);
+    void ImportInto(QMRegisterWindow& document, const VString& sPath);
 
     VString m_sArguments;
     QMSettings m_settings;
     VMenu m_menu;
+    VMenu m_recentMenu;
     HACCEL m_hAccelDocument;
     uint32_t m_uNextUntitled = 1;
     std::vector<QMRegisterWindow*> m_apChildren; // in the order of their creation
     // Registers that could not be opened. Their files stay open, and locked, with them.
     std::vector<std::unique_ptr<QMRegisterWindow>> m_apRefused;
     std::unique_ptr<VToolbar> m_pToolbar;
+    std::unique_ptr<QMTBTrans> m_pPeriodBar;
+    uint32_t m_uPreviousPeriod = 0; // of the Transactions Bar before its last change
+    VFileDialog m_openDialog;
+    VFileDialog m_saveDialog;
+    VFileDialog m_importDialog;
+    VFileDialog m_exportDialog;
     VSplashWindow* m_pSplash = nullptr; // live only as long as the user lets it
     UINT m_uClientId = 0;
     UINT m_uFirstChildId = 0;

@@ -1,5 +1,6 @@
-// The frame's roads to an open document: a name, a command line, a new account.
+// The frame's roads to an open document - a name, a command line, a new account - and to its file.
 
+#include "account/qmaccountformat.h"
 #include "resources/resource.h"
 #include "shell/qmmainframe.h"
 #include "toolkit/vfilesystem.h"
@@ -9,20 +10,31 @@
 namespace {
 
 constexpr DWORD uChildStyle = 0x50CF0000;
-
-VString Quote(const char* szFront, const char* szName, const char* szBehind)
-{
-    VString sText(szFront);
-    sText.Append(szName);
-    sText.Append(szBehind);
-    return sText;
-}
+constexpr char szExtension[] = "qmk";
+constexpr char szSaveFailed[] = "Failed to save file '";
+constexpr char szEnd[] = "'.";
 
 VString LongName(const VString& sName)
 {
     char szLong[260];
     const DWORD uLength = GetLongPathNameA(sName.GetText(), szLong, sizeof szLong);
     return uLength > 0 && uLength < sizeof szLong ? VString(szLong) : sName;
+}
+
+// By the line of the dialog's type list, from 1 on; 0 keeps the account's version.
+int32_t VersionOfFilter(uint32_t uLine)
+{
+    switch (uLine) {
+        case 1:
+            return 0;
+        case 2:
+            return QM_VERSION_1_0;
+        case 3:
+            return QM_VERSION_1_1;
+        default:
+            // Who picks all files on purpose gets the newest format.
+            return QM_VERSION_2_0;
+    }
 }
 
 bool IsOption(const char* szArgument)
@@ -35,23 +47,20 @@ bool IsOption(const char* szArgument)
 bool QMMainFrame::OpenDocument(const char* szName)
 {
     if (szName == nullptr || *szName == '\0') {
-        MessageBox(GetHandle(), "Failed to open file. No file name given.", MB_ICONINFORMATION);
+        Tell("Failed to open file. No file name given.");
         return false;
     }
     VString sName(szName);
     sName.Trim();
     if (!FileExists(sName.GetText())) {
-        const VString sText =
-            Quote("Failed to open.\nFile '", sName.GetText(), "' does not exist.");
-        MessageBox(GetHandle(), sText.GetText(), MB_ICONINFORMATION);
+        TellOf("Failed to open.\nFile '", sName, "' does not exist.");
         return false;
     }
     sName = LongName(sName);
     if (ActivateIfOpen(sName.GetText(), true) || CreateDocument(sName.GetText(), false)) {
         return true;
     }
-    const VString sText = Quote("Failed to open file '", sName.GetText(), "'.");
-    MessageBox(GetHandle(), sText.GetText(), MB_ICONINFORMATION);
+    TellOf("Failed to open file '", sName, "'.");
     return false;
 }
 
@@ -93,6 +102,10 @@ bool QMMainFrame::CreateDocument(const char* szName, bool bIsNew)
         return false;
     }
     pRegister.release(); // from here on it goes with its window
+    if (!bIsNew) {
+        AddRecent(szName);
+        RebuildRecentMenu();
+    }
     return true;
 }
 
@@ -119,19 +132,86 @@ void QMMainFrame::ImportFromArgument(const char* szOrder)
     const char* szPart = parts.Next();
     const VString sImported(szPart == nullptr ? "" : szPart);
     szPart = parts.Next();
-    // No format is read yet, so that every import fails.
-    if (OpenDocument(szPart == nullptr ? "" : szPart) && GetActiveChild() != nullptr) {
-        const VString sText =
-            Quote("Failed to import transactions from file\n'", sImported.GetText(), "'.");
-        MessageBox(GetHandle(), sText.GetText(), MB_ICONINFORMATION);
+    if (OpenDocument(szPart == nullptr ? "" : szPart) && GetActiveRegister() != nullptr) {
+        ImportInto(*GetActiveRegister(), sImported);
     }
 }
 
-void QMMainFrame::NewDocument()
+bool QMMainFrame::NewDocument(UINT /*uId*/)
 {
     VString sName("Untitled");
     sName.AppendNumber(m_uNextUntitled++);
-    if (!CreateDocument(sName.GetText(), true)) {
-        MessageBox(GetHandle(), "Failed to open new Quillmark file.", MB_ICONINFORMATION);
+    const bool bDone = CreateDocument(sName.GetText(), true);
+    if (!bDone) {
+        Tell("Failed to open new Quillmark file.");
     }
+    return bDone;
+}
+
+bool QMMainFrame::OpenDocuments(UINT /*uId*/)
+{
+    if (!m_openDialog.Run(GetHandle(), true, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY, "",
+                          m_settings.GetCurrentDirectory().GetText(), szExtension)) {
+        return true;
+    }
+    const VWaitCursor wait;
+    SetCurrentDirectory(m_openDialog.GetDirectory().GetText());
+    VString sPath;
+    while (m_openDialog.NextPath(sPath)) {
+        if (!ActivateIfOpen(sPath.GetText(), true) && !CreateDocument(sPath.GetText(), false)) {
+            TellOf("Failed to open file '", sPath, "'.");
+            return false;
+        }
+    }
+    return true;
+}
+
+// ---- Saving.
+
+bool QMMainFrame::SaveDocument(UINT /*uId*/)
+{
+    QMRegisterWindow& document = *GetActiveRegister();
+    const VString sPath = document.GetFullName();
+    if (!FileExists(sPath.GetText())) {
+        return SaveUnder(document);
+    }
+    const bool bDone = document.GetDocument().Save();
+    if (!bDone) {
+        TellOf(szSaveFailed, sPath, szEnd);
+    }
+    return bDone;
+}
+
+bool QMMainFrame::SaveDocumentAs(UINT /*uId*/)
+{
+    return SaveUnder(*GetActiveRegister());
+}
+
+// A cancelled dialog counts as done.
+bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
+{
+    if (!m_saveDialog.Run(GetHandle(), false, OFN_HIDEREADONLY, document.GetFullName().GetText(),
+                          m_settings.GetCurrentDirectory().GetText(), szExtension)) {
+        return true;
+    }
+    const VWaitCursor wait;
+    SetCurrentDirectory(m_saveDialog.GetDirectory().GetText());
+    const VString& sPath = m_saveDialog.GetPath();
+    if (!document.SaveAs(sPath.GetText(), VersionOfFilter(m_saveDialog.GetFilterIndex()))) {
+        TellOf(szSaveFailed, sPath, szEnd);
+        return false;
+    }
+    AddRecent(sPath.GetText());
+    RebuildRecentMenu();
+    return true;
+}
+
+bool QMMainFrame::SaveAllDocuments(UINT /*uId*/)
+{
+    for (QMRegisterWindow* pChild : m_apChildren) {
+        if (!pChild->IsReadOnly() && !pChild->GetDocument().Save()) {
+            TellOf(szSaveFailed, pChild->GetFileName(), szEnd);
+        }
+    }
+    return true;
 }

@@ -4,7 +4,6 @@
 #include <cstdio>
 
 #include "toolkit/vfilesystem.h"
-#include "toolkit/vregkey.h"
 
 namespace {
 
@@ -24,6 +23,13 @@ void ReadOver(const VRegKey& key, const char* szName, DWORD& uValue)
     uValue = uRead == uMissing ? uValue : uRead;
 }
 
+VString SlotName(int nSlot)
+{
+    VString sName("File");
+    sName.AppendNumber(static_cast<uint32_t>(nSlot + 1));
+    return sName;
+}
+
 VString ProgramDirectory()
 {
     char szPath[MAX_PATH] = "";
@@ -35,6 +41,21 @@ VString ProgramDirectory()
 }
 
 } // namespace
+
+QMRegistrySlots::QMRegistrySlots()
+{
+    m_key.Open(szRecentKey);
+}
+
+bool QMRegistrySlots::Read(int nSlot, VString& sText) const
+{
+    return m_key.ReadText(SlotName(nSlot).GetText(), sText);
+}
+
+void QMRegistrySlots::Write(int nSlot, const char* szText)
+{
+    m_key.WriteText(SlotName(nSlot).GetText(), szText);
+}
 
 bool QMSettings::Load()
 {
@@ -82,11 +103,18 @@ void QMSettings::WriteDefaults()
     }
     VRegKey recent;
     if (recent.Create(szRecentKey)) {
-        for (int nSlot = 1; nSlot <= 10; ++nSlot) {
-            char szName[16];
-            snprintf(szName, sizeof szName, "File%d", nSlot);
-            recent.WriteText(szName, "Empty");
+        for (int nSlot = 0; nSlot < QM_RECENT_COUNT; ++nSlot) {
+            recent.WriteText(SlotName(nSlot).GetText(), QM_RECENT_EMPTY);
         }
+    }
+}
+
+void QMSettings::SetCurrentDirectory(const char* szPath)
+{
+    m_sCurrentDirectory = szPath;
+    VRegKey key;
+    if (key.Open(szSettingsKey)) {
+        key.WriteText("Directory - Current", szPath);
     }
 }
 

@@ -4,8 +4,13 @@
 
 #include <windows.h>
 
+#include "shell/qmrecentlist.h"
 #include "toolkit/vrect.h"
+#include "toolkit/vregkey.h"
 #include "toolkit/vstring.h"
+
+// The platform's headers give this name to a macro of theirs.
+#undef SetCurrentDirectory
 
 // Bits of Flags.
 inline constexpr DWORD QM_FLAG_FRAME_MAXIMIZED = 1;
@@ -20,6 +25,20 @@ inline constexpr DWORD QM_OPTION_CONFIRM_REMOVE = 2;
 inline constexpr DWORD QM_OPTION_SHOW_SPLASH = 4;
 inline constexpr DWORD QM_OPTION_INCLUDE_UNCLEARED = 8;
 inline constexpr DWORD QM_OPTION_SORT_EDIT_LISTS = 16;
+
+// The slots of the recent files in the registry. Without their key nothing is read or written.
+class QMRegistrySlots : public QMRecentSlots
+{
+public:
+    QMRegistrySlots();
+
+    bool IsOpen() const { return m_key.IsOpen(); }
+    bool Read(int nSlot, VString& sText) const override;
+    void Write(int nSlot, const char* szText) override;
+
+private:
+    VRegKey m_key;
+};
 
 class QMSettings
 {
@@ -38,6 +57,7 @@ public:
     COLORREF GetBalancePositive() const { return m_crBalancePositive; }
     COLORREF GetBalanceNegative() const { return m_crBalanceNegative; }
     const VString& GetCurrentDirectory() const { return m_sCurrentDirectory; }
+    void SetCurrentDirectory(const char* szPath);
     const VString& GetInstallDirectory() const { return m_sInstallDirectory; }
 
     // The frame's place when it is not maximized; empty when none is remembered.

@@ -44,6 +44,7 @@ void VFrameWindow::MakeBars(UINT uRebarId, UINT uStatusBarId)
                               uStatusBarId)) {
         m_pStatusBar.reset();
     }
+    SetStatusText("", 0);
 }
 
 std::unique_ptr<VReBar> VFrameWindow::CreateRebar()

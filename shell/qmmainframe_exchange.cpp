@@ -1,0 +1,115 @@
+// The frame's way to and from the files of other programs.
+
+#include <cstdio>
+
+#include "exchange/qmexchange.h"
+#include "exchange/qmimportdialog.h"
+#include "resources/resource.h"
+#include "shell/qmmainframe.h"
+#include "toolkit/vmessages.h"
+
+namespace {
+
+constexpr char szExtension[] = "qif";
+
+// The result box: what was done, with how many transactions, and the file on a line of its own.
+void ShowResult(HWND hWnd, const char* szSentence, const char* szPath, const char* szCaption)
+{
+    VString sText(szSentence);
+    sText.Append("'");
+    sText.Append(szPath);
+    sText.Append("'.");
+    MessageBox(hWnd, sText.GetText(), szCaption, MB_OK);
+}
+
+VString CountSentence(const char* szFormat, int32_t lCount)
+{
+    char szText[128];
+    snprintf(szText, sizeof szText, szFormat, lCount);
+    return VString(szText);
+}
+
+} // namespace
+
+bool QMMainFrame::ImportFile(const char* szPath, QMRegisterWindow& document)
+{
+    constexpr char szCaption[] = "Import";
+    QMTransactionStore store;
+    if (!QMImportFile(szPath, store)) {
+        return false;
+    }
+    QMImportDialog dialog;
+    if (dialog.DoModal(GetHandle(), store) != IDC_IMPORT_IMPORT) {
+        return true;
+    }
+    const VWaitCursor wait;
+    const int32_t lCount = document.MergeMarked(store);
+    if (lCount < 0) {
+        ShowResult(GetHandle(), "Failed to import transactions from file:\n", szPath, szCaption);
+        return true;
+    }
+    const VString sSentence =
+        CountSentence("Successfully imported %d transactions from file:\n", lCount);
+    ShowResult(GetHandle(), sSentence.GetText(), szPath, szCaption);
+    return true;
+}
+
+bool QMMainFrame::ExportFile(const char* szPath, QMRegisterWindow& document)
+{
+    constexpr char szCaption[] = "Export";
+    if (VString(szPath).FindLast('.') < 0) {
+        return false;
+    }
+    QMTransactionStore store;
+    const int32_t lCount = document.GetDocument().GetTransactions(store);
+    if (lCount < 0 || !QMExportFile(szPath, store)) {
+        ShowResult(GetHandle(), "Failed to export transactions to file:\n", szPath, szCaption);
+        return false;
+    }
+    const VString sSentence =
+        CountSentence("Successfully exported %d transactions to file:\n", lCount);
+    ShowResult(GetHandle(), sSentence.GetText(), szPath, szCaption);
+    return true;
+}
+
+void QMMainFrame::ImportInto(QMRegisterWindow& document, const VString& sPath)
+{
+    if (!ImportFile(sPath.GetText(), document)) {
+        TellOf("Failed to import transactions from file\n'", sPath, "'.");
+    }
+}
+
+// False for a cancel.
+bool QMMainFrame::RunExchangeDialog(VFileDialog& dialog, bool bOpen)
+{
+    if (!dialog.Run(GetHandle(), bOpen, OFN_HIDEREADONLY, "",
+                    m_settings.GetCurrentDirectory().GetText(), szExtension)) {
+        return false;
+    }
+    SetCurrentDirectory(dialog.GetDirectory().GetText());
+    return true;
+}
+
+bool QMMainFrame::ImportTransactions(UINT /*uId*/)
+{
+    QMRegisterWindow& document = *GetActiveRegister();
+    if (RunExchangeDialog(m_importDialog, true)) {
+        const VWaitCursor wait;
+        ImportInto(document, m_importDialog.GetPath());
+    }
+    return true;
+}
+
+bool QMMainFrame::ExportTransactions(UINT /*uId*/)
+{
+    QMRegisterWindow& document = *GetActiveRegister();
+    if (!RunExchangeDialog(m_exportDialog, false)) {
+        return true;
+    }
+    const VWaitCursor wait;
+    const VString& sPath = m_exportDialog.GetPath();
+    if (!ExportFile(sPath.GetText(), document)) {
+        TellOf("Failed to export transactions to file\n'", sPath, "'.");
+    }
+    return true;
+}
