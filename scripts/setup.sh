@@ -3,6 +3,7 @@
 # asks no server where nothing is missing. Never removes or downgrades a package.
 # Usage: setup.sh GROUP...
 #   run          build and run the programs for this machine
+#   window       build the program and show its window, with a picture of it
 #   test         what test.sh needs besides
 #   bench        the benchmarks
 #   fuzz         coverage-guided fuzzing
@@ -14,6 +15,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 declare -rA PACKAGES=(
     [run]="g++ cmake ninja-build libexpat1-dev"
+    [window]="g++ cmake ninja-build dpkg-dev g++-mingw-w64-x86-64-win32
+              fonts-wine fonts-liberation wine wine64 xvfb imagemagick x11-utils"
     [test]="python3 dpkg-dev googletest clang-format clang-tidy
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
             fonts-wine fonts-liberation wine wine64 xvfb"
@@ -72,6 +75,6 @@ for group in "$@"; do
     packages+=("${names[@]}")
 done
 provide "${packages[@]}"
-# The Windows builds are among the tests.
-[[ " $* " != *" test "* ]] || scripts/expat.sh
+# What is built for Windows needs it.
+[[ " $* " != *" test "* && " $* " != *" window "* ]] || scripts/expat.sh
 [[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install

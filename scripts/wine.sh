@@ -70,6 +70,8 @@ make_prefix() {
     in_wine wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$log" 2>&1
     in_wine wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x900 /f \
         >>"$log" 2>&1
+    # What runs by now knows nothing of the desktop.
+    in_wine wineserver -k || true
     touch "$WINEPREFIX/.ready"
 }
 
