@@ -1,7 +1,6 @@
 #include "entry/qmtransactiondialog.h"
 
-#include <bit>
-
+#include "account/qmdate_win.h"
 #include "resources/resource.h"
 #include "toolkit/vmessages.h"
 
@@ -47,6 +46,7 @@ constexpr struct
     {IDC_TX_MEMO, 255},  {IDC_TX_CATEGORY, 127},
 };
 
+// Without the time of day that the control gives too, so that a day always files as the same bytes.
 QMDate DateOf(const VDatePicker& picker)
 {
     const SYSTEMTIME time = picker.GetDate();
@@ -56,7 +56,7 @@ QMDate DateOf(const VDatePicker& picker)
 // A record's other fields may hold anything, and the control looks at them.
 void ShowDate(VDatePicker& picker, const QMDate& date)
 {
-    picker.SetDate(std::bit_cast<SYSTEMTIME>(QMMakeDate(date.wYear, date.wMonth, date.wDay)));
+    picker.SetDate(QMToSystemTime(QMMakeDate(date.wYear, date.wMonth, date.wDay)));
 }
 
 void FillList(VComboBox& combo, const QMEditList& list)

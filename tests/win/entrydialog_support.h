@@ -1,0 +1,25 @@
+// What the tests of the transaction dialog share: its state in short words.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "tests/core/entry_support.h"
+#include "tests/win/dialog_support.h"
+
+// Runs the dialog without an owner.
+INT_PTR RunEntryDialog(EntryArgs& args);
+
+// The id of the one radio button that is on; 0 for none or several.
+int TypeOn(HWND hDialog);
+// The boxes that are on, by the letters T (tax), E (expense), V (voided) and C (cleared).
+std::string BoxesOn(HWND hDialog);
+// "3/14/2004".
+std::string DateIn(HWND hDialog, int nId);
+// As a user's choice does it, with the notice to the dialog.
+void PickDate(HWND hDialog, int nId, const std::string& sDate);
+// Number, description, amount, memo and category with a bar between them.
+std::string TextsIn(HWND hDialog);
+// The arrows that are open, by the characters of "<<", "<", ">" and ">>", with a blank between.
+std::string ArrowsOpen(HWND hDialog);
