@@ -274,7 +274,7 @@ TEST_F(QMGridListTest, TheHeadingsAreNotDrawnOver)
 {
     AddRows({0, 0});
     auto* hHeader = reinterpret_cast<HWND>(m_list.Send(LVM_GETHEADER));
-    const auto HasLine = [&] {
+    const auto EdgeOfHeading = [&] {
         RedrawWindow(m_list.GetHandle(), nullptr, nullptr,
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
         // Rows alone once more, as after a change in one of them.
@@ -286,9 +286,10 @@ TEST_F(QMGridListTest, TheHeadingsAreNotDrawnOver)
         return crEdge;
     };
     SetFlags(0);
-    const COLORREF crWithout = HasLine();
+    const COLORREF crWithout = EdgeOfHeading();
+    ASSERT_NE(crWithout, crLine);
     SetFlags(QM_GRID_VERTICAL);
-    EXPECT_EQ(HasLine(), crWithout);
+    EXPECT_EQ(EdgeOfHeading(), crWithout);
 }
 
 // ---- An empty list.
@@ -424,6 +425,27 @@ TEST_F(QMGridListTest, MarksOnASelectedRowAreLight)
     ExpectMark(page, 0, nCleared, IDB_MARK_CLEARED, crGround, true);
     ExpectMark(page, 1, nTag, IDB_MARK_EXPENSE, crGround, true);
     ExpectMark(page, 1, nCleared, IDB_MARK_VOIDED, crGround, true);
+}
+
+TEST_F(QMGridListTest, ASelectedRowOfTheListWithTheFocusIsHighlightedInItsWholeWidth)
+{
+    AddRows({QM_DECOR_TAX, QM_DECOR_TAX});
+    SetFlags(QM_GRID_SHADED);
+    m_parent.Show(SW_SHOW);
+    SetForegroundWindow(m_parent.GetHandle());
+    m_list.SetFocus();
+    ASSERT_TRUE(PumpUntil([&] { return GetFocus() == m_list.GetHandle(); }));
+    // Selection comes before shade.
+    m_list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+    const Picture page(m_list);
+    page.Save("grid_focus");
+    const COLORREF crGround = GetSysColor(COLOR_HIGHLIGHT);
+    for (const int nColumn : {nCleared, nFree, nBalance, nLast}) {
+        EXPECT_TRUE(page.IsAll(Inside(1, nColumn), crGround)) << nColumn << "\n"
+                                                              << page.Describe(Cell(1, nColumn));
+    }
+    ExpectMark(page, 1, nTag, IDB_MARK_TAX, crGround, true);
+    ExpectMark(page, 0, nTag, IDB_MARK_TAX, crPaper, false);
 }
 
 TEST_F(QMGridListTest, OfAPairThatShutsOneAnotherOutNoneIsDrawn)

@@ -15,17 +15,22 @@ namespace {
 
 constexpr UINT uListId = 7;
 
-// Counts every message that a window gets.
+// Counts the messages that a window gets, and the news of columns among them.
 class MessageCount : public VMessageFilter
 {
 public:
-    bool Filter(VWindow&, UINT, WPARAM, LPARAM, LRESULT&, bool&) override
+    bool Filter(VWindow&, UINT uMessage, WPARAM, LPARAM lParam, LRESULT&, bool&) override
     {
         ++m_nCount;
+        if (uMessage == WM_NOTIFY) {
+            const UINT uCode = reinterpret_cast<NMHDR*>(lParam)->code;
+            m_nColumnChanges += uCode == HDN_ITEMCHANGEDA || uCode == HDN_ITEMCHANGEDW;
+        }
         return true;
     }
 
     int m_nCount = 0;
+    int m_nColumnChanges = 0;
 };
 
 class QMRegisterListTest : public testing::Test
@@ -223,6 +228,23 @@ TEST_F(QMRegisterListTest, TakesOverTheWidthsToWhichColumnsWereDragged)
     m_list.SetColumnWidth(9, 5);
     EXPECT_FALSE(m_list.TakeOverWidths(columns, Header()));
     EXPECT_FALSE(m_document.IsModified());
+}
+
+TEST_F(QMRegisterListTest, TheParentHearsOfAColumnsNewWidthWhenItIsInForce)
+{
+    ASSERT_TRUE(m_model.ShowAll());
+    MessageCount ofParent;
+    m_parent.AddFilter(ofParent);
+    auto* hHeader = reinterpret_cast<HWND>(m_list.Send(LVM_GETHEADER));
+    // As a drag of the heading's edge ends.
+    HDITEMA item = {};
+    item.mask = HDI_WIDTH;
+    item.cxy = 81;
+    SendMessageA(hHeader, HDM_SETITEMA, 2, reinterpret_cast<LPARAM>(&item));
+    EXPECT_GE(ofParent.m_nColumnChanges, 1);
+    EXPECT_TRUE(m_list.TakeOverWidths(m_model.GetColumns(), Header()));
+    EXPECT_EQ(Header().lWidthNumber, 81);
+    m_parent.RemoveFilter(ofParent);
 }
 
 // ---- Rows.
