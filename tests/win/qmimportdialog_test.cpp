@@ -1,0 +1,809 @@
+#include "exchange/qmimportdialog.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include "resources/resource.h"
+#include "tests/win/modaldriver.h"
+#include "tests/win/support.h"
+#include "toolkit/vdrawingsurface.h"
+
+namespace {
+
+constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
+constexpr int anControls[] = {IDC_IMPORT_ALL, IDC_IMPORT_CLEARALL, IDC_IMPORT_IMPORT, IDCANCEL};
+
+using Flags = std::vector<uint32_t>;
+using Ticks = std::vector<bool>;
+using Look = std::function<void(VDialog& dialog, QMGridList& list)>;
+
+QMTransaction MakeTransaction(int32_t lType, uint16_t uDay, uint32_t uFlags,
+                              const char* szDescription)
+{
+    QMTransaction transaction;
+    transaction.lType = lType;
+    transaction.dtDate = transaction.dtCleared = QMMakeDate(2004, 3, uDay);
+    transaction.lNumber = 1000U + uDay;
+    transaction.fAmount = 10.25F * static_cast<float>(uDay);
+    transaction.lFlags = uFlags;
+    snprintf(transaction.szDescription, sizeof transaction.szDescription, "%s", szDescription);
+    return transaction;
+}
+
+void AddTo(QMTransactionStore& store, const QMTransaction& transaction)
+{
+    auto pCopy = std::make_unique<QMTransaction>();
+    pCopy->CopyFrom(transaction);
+    ASSERT_GE(store.Add(std::move(pCopy)), 0);
+}
+
+Flags FlagsOf(const QMTransactionStore& store)
+{
+    Flags flags;
+    store.ForEach([&](const QMTransaction& transaction) { flags.push_back(transaction.lFlags); });
+    return flags;
+}
+
+// The flags without the mark of the import.
+Flags TagsOf(const QMTransactionStore& store)
+{
+    Flags flags = FlagsOf(store);
+    for (uint32_t& uFlags : flags) {
+        uFlags &= ~QM_TRANS_FLAG_IMPORT;
+    }
+    return flags;
+}
+
+Ticks MarksOf(const QMTransactionStore& store)
+{
+    Ticks marks;
+    for (const uint32_t uFlags : FlagsOf(store)) {
+        marks.push_back((uFlags & QM_TRANS_FLAG_IMPORT) != 0);
+    }
+    return marks;
+}
+
+Ticks TicksOf(const QMGridList& list)
+{
+    Ticks ticks;
+    for (int nRow = 0; nRow < list.GetItemCount(); ++nRow) {
+        ticks.push_back(list.GetItemState(nRow, LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2));
+    }
+    return ticks;
+}
+
+Flags DataOf(const QMGridList& list)
+{
+    Flags data;
+    for (int nRow = 0; nRow < list.GetItemCount(); ++nRow) {
+        data.push_back(static_cast<uint32_t>(list.GetItemData(nRow)));
+    }
+    return data;
+}
+
+std::vector<std::string> TextsOf(const QMGridList& list, int nRow)
+{
+    std::vector<std::string> texts;
+    for (int nColumn = 0; nColumn < list.GetColumnCount(); ++nColumn) {
+        texts.push_back(Text(list.GetItemText(nRow, nColumn)));
+    }
+    return texts;
+}
+
+UINT CheckOf(const VDialog& dialog, int nId)
+{
+    return IsDlgButtonChecked(dialog.GetHandle(), nId);
+}
+
+void PressNow(VDialog& dialog, int nId)
+{
+    dialog.Send(WM_COMMAND, MAKEWPARAM(nId, BN_CLICKED),
+                reinterpret_cast<LPARAM>(dialog.GetItem(nId)));
+}
+
+// The middle of a row's height.
+int MiddleOf(const QMGridList& list, int nRow)
+{
+    RECT rect = {};
+    rect.left = LVIR_BOUNDS;
+    list.Send(LVM_GETITEMRECT, static_cast<WPARAM>(nRow), reinterpret_cast<LPARAM>(&rect));
+    return (rect.top + rect.bottom) / 2;
+}
+
+void Click(QMGridList& list, int x, int y)
+{
+    list.Post(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    list.Post(WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+    PumpAll();
+}
+
+// In the middle of a row's check box.
+void ClickCheckBox(QMGridList& list, int nRow)
+{
+    const int y = MiddleOf(list, nRow);
+    for (int x = 0; x < 50; ++x) {
+        LVHITTESTINFO hit = {};
+        hit.pt = {x, y};
+        list.Send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+        if (hit.flags == LVHT_ONITEMSTATEICON) {
+            Click(list, x + 4, y);
+            return;
+        }
+    }
+    ADD_FAILURE() << "row " << nRow << " has no check box";
+}
+
+void PressSpace(QMGridList& list)
+{
+    list.Post(WM_KEYDOWN, VK_SPACE, 0x00390001);
+    list.Post(WM_KEYUP, VK_SPACE, static_cast<LPARAM>(0xC0390001));
+    PumpAll();
+}
+
+// A child's place in the dialog's client area.
+VRect PlaceOf(const VDialog& dialog, HWND hChild)
+{
+    RECT rect = {};
+    GetWindowRect(hChild, &rect);
+    MapWindowPoints(nullptr, dialog.GetHandle(), reinterpret_cast<POINT*>(&rect), 2);
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+// Gives the dialog a client area of this size.
+void ResizeClient(VDialog& dialog, int nWidth, int nHeight)
+{
+    const VRect client = dialog.GetClientRect();
+    const VRect window = dialog.GetWindowRect();
+    SetWindowPos(dialog.GetHandle(), nullptr, 0, 0, window.GetWidth() - client.GetWidth() + nWidth,
+                 window.GetHeight() - client.GetHeight() + nHeight,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+class QMImportDialogTest : public testing::Test
+{
+protected:
+    // One for each of these flags, a day between; row 2 is a check, all others deposits.
+    void Fill(const Flags& flags)
+    {
+        for (size_t u = 0; u < flags.size(); ++u) {
+            AddTo(m_store, MakeTransaction(u == 2 ? QM_TRANS_CHECK : QM_TRANS_DEPOSIT,
+                                           static_cast<uint16_t>(u + 1), flags[u], "Thing"));
+        }
+    }
+
+    // Shows the review, looks at it and presses the button, unless it is gone by then.
+    INT_PTR Review(const Look& look, int nButton = IDCANCEL)
+    {
+        ModalDriver driver;
+        driver.Next([&](HWND hDialog) {
+            auto* pDialog = static_cast<VDialog*>(VWindow::FromHandle(hDialog));
+            HWND hList = GetDlgItem(hDialog, IDC_IMPORT_LIST);
+            look(*pDialog, *static_cast<QMGridList*>(VWindow::FromHandle(hList)));
+            if (nButton != 0) {
+                Press(hDialog, nButton);
+            }
+        });
+        QMImportDialog dialog;
+        return dialog.DoModal(nullptr, m_store);
+    }
+
+    // What a key does that comes to the list by the dialog's own loop.
+    INT_PTR ReviewWithKey(WPARAM uKey)
+    {
+        return Review([=](VDialog&, QMGridList& list) { list.Post(WM_KEYDOWN, uKey); }, 0);
+    }
+
+    QMTransactionStore m_store;
+};
+
+// While it lives no list control can be made.
+class NoLists
+{
+public:
+    NoLists() : m_hHook(SetWindowsHookExA(WH_CBT, &OnHook, nullptr, GetCurrentThreadId())) {}
+    NoLists(const NoLists&) = delete;
+    NoLists& operator=(const NoLists&) = delete;
+    ~NoLists() { UnhookWindowsHookEx(m_hHook); }
+
+private:
+    static LRESULT CALLBACK OnHook(int nCode, WPARAM wParam, LPARAM lParam)
+    {
+        char szClass[32] = "";
+        if (nCode == HCBT_CREATEWND) {
+            GetClassNameA(reinterpret_cast<HWND>(wParam), szClass, sizeof szClass);
+        }
+        return strcmp(szClass, WC_LISTVIEWA) == 0 ? 1
+                                                  : CallNextHookEx(nullptr, nCode, wParam, lParam);
+    }
+
+    HHOOK m_hHook;
+};
+
+} // namespace
+
+// ---- The window.
+
+TEST_F(QMImportDialogTest, HasItsTitleSizeAndFrame)
+{
+    Review([](VDialog& dialog, QMGridList&) {
+        EXPECT_EQ(Text(dialog.GetText()), "Import File");
+        EXPECT_NE(dialog.GetLong(GWL_STYLE) & WS_THICKFRAME, 0);
+        RECT units = {0, 0, 500, 300};
+        MapDialogRect(dialog.GetHandle(), &units);
+        EXPECT_EQ(dialog.GetClientRect().GetWidth(), units.right);
+        EXPECT_EQ(dialog.GetClientRect().GetHeight(), units.bottom);
+    });
+}
+
+TEST_F(QMImportDialogTest, StandsInTheMiddle)
+{
+    Review([](VDialog& dialog, QMGridList&) {
+        RECT area = {};
+        SystemParametersInfoA(SPI_GETWORKAREA, 0, &area, 0);
+        const VRect window = dialog.GetWindowRect();
+        EXPECT_NEAR(window.left + window.right, area.left + area.right, 2);
+        EXPECT_NEAR(window.top + window.bottom, area.top + area.bottom, 2);
+    });
+}
+
+TEST_F(QMImportDialogTest, HasTwoBoxesThatAreOnAndTwoButtons)
+{
+    Review([](VDialog& dialog, QMGridList&) {
+        HWND hDialog = dialog.GetHandle();
+        EXPECT_EQ(ItemText(hDialog, 2202), "Import All");
+        EXPECT_EQ(ItemText(hDialog, 2203), "Clear All");
+        EXPECT_EQ(ItemText(hDialog, 1918), "&Import");
+        EXPECT_EQ(ItemText(hDialog, 2), "&Cancel");
+        for (const int nId : {2202, 2203}) {
+            EXPECT_EQ(CheckOf(dialog, nId), BST_CHECKED) << nId;
+            EXPECT_TRUE(IsWindowEnabled(dialog.GetItem(nId))) << nId;
+        }
+        EXPECT_EQ(dialog.Send(DM_GETDEFID), MAKELRESULT(1918, DC_HASDEFID));
+    });
+}
+
+TEST_F(QMImportDialogTest, TabsFromTheListToTheBoxesAndButtons)
+{
+    Review([](VDialog& dialog, QMGridList&) {
+        std::vector<int> order;
+        HWND hControl = nullptr;
+        for (int n = 0; n < 6; ++n) {
+            hControl = GetNextDlgTabItem(dialog.GetHandle(), hControl, FALSE);
+            order.push_back(GetDlgCtrlID(hControl));
+        }
+        EXPECT_EQ(order, (std::vector<int>{IDC_IMPORT_LIST, IDC_IMPORT_ALL, IDC_IMPORT_CLEARALL,
+                                           IDC_IMPORT_IMPORT, IDCANCEL, IDC_IMPORT_LIST}));
+    });
+}
+
+TEST_F(QMImportDialogTest, StartsOnTheFirstRow)
+{
+    Fill({0, 0, 0});
+    Review([](VDialog&, QMGridList& list) {
+        EXPECT_TRUE(PumpUntil([&] { return GetFocus() == list.GetHandle(); }));
+        EXPECT_EQ(list.GetSelectedCount(), 1);
+        EXPECT_EQ(list.GetItemState(0, LVIS_SELECTED | LVIS_FOCUSED),
+                  UINT{LVIS_SELECTED | LVIS_FOCUSED});
+    });
+}
+
+TEST_F(QMImportDialogTest, HasAListWithGridAndCheckBoxes)
+{
+    Review([](VDialog&, QMGridList& list) {
+        const LONG_PTR lStyle = list.GetLong(GWL_STYLE);
+        EXPECT_EQ(lStyle & LVS_TYPEMASK, LVS_REPORT);
+        for (const LONG_PTR lBit :
+             {LONG_PTR{LVS_SHOWSELALWAYS}, LONG_PTR{LVS_NOSORTHEADER}, LONG_PTR{WS_BORDER},
+              LONG_PTR{WS_VISIBLE}, LONG_PTR{WS_TABSTOP}}) {
+            EXPECT_EQ(lStyle & lBit, lBit);
+        }
+        EXPECT_EQ(lStyle & LVS_OWNERDATA, 0);
+        const LRESULT lExtended = list.Send(LVM_GETEXTENDEDLISTVIEWSTYLE);
+        constexpr LRESULT lWanted = LVS_EX_FULLROWSELECT | LVS_EX_CHECKBOXES | LVS_EX_SUBITEMIMAGES;
+        EXPECT_EQ(lExtended & lWanted, lWanted);
+        EXPECT_EQ(list.GetLineFlags(), 5U);
+    });
+}
+
+TEST_F(QMImportDialogTest, HasTenColumns)
+{
+    const struct
+    {
+        const char* szHeading;
+        int nFormat;
+        int nWidth;
+    } aExpected[] = {
+        {"", LVCFMT_CENTER, 50},           {"Cleared", LVCFMT_CENTER, 30},
+        {"Date", LVCFMT_RIGHT, 55},        {"Number", LVCFMT_RIGHT, 50},
+        {"Description", LVCFMT_LEFT, 250}, {"Debit", LVCFMT_RIGHT, 60},
+        {"Credit", LVCFMT_RIGHT, 60},      {"Memo", LVCFMT_LEFT, 240},
+        {"Category", LVCFMT_LEFT, 240},
+    };
+    Review([&](VDialog&, QMGridList& list) {
+        ASSERT_EQ(list.GetColumnCount(), 10);
+        for (int n = 0; n < 10; ++n) {
+            char szHeading[64] = "";
+            LVCOLUMNA column = {};
+            column.mask = LVCF_TEXT | LVCF_FMT | LVCF_WIDTH;
+            column.pszText = szHeading;
+            column.cchTextMax = sizeof szHeading;
+            ASSERT_TRUE(list.Send(LVM_GETCOLUMNA, static_cast<WPARAM>(n),
+                                  reinterpret_cast<LPARAM>(&column)));
+            if (n == 9) {
+                EXPECT_STREQ(szHeading, "");
+                EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER);
+                continue;
+            }
+            EXPECT_STREQ(szHeading, aExpected[n].szHeading) << n;
+            EXPECT_EQ(column.cx, aExpected[n].nWidth) << n;
+            // Systems keep the first column to the left, whatever it was told.
+            if (n > 0) {
+                EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, aExpected[n].nFormat) << n;
+            }
+        }
+    });
+}
+
+// ---- Rows.
+
+TEST_F(QMImportDialogTest, ShowsEachTransaction)
+{
+    QMTransaction check = MakeTransaction(QM_TRANS_CHECK, 1, uNotCleared, "Rent");
+    strcpy(check.szMemo, "March");
+    strcpy(check.szCategory, "Home");
+    AddTo(m_store, check);
+    AddTo(m_store, MakeTransaction(QM_TRANS_DEPOSIT, 2, 0, "Pay"));
+    AddTo(m_store, MakeTransaction(QM_TRANS_FEE, 14, QM_TRANS_FLAG_VOIDED | uNotCleared, "Bank"));
+    Review([](VDialog&, QMGridList& list) {
+        using Row = std::vector<std::string>;
+        ASSERT_EQ(list.GetItemCount(), 3);
+        EXPECT_EQ(TextsOf(list, 0), (Row{"", "", " 3/ 1/04", " 1001", "Rent", "     10.25", "",
+                                         "March", "Home", ""}));
+        EXPECT_EQ(TextsOf(list, 1), (Row{"", "", " 3/ 2/04", "     ", "Deposit - Pay", "",
+                                         "     20.50", "", "", ""}));
+        EXPECT_EQ(TextsOf(list, 2), (Row{"", "", " 3/14/04", "     ", "Fee - Bank   (voided)",
+                                         "    143.50", "", "", "", ""}));
+        EXPECT_EQ(TicksOf(list), (Ticks{true, true, true}));
+        EXPECT_EQ(DataOf(list), (Flags{0, 32, 0}));
+    });
+}
+
+TEST_F(QMImportDialogTest, PutsEachTypeOnItsSide)
+{
+    for (int32_t lType = 0; lType < 12; ++lType) {
+        AddTo(m_store, MakeTransaction(lType, static_cast<uint16_t>(lType + 1), 0, ""));
+    }
+    Review([](VDialog&, QMGridList& list) {
+        ASSERT_EQ(list.GetItemCount(), 12);
+        std::string sSides;
+        for (int nRow = 0; nRow < 12; ++nRow) {
+            const bool bDebit = !list.GetItemText(nRow, 5).IsEmpty();
+            EXPECT_NE(bDebit, !list.GetItemText(nRow, 6).IsEmpty()) << nRow;
+            sSides += bDebit ? 'D' : 'C';
+        }
+        EXPECT_EQ(sSides, "DCDDCDCDDCDC");
+    });
+}
+
+// ---- The boxes for all rows.
+
+TEST_F(QMImportDialogTest, ImportAllTicksAndUnticksEveryRow)
+{
+    Fill({0, 0, 0});
+    Review([](VDialog& dialog, QMGridList& list) {
+        PressNow(dialog, IDC_IMPORT_ALL);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_UNCHECKED);
+        EXPECT_EQ(TicksOf(list), (Ticks{false, false, false}));
+        PressNow(dialog, IDC_IMPORT_ALL);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_CHECKED);
+        EXPECT_EQ(TicksOf(list), (Ticks{true, true, true}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_CHECKED);
+    });
+}
+
+TEST_F(QMImportDialogTest, ImportAllTicksEveryRowFromItsThirdState)
+{
+    Fill({0, 0, 0});
+    Review([](VDialog& dialog, QMGridList& list) {
+        ClickCheckBox(list, 1);
+        EXPECT_EQ(TicksOf(list), (Ticks{true, false, true}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_INDETERMINATE);
+        PressNow(dialog, IDC_IMPORT_ALL);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_CHECKED);
+        EXPECT_EQ(TicksOf(list), (Ticks{true, true, true}));
+    });
+}
+
+TEST_F(QMImportDialogTest, ClearAllGoesFromOnToOffFirst)
+{
+    Fill({uNotCleared, 0, QM_TRANS_FLAG_TAX | uNotCleared});
+    Review([this](VDialog& dialog, QMGridList& list) {
+        PressNow(dialog, IDC_IMPORT_CLEARALL);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_UNCHECKED);
+        EXPECT_EQ(FlagsOf(m_store),
+                  (Flags{uNotCleared, uNotCleared, QM_TRANS_FLAG_TAX | uNotCleared}));
+        EXPECT_EQ(DataOf(list), (Flags{0, 0, 0}));
+        PressNow(dialog, IDC_IMPORT_CLEARALL);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_CHECKED);
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, 0, QM_TRANS_FLAG_TAX}));
+        EXPECT_EQ(DataOf(list), (Flags{32, 32, 32}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_CHECKED);
+        EXPECT_EQ(TicksOf(list), (Ticks{true, true, true}));
+    });
+}
+
+TEST_F(QMImportDialogTest, ClearAllOverwritesARowsClick)
+{
+    Fill({uNotCleared, uNotCleared, 0});
+    Review([this](VDialog& dialog, QMGridList& list) {
+        Click(list, 60, MiddleOf(list, 2));
+        EXPECT_EQ(FlagsOf(m_store), (Flags{uNotCleared, uNotCleared, uNotCleared}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_INDETERMINATE);
+        PressNow(dialog, IDC_IMPORT_CLEARALL);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_CHECKED);
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, 0, 0}));
+        EXPECT_EQ(DataOf(list), (Flags{32, 32, 32}));
+    });
+}
+
+TEST_F(QMImportDialogTest, BoxesArePressedByTheMouse)
+{
+    Fill({0, 0});
+    Review([](VDialog& dialog, QMGridList& list) {
+        for (const int nId : {IDC_IMPORT_ALL, IDC_IMPORT_CLEARALL}) {
+            PostMessageA(dialog.GetItem(nId), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 12));
+            PostMessageA(dialog.GetItem(nId), WM_LBUTTONUP, 0, MAKELPARAM(5, 12));
+            PumpAll();
+            EXPECT_EQ(CheckOf(dialog, nId), BST_UNCHECKED) << nId;
+        }
+        EXPECT_EQ(TicksOf(list), (Ticks{false, false}));
+        EXPECT_EQ(DataOf(list), (Flags{0, 0}));
+    });
+}
+
+// ---- Clicks and keys in the list.
+
+TEST_F(QMImportDialogTest, AClickInTheFirstColumnMakesImportAllMixed)
+{
+    Fill({0, 0, 0});
+    Review([this](VDialog& dialog, QMGridList& list) {
+        // Beside the check box: the row keeps its tick, and the box says that rows may differ.
+        Click(list, 45, MiddleOf(list, 1));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_INDETERMINATE);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_CHECKED);
+        EXPECT_EQ(TicksOf(list), (Ticks{true, true, true}));
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, 0, 0}));
+    });
+}
+
+TEST_F(QMImportDialogTest, AClickInTheSecondColumnTogglesCleared)
+{
+    Fill({0, uNotCleared, 0});
+    Review([this](VDialog& dialog, QMGridList& list) {
+        Click(list, 50, MiddleOf(list, 1));
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, 0, 0}));
+        EXPECT_EQ(DataOf(list), (Flags{32, 32, 32}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_INDETERMINATE);
+        Click(list, 79, MiddleOf(list, 2));
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, 0, uNotCleared}));
+        EXPECT_EQ(DataOf(list), (Flags{32, 32, 0}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_CHECKED);
+        EXPECT_EQ(TicksOf(list), (Ticks{true, true, true}));
+    });
+}
+
+TEST_F(QMImportDialogTest, OnlyTheFocusedRowOfASelectionIsToggled)
+{
+    Fill({0, 0, 0});
+    Review([this](VDialog&, QMGridList& list) {
+        list.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+        Click(list, 60, MiddleOf(list, 1));
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, uNotCleared, 0}));
+    });
+}
+
+TEST_F(QMImportDialogTest, AClickElsewhereDoesNothing)
+{
+    Fill({0, uNotCleared, 0});
+    Review([this](VDialog& dialog, QMGridList& list) {
+        for (const int x : {80, 140, 300, 450, 520, 600}) {
+            Click(list, x, MiddleOf(list, 1));
+        }
+        // Below the rows nothing is selected any more.
+        Click(list, 60, MiddleOf(list, 2) + 100);
+        EXPECT_EQ(list.GetSelectedCount(), 0);
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, uNotCleared, 0}));
+        EXPECT_EQ(DataOf(list), (Flags{32, 0, 32}));
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_CHECKED);
+        EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_CHECKED);
+    });
+}
+
+// Known and kept: the columns are looked up as if the list were never scrolled sideways.
+TEST_F(QMImportDialogTest, AClickCountsFromTheLeftEdgeOfAScrolledListToo)
+{
+    Fill({0, 0});
+    Review([this](VDialog& dialog, QMGridList& list) {
+        ResizeClient(dialog, 400, 300);
+        list.Send(LVM_SCROLL, 90, 0);
+        ASSERT_GT(GetScrollPos(list.GetHandle(), SB_HORZ), 80);
+        Click(list, 60, MiddleOf(list, 1));
+        EXPECT_EQ(FlagsOf(m_store), (Flags{0, uNotCleared}));
+    });
+}
+
+TEST_F(QMImportDialogTest, TheSpaceBarTicksTheRowToo)
+{
+    Fill({0, 0});
+    const INT_PTR nResult = Review(
+        [](VDialog& dialog, QMGridList& list) {
+            PressSpace(list);
+            EXPECT_EQ(TicksOf(list), (Ticks{false, true}));
+            EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_INDETERMINATE);
+        },
+        IDC_IMPORT_IMPORT);
+    EXPECT_EQ(nResult, IDC_IMPORT_IMPORT);
+    EXPECT_EQ(MarksOf(m_store), (Ticks{false, true}));
+}
+
+// ---- Sizes.
+
+TEST_F(QMImportDialogTest, LaysItsControlsOutAtEachSize)
+{
+    const struct
+    {
+        int nWidth;
+        int nHeight;
+        int nImport;
+        int nCancel;
+        int nFiller;
+    } aCases[] = {
+        {1100, 500, 1024, 948, 65}, {1035, 400, 959, 883, 0}, {750, 488, 674, 598, 0},
+        {371, 200, 295, 219, 0},    {370, 200, 294, 218, 0},  {250, 120, 294, 218, 0},
+    };
+    Review([&](VDialog& dialog, QMGridList& list) {
+        for (const auto& test : aCases) {
+            SCOPED_TRACE(std::to_string(test.nWidth));
+            ResizeClient(dialog, test.nWidth, test.nHeight);
+            ASSERT_EQ(dialog.GetClientRect(), VRect(0, 0, test.nWidth, test.nHeight));
+            EXPECT_EQ(PlaceOf(dialog, list.GetHandle()),
+                      VRect(0, 0, test.nWidth, test.nHeight - 40));
+            const int y = test.nHeight - 32;
+            const int anLeft[] = {8, 114, test.nImport, test.nCancel};
+            const int anWidth[] = {98, 98, 68, 68};
+            for (size_t u = 0; u < std::size(anLeft); ++u) {
+                EXPECT_EQ(PlaceOf(dialog, dialog.GetItem(anControls[u])),
+                          VRect(anLeft[u], y, anLeft[u] + anWidth[u], y + 24))
+                    << anControls[u];
+            }
+            EXPECT_EQ(list.GetColumnWidth(9), test.nFiller);
+        }
+    });
+}
+
+TEST_F(QMImportDialogTest, IsLaidOutFromTheStart)
+{
+    Review([](VDialog& dialog, QMGridList& list) {
+        const VRect client = dialog.GetClientRect();
+        EXPECT_EQ(PlaceOf(dialog, list.GetHandle()), VRect(0, 0, client.right, client.bottom - 40));
+        EXPECT_EQ(
+            PlaceOf(dialog, dialog.GetItem(IDC_IMPORT_IMPORT)),
+            VRect(client.right - 76, client.bottom - 32, client.right - 8, client.bottom - 8));
+        EXPECT_EQ(list.GetColumnWidth(9), std::max(client.right - 1035, 0));
+    });
+}
+
+TEST_F(QMImportDialogTest, KeepsItsListWhereThereIsNoRoomForOne)
+{
+    Review([](VDialog& dialog, QMGridList& list) {
+        ResizeClient(dialog, 400, 300);
+        // No frame lets itself be pulled as small as this.
+        dialog.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(2, 300));
+        dialog.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(400, 40));
+        EXPECT_EQ(PlaceOf(dialog, list.GetHandle()), VRect(0, 0, 400, 260));
+        EXPECT_EQ(PlaceOf(dialog, dialog.GetItem(IDC_IMPORT_ALL)), VRect(8, 8, 106, 32));
+        dialog.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(3, 41));
+        EXPECT_EQ(PlaceOf(dialog, list.GetHandle()), VRect(0, 0, 3, 1));
+    });
+}
+
+TEST_F(QMImportDialogTest, GivesTheFillerWhatDraggedColumnsLeave)
+{
+    Review([](VDialog& dialog, QMGridList& list) {
+        list.SetColumnWidth(QM_IMPORT_MEMO, 100);
+        ResizeClient(dialog, 1100, 400);
+        EXPECT_EQ(list.GetColumnWidth(9), 205);
+    });
+}
+
+// ---- The end.
+
+TEST_F(QMImportDialogTest, ImportMarksTheTickedRows)
+{
+    Fill({uNotCleared, QM_TRANS_FLAG_IMPORT, 0, 0});
+    const INT_PTR nResult = Review(
+        [](VDialog&, QMGridList& list) {
+            ClickCheckBox(list, 1);
+            ClickCheckBox(list, 3);
+            EXPECT_EQ(TicksOf(list), (Ticks{true, false, true, false}));
+        },
+        IDC_IMPORT_IMPORT);
+    EXPECT_EQ(nResult, 1918);
+    EXPECT_EQ(MarksOf(m_store), (Ticks{true, false, true, false}));
+    EXPECT_EQ(TagsOf(m_store), (Flags{uNotCleared, 0, 0, 0}));
+}
+
+TEST_F(QMImportDialogTest, ImportsNothingWhenAllIsUnticked)
+{
+    Fill({0, 0});
+    const INT_PTR nResult = Review(
+        [](VDialog& dialog, QMGridList&) { PressNow(dialog, IDC_IMPORT_ALL); }, IDC_IMPORT_IMPORT);
+    EXPECT_EQ(nResult, 1918);
+    EXPECT_EQ(MarksOf(m_store), (Ticks{false, false}));
+}
+
+TEST_F(QMImportDialogTest, CancelSetsNoMark)
+{
+    Fill({0, uNotCleared});
+    EXPECT_EQ(Review([](VDialog&, QMGridList& list) { ClickCheckBox(list, 1); }), 2);
+    EXPECT_EQ(FlagsOf(m_store), (Flags{0, uNotCleared}));
+}
+
+TEST_F(QMImportDialogTest, TheCloseBoxCancels)
+{
+    Fill({0});
+    EXPECT_EQ(Review([](VDialog& dialog, QMGridList&) { dialog.Post(WM_CLOSE); }, 0), 2);
+    EXPECT_EQ(MarksOf(m_store), Ticks{false});
+}
+
+TEST_F(QMImportDialogTest, EnterImports)
+{
+    Fill({0});
+    EXPECT_EQ(ReviewWithKey(VK_RETURN), 1918);
+    EXPECT_EQ(MarksOf(m_store), Ticks{true});
+}
+
+TEST_F(QMImportDialogTest, EscapeCancels)
+{
+    Fill({0});
+    EXPECT_EQ(ReviewWithKey(VK_ESCAPE), 2);
+    EXPECT_EQ(MarksOf(m_store), Ticks{false});
+}
+
+TEST_F(QMImportDialogTest, HasNoOkToEndWith)
+{
+    Fill({0});
+    EXPECT_EQ(Review([](VDialog& dialog, QMGridList&) {
+                  PressNow(dialog, IDOK);
+                  EXPECT_TRUE(dialog.IsValid());
+              }),
+              2);
+}
+
+TEST_F(QMImportDialogTest, ShowsAnEmptyStore)
+{
+    const INT_PTR nResult = Review(
+        [](VDialog& dialog, QMGridList& list) {
+            EXPECT_EQ(list.GetItemCount(), 0);
+            Click(list, 10, 60);
+            Click(list, 60, 60);
+            PressNow(dialog, IDC_IMPORT_ALL);
+            PressNow(dialog, IDC_IMPORT_CLEARALL);
+            EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_UNCHECKED);
+            EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_UNCHECKED);
+        },
+        IDC_IMPORT_IMPORT);
+    EXPECT_EQ(nResult, 1918);
+    EXPECT_TRUE(m_store.IsEmpty());
+}
+
+TEST_F(QMImportDialogTest, DoesNotShowWithoutItsList)
+{
+    Fill({0});
+    const NoLists refusal;
+    QMImportDialog dialog;
+    EXPECT_EQ(dialog.DoModal(nullptr, m_store), 2);
+    EXPECT_EQ(FlagsOf(m_store), Flags{0});
+}
+
+TEST_F(QMImportDialogTest, ShowsAgainAfterItWasEnded)
+{
+    Fill({0, 0});
+    QMImportDialog dialog;
+    for (int n = 0; n < 2; ++n) {
+        ModalDriver driver;
+        driver.Next([](HWND hDialog) { Press(hDialog, IDC_IMPORT_IMPORT); });
+        EXPECT_EQ(dialog.DoModal(nullptr, m_store), 1918);
+    }
+    EXPECT_EQ(MarksOf(m_store), (Ticks{true, true}));
+}
+
+// ---- Long lists and pictures.
+
+TEST_F(QMImportDialogTest, TakesThousandsOfRows)
+{
+    constexpr int nRows = 10000;
+    QMStoreFiller filler(m_store);
+    for (int n = 0; n < nRows; ++n) {
+        auto pTransaction = std::make_unique<QMTransaction>();
+        pTransaction->lNumber = static_cast<uint32_t>(n);
+        filler.Add(std::move(pTransaction));
+    }
+    ASSERT_TRUE(filler.Finish());
+    Review(
+        [&](VDialog& dialog, QMGridList& list) {
+            ASSERT_EQ(list.GetItemCount(), nRows);
+            EXPECT_EQ(Text(list.GetItemText(nRows - 1, QM_IMPORT_NUMBER)), " 9999");
+            PressNow(dialog, IDC_IMPORT_CLEARALL);
+            PressNow(dialog, IDC_IMPORT_CLEARALL);
+            EXPECT_EQ(DataOf(list), Flags(nRows, 32));
+            PressNow(dialog, IDC_IMPORT_ALL);
+            list.SetItemState(nRows - 1, INDEXTOSTATEIMAGEMASK(2), LVIS_STATEIMAGEMASK);
+        },
+        IDC_IMPORT_IMPORT);
+    Ticks expected(nRows, false);
+    expected.back() = true;
+    EXPECT_EQ(MarksOf(m_store), expected);
+}
+
+namespace {
+
+// The dark points in a cell, as the list paints it.
+int CountDark(QMGridList& list, int nRow, int nColumn)
+{
+    list.Update();
+    RECT rect = {};
+    rect.left = LVIR_BOUNDS;
+    rect.top = nColumn;
+    list.Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(nRow), reinterpret_cast<LPARAM>(&rect));
+    const VClientSurface surface(list.GetHandle());
+    int nDark = 0;
+    for (LONG y = rect.top; y < rect.bottom; ++y) {
+        for (LONG x = rect.left + 1; x < rect.right; ++x) {
+            const COLORREF cr = GetPixel(surface.GetHandle(), x, y);
+            nDark += GetRValue(cr) < 100 && GetGValue(cr) < 100 && GetBValue(cr) < 100 ? 1 : 0;
+        }
+    }
+    return nDark;
+}
+
+COLORREF ColorAt(QMGridList& list, int x, int y)
+{
+    list.Update();
+    const VClientSurface surface(list.GetHandle());
+    return GetPixel(surface.GetHandle(), x, y);
+}
+
+} // namespace
+
+TEST_F(QMImportDialogTest, DrawsTheMarkOfTheClearedOnly)
+{
+    Fill({0, 0, uNotCleared, QM_TRANS_FLAG_VOIDED | uNotCleared});
+    Review([](VDialog& dialog, QMGridList& list) {
+        EXPECT_TRUE(PumpUntil([&] { return CountDark(list, 1, 1) > 10; }));
+        EXPECT_EQ(CountDark(list, 2, 1), 0);
+        EXPECT_EQ(CountDark(list, 3, 1), 0);
+        PressNow(dialog, IDC_IMPORT_CLEARALL);
+        EXPECT_EQ(CountDark(list, 1, 1), 0);
+        PressNow(dialog, IDC_IMPORT_CLEARALL);
+        EXPECT_GT(CountDark(list, 2, 1), 10);
+        EXPECT_GT(CountDark(list, 3, 1), 10);
+    });
+}
+
+TEST_F(QMImportDialogTest, ShadesEverySecondRowAndRulesTheColumns)
+{
+    Fill({0, 0, 0, 0});
+    Review([](VDialog&, QMGridList& list) {
+        // Right of the date's text, before the next column's line.
+        EXPECT_TRUE(PumpUntil([&] { return ColorAt(list, 82, MiddleOf(list, 1)) == 0xEBEBEB; }));
+        EXPECT_EQ(ColorAt(list, 82, MiddleOf(list, 2)), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(ColorAt(list, 82, MiddleOf(list, 3)), 0xEBEBEBU);
+        for (const int x : {50, 80, 135, 185, 435, 495, 555}) {
+            EXPECT_EQ(ColorAt(list, x, MiddleOf(list, 1)), 0xC0C0C0U) << x;
+            EXPECT_EQ(ColorAt(list, x, MiddleOf(list, 2)), 0xC0C0C0U) << x;
+        }
+    });
+}
