@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "resources/resource.h"
+#include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
 
 namespace {
@@ -64,12 +65,22 @@ bool QMImportDialog::OnInitDialog()
     if (!VDialog::OnInitDialog() || !AttachControls() || !MakeList() || !InsertRows()) {
         return false;
     }
+    ShowIcon();
     // The list covers most of the dialog and would flicker with each new size.
     SetLong(GWL_STYLE, GetLong(GWL_STYLE) | WS_CLIPCHILDREN);
     const VRect client = GetClientRect();
     LayOut(client.GetWidth(), client.GetHeight());
     FocusList();
     return true;
+}
+
+// A frame that can be sized has an icon in its caption, the system's own unless it gets one.
+void QMImportDialog::ShowIcon()
+{
+    const HANDLE hIcon = LoadImageA(
+        GetApplication().GetResourceModule(), MAKEINTRESOURCEA(IDI_QUILLMARK), IMAGE_ICON,
+        GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    Send(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(hIcon));
 }
 
 bool QMImportDialog::AttachControls()
