@@ -84,6 +84,8 @@ void QMStatusBar::SetPaneText(const char* szText, int nPane)
 {
     if (nPane == 0) {
         VStatusBar::SetPaneText(szText, nPane);
+        // A bar without room for the others shows a text of its own.
+        Send(SB_SETTEXTA, SB_SIMPLEID, reinterpret_cast<LPARAM>(OrDefault(szText)));
         return;
     }
     const char* szNew = szText == nullptr ? "" : szText;

@@ -177,10 +177,7 @@ LRESULT VFrameWindow::OnNotify(UINT /*uId*/, NMHDR* pHeader)
     if (m_pRebar == nullptr || pHeader->hwndFrom != m_pRebar->GetHandle()) {
         return V_NOT_HANDLED;
     }
-    if (pHeader->code == RBN_CHILDSIZE) {
-        ResizeClient();
-    } else if (pHeader->code == RBN_HEIGHTCHANGE) {
-        Invalidate();
+    if (pHeader->code == RBN_CHILDSIZE || pHeader->code == RBN_HEIGHTCHANGE) {
         ResizeClient();
     }
     return V_NOT_HANDLED;

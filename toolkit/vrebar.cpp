@@ -6,6 +6,44 @@ bool VReBar::OnPreCreate(CREATESTRUCTA& create)
     return true;
 }
 
+LRESULT VReBar::OnReflectNotify(NMHDR* pHeader, LRESULT& lResult)
+{
+    switch (pHeader->code) {
+        case RBN_HEIGHTCHANGE:
+            InvalidateRect(GetParent(), nullptr, FALSE);
+            return V_NOT_HANDLED;
+        case RBN_GETOBJECT:
+            return OnGetObject(pHeader, lResult);
+        case RBN_LAYOUTCHANGED:
+            return OnLayoutChanged(pHeader, lResult);
+        case RBN_AUTOSIZE:
+            return OnAutoSize(pHeader, lResult);
+        case RBN_BEGINDRAG:
+            return OnBeginDrag(pHeader, lResult);
+        case RBN_ENDDRAG:
+            return OnEndDrag(pHeader, lResult);
+        case RBN_DELETINGBAND:
+            return OnDeletingBand(pHeader, lResult);
+        case RBN_DELETEDBAND:
+            return OnDeletedBand(pHeader, lResult);
+        case RBN_CHILDSIZE:
+            return OnChildSize(pHeader, lResult);
+        default:
+            return VControl::OnReflectNotify(pHeader, lResult);
+    }
+}
+
+LRESULT VReBar::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT lResult = VControl::DefaultProc(hWnd, uMessage, wParam, lParam);
+    for (HWND hBar = uMessage == WM_PAINT ? GetWindow(hWnd, GW_CHILD) : nullptr; hBar != nullptr;
+         hBar = GetWindow(hBar, GW_HWNDNEXT)) {
+        // What the bands paint lies under their bars.
+        InvalidateRect(hBar, nullptr, FALSE);
+    }
+    return lResult;
+}
+
 bool VReBar::AddBand(VWindow& bar, const char* szLabel, int nWidth, int nHeight)
 {
     REBARBANDINFOA band = {};

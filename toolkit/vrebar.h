@@ -9,6 +9,19 @@ public:
     VReBar() : VControl(V_KIND_REBAR) {}
 
     bool OnPreCreate(CREATESTRUCTA& create) override;
+    LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
+    LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
+
+    // ---- Notifications of the rebar, as those of VControl.
+
+    virtual LRESULT OnGetObject(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnLayoutChanged(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnAutoSize(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnBeginDrag(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnEndDrag(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnDeletingBand(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnDeletedBand(NMHDR*, LRESULT&) { return 1; }
+    virtual LRESULT OnChildSize(NMHDR*, LRESULT&) { return 1; }
 
     // Adds a band for a bar that is this window's child, as large as the bar's size in pixels. The
     // band goes by the bar's id. A null label leaves it without one.

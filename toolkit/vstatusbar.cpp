@@ -17,8 +17,7 @@ VString VStatusBar::GetPaneText(int nPane) const
 
 void VStatusBar::SetPaneText(const char* szText, int nPane)
 {
-    const bool bEmpty = szText == nullptr || *szText == '\0';
-    const char* szShown = bEmpty ? m_sDefaultText.GetText() : szText;
+    const char* szShown = OrDefault(szText);
     if (GetPaneText(nPane) == szShown) {
         return;
     }

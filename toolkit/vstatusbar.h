@@ -15,6 +15,13 @@ public:
     virtual void SetPaneText(const char* szText, int nPane);
     VString GetPaneText(int nPane) const;
 
+protected:
+    // The text itself, or what stands for an empty or null one.
+    const char* OrDefault(const char* szText) const
+    {
+        return szText == nullptr || *szText == '\0' ? m_sDefaultText.GetText() : szText;
+    }
+
 private:
     VString m_sDefaultText = "Ready";
 };

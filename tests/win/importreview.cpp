@@ -18,13 +18,6 @@ QMTransaction MakeTransaction(int32_t lType, uint16_t uDay, uint32_t uFlags,
     return transaction;
 }
 
-void AddTo(QMTransactionStore& store, const QMTransaction& transaction)
-{
-    auto pCopy = std::make_unique<QMTransaction>();
-    pCopy->CopyFrom(transaction);
-    ASSERT_GE(store.Add(std::move(pCopy)), 0);
-}
-
 Flags FlagsOf(const QMTransactionStore& store)
 {
     Flags flags;

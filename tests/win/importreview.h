@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "exchange/qmimportdialog.h"
+#include "tests/core/support.h"
 #include "tests/win/support.h"
 
 using Flags = std::vector<uint32_t>;
@@ -18,7 +19,6 @@ inline constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
 // Of that day in March 2004, numbered from 1001, $10.25 for each day of the month.
 QMTransaction MakeTransaction(int32_t lType, uint16_t uDay, uint32_t uFlags,
                               const char* szDescription);
-void AddTo(QMTransactionStore& store, const QMTransaction& transaction);
 
 // For each transaction or row, from the first.
 Flags FlagsOf(const QMTransactionStore& store);

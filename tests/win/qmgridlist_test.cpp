@@ -50,7 +50,7 @@ protected:
         m_list.Send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(CLR_NONE));
         m_list.Send(LVM_SETTEXTCOLOR, 0, crText);
         for (int i = 0; i < nColumns; ++i) {
-            ASSERT_EQ(m_list.InsertColumn(i, "", LVCFMT_LEFT, anWidths[i]), i);
+            ASSERT_EQ(m_list.InsertColumn(i, "", QMAlignment::Left, anWidths[i]), i);
         }
         m_list.SetPaintedColumns(nBalance, nTag, nCleared);
         m_parent.Show(SW_SHOWNOACTIVATE);
