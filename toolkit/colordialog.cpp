@@ -16,6 +16,7 @@ bool ColorDialog::Run(HWND hOwner, COLORREF crStart, DWORD uFlags)
     record.Flags = uFlags | CC_RGBINIT | CC_ENABLEHOOK;
     record.lCustData = HookData();
     record.lpfnHook = &HookProc<CHOOSECOLORA>;
+    OnBeforeShow(record);
     if (!ChooseColorA(&record)) {
         return false;
     }

@@ -16,6 +16,11 @@ public:
     // What the last OK chose; black before.
     COLORREF GetColor() const { return m_crColor; }
 
+    // ---- Virtual operation, behind those of VDialog.
+
+    // May change the record before the dialog is shown.
+    virtual void OnBeforeShow(CHOOSECOLORA& /*record*/) {}
+
 private:
     COLORREF m_crColor = 0;
 };

@@ -11,6 +11,7 @@ bool FontDialog::Run(HWND hOwner, const LOGFONTA* pFont, DWORD uFlags)
     record.Flags = uFlags | CF_ENABLEHOOK | CF_INITTOLOGFONTSTRUCT;
     record.lCustData = HookData();
     record.lpfnHook = &HookProc<CHOOSEFONTA>;
+    OnBeforeShow(record);
     if (!ChooseFontA(&record)) {
         return false;
     }

@@ -18,6 +18,11 @@ public:
     COLORREF GetColor() const { return m_crColor; }
     void SetColor(COLORREF crColor) { m_crColor = crColor; }
 
+    // ---- Virtual operation, behind those of VDialog.
+
+    // May change the record before the dialog is shown.
+    virtual void OnBeforeShow(CHOOSEFONTA& /*record*/) {}
+
 private:
     LOGFONTA m_font = {};
     COLORREF m_crColor = 0;

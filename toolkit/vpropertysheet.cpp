@@ -37,6 +37,10 @@ bool VPropertySheet::AddPage(VPropertyPage& page, UINT uTemplate, HINSTANCE hIns
 bool VPropertySheet::MakeRecords()
 {
     const auto uCount = static_cast<size_t>(m_pages.GetCount());
+    if (uCount == 0) {
+        // Not every system survives the attempt.
+        return false;
+    }
     m_records.reset(new (std::nothrow) PROPSHEETPAGEA[uCount]);
     if (m_records == nullptr) {
         return false;

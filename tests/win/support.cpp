@@ -179,13 +179,27 @@ DWORD CountWineGdiObjects()
     return uCount;
 }
 
+constexpr UINT_PTR uFirstUserHandle = 0x20;
+constexpr UINT_PTR uEndOfUserHandles = 0x2000;
+
+std::set<HACCEL> WineAcceleratorTables()
+{
+    std::set<HACCEL> tables;
+    for (UINT_PTR u = uFirstUserHandle; u < uEndOfUserHandles; u += 2) {
+        const auto hTable = reinterpret_cast<HACCEL>(u);
+        if (CopyAcceleratorTableA(hTable, nullptr, 0) > 0) {
+            tables.insert(hTable);
+        }
+    }
+    return tables;
+}
+
 // Menus and accelerator tables, which both are the process's own.
 DWORD CountWineUserHandles()
 {
-    DWORD uCount = 0;
-    for (UINT_PTR u = 0x20; u < 0x2000; u += 2) {
+    auto uCount = static_cast<DWORD>(WineAcceleratorTables().size());
+    for (UINT_PTR u = uFirstUserHandle; u < uEndOfUserHandles; u += 2) {
         uCount += IsMenu(reinterpret_cast<HMENU>(u)) != FALSE;
-        uCount += CopyAcceleratorTableA(reinterpret_cast<HACCEL>(u), nullptr, 0) > 0;
     }
     return uCount;
 }
@@ -218,4 +232,23 @@ ObjectCounts CountObjects()
     }
     return {GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
             GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)};
+}
+
+ScopedAcceleratorTables::ScopedAcceleratorTables()
+{
+    if (IsWine()) {
+        m_before = WineAcceleratorTables();
+    }
+}
+
+ScopedAcceleratorTables::~ScopedAcceleratorTables()
+{
+    if (!IsWine()) {
+        return;
+    }
+    for (HACCEL hTable : WineAcceleratorTables()) {
+        if (m_before.count(hTable) == 0) {
+            DestroyAcceleratorTable(hTable);
+        }
+    }
 }

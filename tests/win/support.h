@@ -109,3 +109,17 @@ struct ObjectCounts
 
 // Of this process.
 ObjectCounts CountObjects();
+
+// Destroys at its end the accelerator tables that came within its scope, under Wine alone: its view
+// of a folder, as file dialogs show it, keeps one from every showing.
+class ScopedAcceleratorTables
+{
+public:
+    ScopedAcceleratorTables();
+    ScopedAcceleratorTables(const ScopedAcceleratorTables&) = delete;
+    ScopedAcceleratorTables& operator=(const ScopedAcceleratorTables&) = delete;
+    ~ScopedAcceleratorTables();
+
+private:
+    std::set<HACCEL> m_before;
+};

@@ -2,8 +2,11 @@
 
 #include "toolkit/vfiledialog.h"
 
-#include <dlgs.h>
 #include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <dlgs.h> // needs the former
 
 #include "tests/win/modaldriver.h"
 #include "tests/win/support.h"
@@ -92,6 +95,7 @@ protected:
     }
     bool Save() { return m_dialog.Run(nullptr, false, 0, nullptr, m_folder.Get(), "qmk"); }
 
+    ScopedAcceleratorTables m_tables;
     ScopedFolder m_folder;
     RecordingFileDialog m_dialog;
     ModalDriver m_driver;
