@@ -136,6 +136,69 @@ bool HasPrinter()
 
 } // namespace
 
+// ---- Fonts. They come first: the colour dialog keeps more of the system's objects once fonts were
+// listed, and the run that warms up must see that.
+
+TEST(FontDialog, GivesBackTheFontAndColorThatItStartedWith)
+{
+    const LOGFONTA font = FontOf(-16);
+    WatchedFont dialog;
+    dialog.SetColor(RGB(255, 0, 0));
+    ModalDriver driver;
+    driver.Next([&](HWND hDialog) {
+        EXPECT_EQ(dialog.GetHandle(), hDialog);
+        Press(hDialog, IDOK);
+    });
+    ASSERT_TRUE(dialog.Run(nullptr, &font, CF_SCREENFONTS | CF_EFFECTS));
+    EXPECT_EQ(dialog.m_shown.Flags,
+              DWORD{CF_SCREENFONTS | CF_EFFECTS | CF_ENABLEHOOK | CF_INITTOLOGFONTSTRUCT});
+    EXPECT_STREQ(dialog.GetFont().lfFaceName, SomeFace());
+    EXPECT_EQ(dialog.GetFont().lfHeight, -16);
+    EXPECT_EQ(dialog.GetColor(), RGB(255, 0, 0));
+    EXPECT_EQ(dialog.GetHandle(), nullptr);
+}
+
+TEST(FontDialog, TakesTheChosenSizeAndColor)
+{
+    FontDialog dialog;
+    dialog.SetFont(FontOf(-16));
+    ModalDriver driver;
+    driver.Next([](HWND hDialog) {
+        HWND hSizes = GetDlgItem(hDialog, cmb3);
+        const auto lSize = SendMessageA(hSizes, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                        reinterpret_cast<LPARAM>("24"));
+        EXPECT_GE(lSize, 0);
+        SendMessageA(hSizes, CB_SETCURSEL, static_cast<WPARAM>(lSize), 0);
+        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(hSizes));
+        HWND hColors = GetDlgItem(hDialog, cmb4);
+        SendMessageA(hColors, CB_SETCURSEL, 1, 0);
+        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(cmb4, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(hColors));
+        Press(hDialog, IDOK);
+    });
+    // No font given: the object's own.
+    ASSERT_TRUE(dialog.Run(nullptr, nullptr, CF_SCREENFONTS | CF_EFFECTS));
+    HDC hDC = GetDC(nullptr);
+    EXPECT_EQ(dialog.GetFont().lfHeight, -MulDiv(24, GetDeviceCaps(hDC, LOGPIXELSY), 72));
+    ReleaseDC(nullptr, hDC);
+    EXPECT_STREQ(dialog.GetFont().lfFaceName, SomeFace());
+    EXPECT_EQ(dialog.GetColor(), RGB(128, 0, 0)); // the second in the system's list
+}
+
+TEST(FontDialog, ACancelChangesNothing)
+{
+    const LOGFONTA other = FontOf(-40);
+    FontDialog dialog;
+    dialog.SetFont(FontOf(-16));
+    dialog.SetColor(RGB(1, 2, 3));
+    ModalDriver driver;
+    driver.Next(Pressing(IDCANCEL));
+    EXPECT_FALSE(dialog.Run(nullptr, &other));
+    EXPECT_EQ(dialog.GetFont().lfHeight, -16);
+    EXPECT_EQ(dialog.GetColor(), RGB(1, 2, 3));
+}
+
 // ---- Colours.
 
 TEST(ColorDialog, StartsWithTheColorThatItIsGiven)
@@ -203,68 +266,6 @@ TEST(ColorDialog, AnObjectThatRefusesKeepsTheDialogOpen)
     driver.Next(Pressing(IDOK));
     driver.When([&](HWND) { return dialog.m_nRefusals == 0; }, Pressing(IDOK));
     EXPECT_TRUE(dialog.Run(nullptr, RGB(255, 0, 0)));
-}
-
-// ---- Fonts.
-
-TEST(FontDialog, GivesBackTheFontAndColorThatItStartedWith)
-{
-    const LOGFONTA font = FontOf(-16);
-    WatchedFont dialog;
-    dialog.SetColor(RGB(255, 0, 0));
-    ModalDriver driver;
-    driver.Next([&](HWND hDialog) {
-        EXPECT_EQ(dialog.GetHandle(), hDialog);
-        Press(hDialog, IDOK);
-    });
-    ASSERT_TRUE(dialog.Run(nullptr, &font, CF_SCREENFONTS | CF_EFFECTS));
-    EXPECT_EQ(dialog.m_shown.Flags,
-              DWORD{CF_SCREENFONTS | CF_EFFECTS | CF_ENABLEHOOK | CF_INITTOLOGFONTSTRUCT});
-    EXPECT_STREQ(dialog.GetFont().lfFaceName, SomeFace());
-    EXPECT_EQ(dialog.GetFont().lfHeight, -16);
-    EXPECT_EQ(dialog.GetColor(), RGB(255, 0, 0));
-    EXPECT_EQ(dialog.GetHandle(), nullptr);
-}
-
-TEST(FontDialog, TakesTheChosenSizeAndColor)
-{
-    FontDialog dialog;
-    dialog.SetFont(FontOf(-16));
-    ModalDriver driver;
-    driver.Next([](HWND hDialog) {
-        HWND hSizes = GetDlgItem(hDialog, cmb3);
-        const auto lSize = SendMessageA(hSizes, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                        reinterpret_cast<LPARAM>("24"));
-        EXPECT_GE(lSize, 0);
-        SendMessageA(hSizes, CB_SETCURSEL, static_cast<WPARAM>(lSize), 0);
-        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(hSizes));
-        HWND hColors = GetDlgItem(hDialog, cmb4);
-        SendMessageA(hColors, CB_SETCURSEL, 1, 0);
-        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(cmb4, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(hColors));
-        Press(hDialog, IDOK);
-    });
-    // No font given: the object's own.
-    ASSERT_TRUE(dialog.Run(nullptr, nullptr, CF_SCREENFONTS | CF_EFFECTS));
-    HDC hDC = GetDC(nullptr);
-    EXPECT_EQ(dialog.GetFont().lfHeight, -MulDiv(24, GetDeviceCaps(hDC, LOGPIXELSY), 72));
-    ReleaseDC(nullptr, hDC);
-    EXPECT_STREQ(dialog.GetFont().lfFaceName, SomeFace());
-    EXPECT_EQ(dialog.GetColor(), RGB(128, 0, 0)); // the second in the system's list
-}
-
-TEST(FontDialog, ACancelChangesNothing)
-{
-    const LOGFONTA other = FontOf(-40);
-    FontDialog dialog;
-    dialog.SetFont(FontOf(-16));
-    dialog.SetColor(RGB(1, 2, 3));
-    ModalDriver driver;
-    driver.Next(Pressing(IDCANCEL));
-    EXPECT_FALSE(dialog.Run(nullptr, &other));
-    EXPECT_EQ(dialog.GetFont().lfHeight, -16);
-    EXPECT_EQ(dialog.GetColor(), RGB(1, 2, 3));
 }
 
 // ---- Print: what the system is asked, and what comes of it.
