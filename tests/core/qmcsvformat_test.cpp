@@ -181,8 +181,8 @@ TEST(CsvReader, DecidesAboutQuotesByTheFirstHeaderCellAlone)
               "1/1/2000 2 #0 0.00 f16 1/1/2000 '' '\"a' ' b\"'");
     EXPECT_EQ(Row("Memo,\"Category\"", "\"a\",c"), "1/1/2000 2 #0 0.00 f16 1/1/2000 '' '\"a\"'")
         << "a quoted name is unknown there";
-    EXPECT_EQ(Row("\"Memo,Category\"", "a,b"), "1/1/2000 2 #0 0.00 f16 1/1/2000")
-        << "the first token has no quote at its end";
+    EXPECT_EQ(Row("\"Memo,Category\"", "a,b"), "1/1/2000 2 #0 0.00 f16 1/1/2000 '' '' 'b'")
+        << "the first token has no quote at its end, the second is known by its beginning";
 }
 
 TEST(CsvReader, ReadsARowTheSameWhereTheFileHasAMark)
@@ -242,7 +242,7 @@ TEST(CsvWriter, QuotesNothingSoThatACommaAddsAColumn)
         Export("a.csv", {MakeFull(0, "3/4/2004", 5, "Smith, John", "say \"x\"", "")});
     EXPECT_NE(sFile.find(",Smith, John,-5.00,say \"x\",,"), std::string::npos) << sFile;
     EXPECT_EQ(Import("a.csv", sFile),
-              Texts{"3/4/2004 0 #1000 0.00 f0 3/4/2004 'Smith' '-5.00' 'say \"x\"'"})
+              Texts{"3/4/2004 0 #1000 0.00 f16 3/4/2004 'Smith' '-5.00' 'say \"x\"'"})
         << "everything behind it moves by one";
 }
 

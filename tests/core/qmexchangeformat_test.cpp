@@ -150,7 +150,7 @@ TEST(Payee, TakesAWordThatMerelyBeginsWithATypesNameForThatType)
 TEST(Payee, MeasuresAnAliasByTheLabelThatTheRegisterShows)
 {
     EXPECT_EQ(Payee("auto-payment - rent"), "8:nt");
-    EXPECT_EQ(Payee("interest from bank"), "11:bank");
+    EXPECT_EQ(Payee("interest from bank"), "11: bank");
     EXPECT_EQ(Payee("atm-deposit - x"), "6: - x");
 }
 
@@ -159,7 +159,7 @@ TEST(Payee, MeasuresByTheVoidedTextTooOnceTheRecordIsVoided)
     Format format;
     format.GetPending().SetTag(QM_TRANS_FLAG_VOIDED);
     EXPECT_EQ(format.Payee("Deposit - rent"), "1:") << "\"Deposit   (voided)\" is longer";
-    EXPECT_EQ(format.Payee("Deposit - rent for March"), "1:March") << "behind 18 characters";
+    EXPECT_EQ(format.Payee("Deposit - rent for March"), "1: March") << "behind 18 characters";
 }
 
 TEST(Payee, MeasuresByTheDescriptionThatTheRecordHasAlready)

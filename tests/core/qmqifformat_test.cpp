@@ -153,7 +153,7 @@ TEST(QifReader, SurvivesWhateverComes)
         "T" + std::string(20000, '9') + "\n^\n",
         "T1e999\n^\nT-1e999\n^\n",
         "N99999999999999999999\n^\nN-5\n^\n",
-        "\xFE\xFF\0^\0\n\0"s,
+        "\xFE\xFF\0^\0\n"s,
         "\xFF\xFE^\0"s,
     };
     for (const std::string& sFile : aFiles) {
