@@ -35,16 +35,41 @@ constexpr int nAlphaSize = 16;
 constexpr int nStripSize = 10;
 constexpr COLORREF crStripMask = 0xC0C0C0;
 
+// What draws a closed button knows nothing of alpha: it takes all that is not masked for the
+// picture.
+bool MakeMask(const VBitmap& picture, VBitmap& mask)
+{
+    constexpr uint8_t uHalf = 128;
+    DIBSECTION section = {};
+    if (GetObjectA(picture.GetHandle(), sizeof section, &section) != sizeof section ||
+        section.dsBm.bmBitsPixel != 32 || section.dsBm.bmWidth != nAlphaSize ||
+        section.dsBm.bmHeight != nAlphaSize) {
+        return false;
+    }
+    const auto* pAlpha = static_cast<const uint8_t*>(section.dsBm.bmBits) + 3;
+    uint8_t aBits[nAlphaSize * nAlphaSize / 8] = {};
+    for (int i = 0; i < nAlphaSize * nAlphaSize; ++i) {
+        // Its lines go upwards, the mask's downwards.
+        const int nFlipped = (nAlphaSize - 1 - i / nAlphaSize) * nAlphaSize + i % nAlphaSize;
+        if (pAlpha[static_cast<ptrdiff_t>(nFlipped) * 4] < uHalf) {
+            aBits[i / 8] = static_cast<uint8_t>(aBits[i / 8] | 0x80 >> i % 8);
+        }
+    }
+    return mask.Attach(CreateBitmap(nAlphaSize, nAlphaSize, 1, 1, aBits));
+}
+
 // A missing one leaves the next in its place, so it counts as the end.
 bool FillWithAlpha(VImageList& images)
 {
     if (!images.Create(nAlphaSize, nAlphaSize, static_cast<int>(std::size(aButtonPictures)), 1,
-                       ILC_COLOR32)) {
+                       ILC_COLOR32 | ILC_MASK)) {
         return false;
     }
     for (const auto& picture : aButtonPictures) {
         VBitmap bitmap;
-        if (!bitmap.Load(picture.uBitmap) || images.Add(bitmap.GetHandle()) < 0) {
+        VBitmap mask;
+        if (!bitmap.Load(picture.uBitmap) || !MakeMask(bitmap, mask) ||
+            images.Add(bitmap.GetHandle(), mask.GetHandle()) < 0) {
             return false;
         }
     }

@@ -155,13 +155,15 @@ std::vector<std::string> LayoutFaults(HWND hDialog)
             rect.bottom > client.bottom) {
             faults.push_back(NameOf(hControl) + " sticks out");
         }
-        if (VWindow::KindOfWindow(hControl) == V_KIND_GROUP_BOX) {
-            continue;
-        }
+        // The frame around a group may share the place of what stands in it, but not above one that
+        // then would not draw itself.
+        const bool bFrame = VWindow::KindOfWindow(hControl) == V_KIND_GROUP_BOX;
+        const bool bClips = (GetWindowLongPtrA(hControl, GWL_STYLE) & WS_CLIPSIBLINGS) != 0;
         for (HWND hOther : placed) {
             const RECT other = RectIn(hDialog, hOther);
             RECT common = {};
-            if (IntersectRect(&common, &rect, &other)) {
+            const bool bAroundFrame = bFrame || VWindow::KindOfWindow(hOther) == V_KIND_GROUP_BOX;
+            if ((bClips || !bAroundFrame) && IntersectRect(&common, &rect, &other)) {
                 faults.push_back(NameOf(hControl) + " covers " + NameOf(hOther));
             }
         }
