@@ -109,10 +109,10 @@ TEST(QMEntryPictures, ArrowsAloneHaveThemBeforeVersion6)
     }
 }
 
-TEST(QMEntryPictures, TheLibraryOfTheManifestHasVersion6OrLater)
+TEST(QMEntryPictures, TheLibrarySaysItsVersion)
 {
-    const int nVersion = QMEntryPictures::GetLibraryVersion();
-    EXPECT_TRUE(nVersion == 5 || nVersion >= 6) << nVersion;
+    // Not every system's library says 6 of itself that has what 6 brought.
+    EXPECT_GE(QMEntryPictures::GetLibraryVersion(), 5);
 }
 
 TEST(QMEntryPictures, SignsAreDrawnAtTheirPlacesAndNowhereElse)
