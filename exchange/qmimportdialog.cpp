@@ -77,9 +77,9 @@ bool QMImportDialog::OnInitDialog()
 // A frame that can be sized has an icon in its caption, the system's own unless it gets one.
 void QMImportDialog::ShowIcon()
 {
-    const HANDLE hIcon = LoadImageA(
-        GetApplication().GetResourceModule(), MAKEINTRESOURCEA(IDI_QUILLMARK), IMAGE_ICON,
-        GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    HANDLE hIcon = LoadImageA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(IDI_QUILLMARK),
+                              IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                              GetSystemMetrics(SM_CYSMICON), LR_SHARED);
     Send(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(hIcon));
 }
 

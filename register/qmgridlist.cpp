@@ -12,6 +12,10 @@ constexpr COLORREF crShade = 0xEBEBEB;
 constexpr DWORD uRopPlain = 0x8800C6;
 constexpr DWORD uRopSelected = 0xBB0226;
 
+// Pixels at a row's left end that the control does not paint anew, on some systems, when only the
+// row's selection or the focus changed.
+constexpr int nLeftEnd = 2;
+
 constexpr uint32_t uAllLines = QM_GRID_SHADED | QM_GRID_HORIZONTAL | QM_GRID_VERTICAL;
 constexpr uint32_t uMarks = QM_DECOR_TAX | QM_DECOR_EXPENSE | QM_DECOR_VOIDED | QM_DECOR_CLEARED;
 
@@ -86,10 +90,38 @@ void QMGridList::SetPaintedColumns(int nBalance, int nTag, int nCleared)
 
 LRESULT QMGridList::OnReflectNotify(NMHDR* pHeader, LRESULT& lResult)
 {
-    if (pHeader->code == NM_CUSTOMDRAW) {
-        return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW*>(pHeader), lResult);
+    switch (pHeader->code) {
+        case NM_CUSTOMDRAW:
+            return OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW*>(pHeader), lResult);
+        case LVN_ITEMCHANGED: {
+            const auto& change = *reinterpret_cast<NMLISTVIEW*>(pHeader);
+            if (((change.uOldState ^ change.uNewState) & LVIS_SELECTED) != 0) {
+                InvalidateLeftEnd(change.iItem);
+            }
+            break;
+        }
+        case LVN_ODSTATECHANGED:
+        case NM_SETFOCUS:
+        case NM_KILLFOCUS:
+            InvalidateLeftEnd(-1);
+            break;
+        default:
+            break;
     }
     return VListControl::OnReflectNotify(pHeader, lResult);
+}
+
+void QMGridList::InvalidateLeftEnd(int nRow)
+{
+    RECT rect = {};
+    rect.left = LVIR_BOUNDS;
+    if (nRow < 0 ||
+        Send(LVM_GETITEMRECT, static_cast<WPARAM>(nRow), reinterpret_cast<LPARAM>(&rect)) == 0) {
+        ::GetClientRect(GetHandle(), &rect);
+        rect.left = -GetScrollPos(GetHandle(), SB_HORZ);
+    }
+    rect.right = rect.left + nLeftEnd;
+    InvalidateRect(GetHandle(), &rect, TRUE);
 }
 
 LRESULT QMGridList::OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult)

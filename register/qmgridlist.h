@@ -23,6 +23,7 @@ public:
 
     LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
 
+    using VListControl::InsertColumn;
     // The index of the new column; -1 on failure.
     int InsertColumn(int nColumn, const char* szHeading, QMAlignment alignment, int nWidth);
 
@@ -36,6 +37,8 @@ public:
 private:
     struct Cell;
 
+    // Of a row; -1 for all of them.
+    void InvalidateLeftEnd(int nRow);
     void DrawEmptyArea(VDrawingSurface& surface);
     void DrawShading(VDrawingSurface& surface, int nTop, int nFirstStrip, int nRowHeight);
     void DrawHorizontals(VDrawingSurface& surface, int nFrom, int nRowHeight);

@@ -261,3 +261,23 @@ TEST_F(QMImportListTest, ShadesEverySecondRowAndRulesTheColumns)
         }
     });
 }
+
+TEST_F(QMImportListTest, LeavesNothingOfASelectionThatWentAway)
+{
+    Fill({0, 0, 0, 0});
+    Review([](VDialog&, QMGridList& list) {
+        const auto IsSelected = [&](int nRow) {
+            return ColorAt(list, 82, MiddleOf(list, nRow)) == GetSysColor(COLOR_HIGHLIGHT);
+        };
+        for (const int nRow : {0, 1}) {
+            list.SetItemState(nRow, LVIS_SELECTED, LVIS_SELECTED);
+            EXPECT_TRUE(PumpUntil([&] { return IsSelected(nRow); })) << nRow;
+            list.SetItemState(nRow, 0, LVIS_SELECTED);
+            EXPECT_FALSE(IsSelected(nRow)) << nRow;
+        }
+        // Right of the line at the left edge, and left of the check boxes.
+        EXPECT_EQ(ColorAt(list, 1, MiddleOf(list, 0)), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(ColorAt(list, 1, MiddleOf(list, 1)), 0xEBEBEBU);
+        EXPECT_EQ(ColorAt(list, 1, MiddleOf(list, 2)), GetSysColor(COLOR_WINDOW));
+    });
+}
