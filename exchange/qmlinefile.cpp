@@ -50,7 +50,7 @@ QMTextEncoding QMTellEncoding(const char* pBytes, size_t uCount)
 QMTextEncoding QMLineFile::Open(const char* szPath, int32_t lMaxLine)
 {
     lMaxLine = lMaxLine == 0 ? lDefaultMaxLine : lMaxLine;
-    if (szPath == nullptr || lMaxLine < 3) {
+    if (szPath == nullptr || lMaxLine < 3 || lMaxLine > lLargestMaxLine) {
         return QM_TEXT_BAD_ARGUMENT;
     }
     m_pFile = QMOpenForReading(szPath);

@@ -27,9 +27,10 @@ class QMLineFile
 public:
     // The room for a line that serves when none is named.
     static constexpr int32_t lDefaultMaxLine = 16384;
+    static constexpr int32_t lLargestMaxLine = 1 << 28;
 
     // Opens the file and goes behind its mark. Lines are cut at lMaxLine - 2 characters; 0 stands
-    // for the default, and below 3 nothing could be read. The last two kinds tell a refusal.
+    // for the default, below 3 nothing could be read. The last two kinds tell a refusal.
     QMTextEncoding Open(const char* szPath, int32_t lMaxLine);
 
     // Reads up to CR, LF, or the two together in either order, or up to the cut: the rest of a

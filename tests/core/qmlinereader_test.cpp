@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <random>
 #include <string>
@@ -193,6 +194,7 @@ TEST(LineFile, RefusesWithAKindOfItsOwn)
     EXPECT_EQ(QMLineFile().Open(nullptr, 0), QM_TEXT_BAD_ARGUMENT);
     EXPECT_EQ(QMLineFile().Open(sPath.c_str(), -1), QM_TEXT_BAD_ARGUMENT);
     EXPECT_EQ(QMLineFile().Open(sPath.c_str(), 2), QM_TEXT_BAD_ARGUMENT);
+    EXPECT_EQ(QMLineFile().Open(sPath.c_str(), INT32_MAX), QM_TEXT_BAD_ARGUMENT);
     EXPECT_EQ(QMLineFile().Open(sPath.c_str(), 3), QM_TEXT_PLAIN);
     EXPECT_EQ(QMLineFile().Open(folder.PathOf("absent").c_str(), 0), QM_TEXT_UNREADABLE);
     EXPECT_EQ(QMLineFile().Open(folder.GetPath().c_str(), 0), QM_TEXT_UNREADABLE);
