@@ -1,6 +1,8 @@
 // QMCsvFormat: comma-separated files with a header row.
 #pragma once
 
+#include <cstdio>
+
 #include "exchange/qmexchangeformat.h"
 #include "exchange/qmtokenizer.h"
 #include "toolkit/vstring.h"
@@ -19,6 +21,10 @@ public:
 
     // Never returns for a store without transactions: QMExportObstacle tells beforehand.
     bool Export(const char* szPath, QMTransactionStore& store) override;
+
+    // The same into a file that is open for writing text. Whether that went well is known to the
+    // file: ferror, and fclose at the end.
+    static void WriteTo(FILE* pFile, QMTransactionStore& store);
 
 private:
     void ParseHeader(char* szText);

@@ -33,15 +33,21 @@ bool QMCsvFormat::Export(const char* szPath, QMTransactionStore& store)
     if (pFile == nullptr) {
         return false;
     }
-    fputs("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n", pFile.get());
+    WriteTo(pFile.get(), store);
+    return true;
+}
+
+void QMCsvFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
+{
+    fputs("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n", pFile);
     store.First();
     for (;;) {
         // Only a transaction that was written can be the last one: who calls this sees to it that
         // there is one.
         if (const QMTransaction* pCurrent = store.GetCurrentNode()) {
-            WriteRow(pFile.get(), *pCurrent);
+            WriteRow(pFile, *pCurrent);
             if (store.IsLast()) {
-                return true;
+                return;
             }
         }
         store.Next();

@@ -63,6 +63,23 @@ bool QMExportFile(const char* szPath, QMTransactionStore& store)
     }
 }
 
+bool QMExportTo(FILE* pFile, QMExchangeKind kind, QMTransactionStore& store)
+{
+    switch (kind) {
+        case QMExchangeKind::Qif:
+            QMQifFormat::WriteTo(pFile, store);
+            return true;
+        case QMExchangeKind::Csv:
+            QMCsvFormat::WriteTo(pFile, store);
+            return true;
+        case QMExchangeKind::Xml:
+            QMXmlFormat::WriteTo(pFile, store);
+            return true;
+        default:
+            return false;
+    }
+}
+
 const char* QMExportObstacle(QMExchangeKind kind, const QMTransactionStore& store)
 {
     const QMTransaction* pLast = nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 
 #include "account/qmtransactionstore.h"
 
@@ -25,6 +26,10 @@ bool QMImportFile(const char* szPath, QMTransactionStore& store);
 // that cannot be written, and when the file cannot be created. Never returns where QMExportObstacle
 // has a reason.
 bool QMExportFile(const char* szPath, QMTransactionStore& store);
+
+// The same into a file that is open for writing text, for who must know whether every byte found
+// its place: ferror and fclose tell.
+bool QMExportTo(FILE* pFile, QMExchangeKind kind, QMTransactionStore& store);
 
 // Why a store must not be exported in that kind, as a phrase for the end of a sentence; null when
 // it may be.

@@ -34,16 +34,22 @@ bool QMQifFormat::Export(const char* szPath, QMTransactionStore& store)
     if (pFile == nullptr) {
         return false;
     }
-    fputs("!Type:Bank\n", pFile.get());
+    WriteTo(pFile.get(), store);
+    return true;
+}
+
+void QMQifFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
+{
+    fputs("!Type:Bank\n", pFile);
     store.First();
     for (;;) {
         // Only a transaction that was written can be the last one, and at the end of the store
         // there is no next one: who calls this sees to it that the last one is written.
         const QMTransaction* pCurrent = store.GetCurrentNode();
         if (pCurrent != nullptr && !pCurrent->HasFlag(QM_TRANS_FLAG_VOIDED)) {
-            WriteRecord(pFile.get(), *pCurrent);
+            WriteRecord(pFile, *pCurrent);
             if (store.IsLast()) {
-                return true;
+                return;
             }
         }
         store.Next();

@@ -1,6 +1,8 @@
 // QMXmlFormat: transactions as an XML document.
 #pragma once
 
+#include <cstdio>
+
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
 #include "exchange/qmtemporaryrecords.h"
@@ -20,6 +22,10 @@ public:
     // an unknown type is passed over. False when the file cannot be created. Never returns for a
     // store without transactions: QMExportObstacle tells beforehand.
     bool Export(const char* szPath, QMTransactionStore& store);
+
+    // The same into a file that is open for writing text. Whether that went well is known to the
+    // file: ferror, and fclose at the end.
+    static void WriteTo(FILE* pFile, QMTransactionStore& store);
 
     void OnCharacterData(const char* pText, int32_t lLength) override;
     void OnStartElement(const char* szName, const char** aszAttributes) override;

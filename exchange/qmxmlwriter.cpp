@@ -108,14 +108,20 @@ bool QMXmlFormat::Export(const char* szPath, QMTransactionStore& store)
     if (pFile == nullptr) {
         return false;
     }
-    fputs(szProlog, pFile.get());
+    WriteTo(pFile.get(), store);
+    return true;
+}
+
+void QMXmlFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
+{
+    fputs(szProlog, pFile);
     store.First();
     for (;;) {
         // Only a transaction that is there can be the last one: who calls this sees to it that
         // there is one.
         if (const QMTransaction* pCurrent = store.GetCurrentNode()) {
             if (pCurrent->IsTypeValid()) {
-                WriteRecord(pFile.get(), *pCurrent);
+                WriteRecord(pFile, *pCurrent);
             }
             if (store.IsLast()) {
                 break;
@@ -123,6 +129,5 @@ bool QMXmlFormat::Export(const char* szPath, QMTransactionStore& store)
         }
         store.Next();
     }
-    fputs("</quillmark>\n", pFile.get());
-    return true;
+    fputs("</quillmark>\n", pFile);
 }

@@ -7,3 +7,4 @@ int RunInfo(const ToolOptions& options);
 int RunList(const ToolOptions& options);
 int RunCheck(const ToolOptions& options);
 int RunConvert(const ToolOptions& options);
+int RunImport(const ToolOptions& options);

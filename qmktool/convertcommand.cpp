@@ -1,58 +1,105 @@
-#include "account/qmaccountwriter.h"
+#include <memory>
+
 #include "qmktool/commands.h"
 #include "qmktool/output.h"
 #include "qmktool/toolaccount.h"
-#include "toolkit/vfilesystem.h"
-#include "toolkit/vtext.h"
+#include "qmktool/toolexchange.h"
 
 namespace {
-
-bool IsAccountFile(const char* szFile)
-{
-    VString sFolder;
-    VString sFileName;
-    VSplitPath(szFile, sFolder, sFileName);
-    const int32_t lDot = sFileName.FindLast('.');
-    return lDot >= 0 && sFileName.Mid(static_cast<uint32_t>(lDot)).CompareNoCase(".qmk") == 0;
-}
 
 // Null when the file may be converted from or to as far as its name goes.
 const char* KindFault(const char* szFile)
 {
-    return IsAccountFile(szFile) ? nullptr : "only account files (.qmk) can be converted";
+    return IsAccountName(szFile) || ExchangeKindOf(szFile) != QMExchangeKind::None
+               ? nullptr
+               : "only .qmk, .qif, .csv and .xml files can be converted";
 }
 
-int32_t CountCategories(const QMAccount& account)
+// Null after a line on standard error.
+std::unique_ptr<QMAccount> ReadSource(const char* szFile, const ToolOptions& options)
+{
+    if (IsAccountName(szFile)) {
+        QMReadReport report;
+        return OpenToolAccount(szFile, options, report);
+    }
+    // A name of its own it does not need: its file is never opened.
+    auto pAccount = std::make_unique<QMAccount>("");
+    return ImportInto(*pAccount, szFile) < 0 ? nullptr : std::move(pAccount);
+}
+
+template <class F>
+int32_t CountThose(const QMTransactionStore& store, F isMeant)
 {
     int32_t lCount = 0;
-    account.store.ForEach([&](const QMTransaction& transaction) {
-        lCount += transaction.szCategory[0] != '\0' ? 1 : 0;
-    });
+    store.ForEach(
+        [&](const QMTransaction& transaction) { lCount += isMeant(transaction) ? 1 : 0; });
     return lCount;
 }
 
-int WriteAccount(const QMAccount& account, const char* szFile, bool bReplace)
+void TellLeftOut(Output& output, int32_t lCount, const char* szWhat)
 {
-    const QMFileImage image = QMMakeAccountImage(account);
-    if (image.pBytes == nullptr) {
-        return RefuseFile("write", szFile, "there is not enough memory");
+    if (lCount > 0) {
+        output.Format(", %d %s left out", lCount, szWhat);
     }
-    const VFileFault fault = VWriteWholeFile(szFile, image.pBytes.get(), image.uSize, bReplace);
-    if (fault == VFileFault::Exists) {
-        return RefuseFile("write", szFile, "the file exists already (replace it with --force)");
-    }
-    if (fault != VFileFault::None) {
-        return RefuseFile("write", szFile, VFileFaultText(fault));
+}
+
+int WriteAccount(QMAccount& account, const ToolOptions& options)
+{
+    const char* szFile = options.aFiles[1];
+    account.SetVersion(options.lVersion);
+    if (!WriteToolAccount(account, szFile, options.bForce)) {
+        return QM_EXIT_REFUSED;
     }
     Output output;
     output.AddPrintable(szFile);
     output.Format(": format %s, %d transactions", FormatName(account.lVersion),
                   account.store.GetCount());
-    const int32_t lCategories =
-        QMVersionHasCategory(account.lVersion) ? 0 : CountCategories(account);
-    if (lCategories > 0) {
-        output.Format(", %d categories left out", lCategories);
+    if (!QMVersionHasCategory(account.lVersion)) {
+        TellLeftOut(output,
+                    CountThose(account.store,
+                               [](const QMTransaction& transaction) {
+                                   return transaction.szCategory[0] != '\0';
+                               }),
+                    "categories");
     }
+    output.Add('\n');
+    return output.Finish();
+}
+
+void TellExport(Output& output, QMExchangeKind kind, const QMTransactionStore& store)
+{
+    const int32_t lAll = store.GetCount();
+    if (kind == QMExchangeKind::Qif) {
+        const int32_t lVoided = CountThose(store, [](const QMTransaction& transaction) {
+            return transaction.HasFlag(QM_TRANS_FLAG_VOIDED);
+        });
+        output.Format("QIF, %d transactions", lAll - lVoided);
+        TellLeftOut(output, lVoided, "voided ones");
+    } else if (kind == QMExchangeKind::Xml) {
+        const int32_t lUnknown = CountThose(
+            store, [](const QMTransaction& transaction) { return !transaction.IsTypeValid(); });
+        output.Format("XML, %d transactions", lAll - lUnknown);
+        TellLeftOut(output, lUnknown, "of an unknown type");
+    } else {
+        output.Format("CSV, %d transactions", lAll);
+    }
+}
+
+int WriteExchange(QMAccount& account, const ToolOptions& options)
+{
+    const char* szFile = options.aFiles[1];
+    const QMExchangeKind kind = ExchangeKindOf(szFile);
+    // The formats' writers never come to an end with such a store.
+    if (const char* szObstacle = QMExportObstacle(kind, account.store)) {
+        return RefuseFile("export", options.aFiles[0], szObstacle);
+    }
+    if (!WriteExchangeFile(account.store, szFile, options.bForce)) {
+        return QM_EXIT_REFUSED;
+    }
+    Output output;
+    output.AddPrintable(szFile);
+    output.Add(": ");
+    TellExport(output, kind, account.store);
     output.Add('\n');
     return output.Finish();
 }
@@ -69,11 +116,14 @@ int RunConvert(const ToolOptions& options)
     if (const char* szFault = KindFault(szOut)) {
         return RefuseFile("write", szOut, szFault);
     }
-    QMReadReport report;
-    const auto pAccount = OpenToolAccount(szIn, options, report);
+    const bool bToAccount = IsAccountName(szOut);
+    if (!bToAccount && options.lVersion != 0) {
+        WriteError("--format is for account files, and '%s' is none (see qmktool --help)", szOut);
+        return QM_EXIT_USAGE;
+    }
+    const auto pAccount = ReadSource(szIn, options);
     if (pAccount == nullptr) {
         return QM_EXIT_REFUSED;
     }
-    pAccount->SetVersion(options.lVersion);
-    return WriteAccount(*pAccount, szOut, options.bForce);
+    return bToAccount ? WriteAccount(*pAccount, options) : WriteExchange(*pAccount, options);
 }

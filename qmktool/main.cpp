@@ -1,4 +1,4 @@
-// qmktool: looks into, checks and converts account files from the command line.
+// qmktool: looks into, checks, converts and fills account files from the command line.
 
 #include <cstdio>
 #include <cstring>
@@ -15,10 +15,11 @@ constexpr ToolCommand aCommands[] = {
     {"list", 1, " --json --from --to --cleared-balance --password ", RunList},
     {"check", 1, " --password ", RunCheck},
     {"convert", 2, " --format --force --password ", RunConvert},
+    {"import", 2, " --password ", RunImport},
 };
 
 constexpr char szHelp[] =
-    "qmktool looks into, checks and converts Quillmark account files.\n"
+    "qmktool looks into, checks, converts and fills Quillmark account files.\n"
     "\n"
     "  qmktool info FILE [--json]\n"
     "      the account's particulars and the number of its transactions\n"
@@ -28,8 +29,12 @@ constexpr char szHelp[] =
     "  qmktool check FILE\n"
     "      whether the file is sound: format, entries, anything that had to be mended\n"
     "  qmktool convert IN OUT [--format 1.0|1.1|2.0] [--force]\n"
-    "      writes the account anew, in the same or another format of account files;\n"
-    "      an OUT that exists is replaced with --force only\n"
+    "      writes the transactions anew, from and to any of the files .qmk, .qif, .csv\n"
+    "      and .xml; an account has the format given, without one that of an IN account\n"
+    "      and otherwise 2.0; an OUT that exists is replaced with --force only\n"
+    "  qmktool import IN ACCOUNT\n"
+    "      adds every transaction of a .qif, .csv or .xml file to an account, which is\n"
+    "      then of format 2.0; nothing is tested for duplicates\n"
     "  qmktool --help\n"
     "  qmktool --version\n"
     "\n"

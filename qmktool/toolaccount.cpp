@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "account/qmaccountwriter.h"
+#include "qmktool/toolfile.h"
 #include "toolkit/vtext.h"
 
 namespace {
@@ -56,6 +58,17 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
         return nullptr;
     }
     return pAccount;
+}
+
+bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace)
+{
+    const QMFileImage image = QMMakeAccountImage(account);
+    if (image.pBytes == nullptr) {
+        RefuseFile("write", szFile, "there is not enough memory");
+        return false;
+    }
+    return ReportWriting(szFile,
+                         VWriteWholeFile(szFile, image.pBytes.get(), image.uSize, bReplace));
 }
 
 const char* FormatName(int32_t lVersion)

@@ -7,6 +7,7 @@ long tables only a few cases are tried there: a start takes long under Wine, and
 are about is the portable code, the same in every build.
 """
 
+import contextlib
 import json
 import os
 import shlex
@@ -18,12 +19,13 @@ import tempfile
 import unittest
 from dataclasses import dataclass
 from pathlib import Path
-from typing import Any, BinaryIO, Iterable, Mapping, NamedTuple
+from typing import Any, BinaryIO, Iterable, Iterator, Mapping, NamedTuple
 from unittest import mock
 
 REPO = Path(__file__).resolve().parents[2]
 SCRIPTS = REPO / "scripts"
 SAMPLE = REPO / "samples" / "household.qmk"
+NO_RECORDS = REPO / "tests" / "tool" / "no_records.qif"
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(SCRIPTS))
@@ -36,10 +38,11 @@ UNDER_WINE = IS_WINDOWS and os.name == "posix"
 IS_ROOT = os.name == "posix" and os.geteuid() == 0
 
 DONE, REFUSED, USAGE = 0, 1, 2
+OLD_BYTES = b"what was there before"
 LIMIT_S = 120
 FEW = 4
 NOBODY = 65534
-COMMANDS = ("info", "list", "check", "convert")
+COMMANDS = ("info", "list", "check", "convert", "import")
 
 V1_0, V1_1, V2_0 = make_sample.FORMATS.values()
 PREFIX_SIZE = 16
@@ -219,7 +222,10 @@ class ToolTestCase(unittest.TestCase):
         return self.write(name, make_account(entries, **options))
 
     def words_for(self, command: str, file: Path | str, out: str = "refused-out.qmk") -> list[Any]:
-        """The command with this file; convert gets an OUT that does not exist."""
+        """The command with this account; convert gets an OUT that does not exist, import a file
+        without transactions."""
+        if command == "import":
+            return [command, NO_RECORDS, file]
         return [command, file] + ([self.folder / out] if command == "convert" else [])
 
     def assert_done(self, result: Result) -> Result:
@@ -246,6 +252,21 @@ class ToolTestCase(unittest.TestCase):
 
     def names_in_folder(self, folder: Path | None = None) -> list[str]:
         return sorted(os.listdir(folder or self.folder))
+
+    @contextlib.contextmanager
+    def small_volume(self) -> Iterator[Path]:
+        """A folder that is a volume of 256 KiB; skips where none can be mounted."""
+        folder = self.folder / "volume"
+        folder.mkdir()
+        mount = ["mount", "-t", "tmpfs", "-o", "size=256k,mode=755", "tmpfs", str(folder)]
+        try:
+            subprocess.run(mount, check=True, capture_output=True)
+        except (OSError, subprocess.CalledProcessError):
+            self.skipTest("a small volume cannot be mounted here")
+        try:
+            yield folder
+        finally:
+            subprocess.run(["umount", str(folder)], check=True)
 
     def options_of_other_user(self) -> dict[str, Any]:
         """Options of run for a user without special rights; skips where there is none to be had."""

@@ -1,18 +1,16 @@
 """qmktool convert: the bytes it writes, and what it leaves alone when it cannot."""
 
-import contextlib
 import itertools
 import os
 import random
-import subprocess
 import threading
 import unittest
 from pathlib import Path
-from typing import Any, Iterator
+from typing import Any
 
 import rules
-from support import (DONE, FRONT_SIZE, IS_ROOT, IS_WINDOWS, SAMPLE, V1_0, V1_1, V2_0, Day, Entry,
-                     Result, ToolTestCase, cases, make_account, posix_only, run)
+from support import (DONE, FRONT_SIZE, IS_ROOT, IS_WINDOWS, OLD_BYTES, SAMPLE, V1_0, V1_1, V2_0,
+                     Day, Entry, Result, ToolTestCase, cases, make_account, posix_only, run)
 
 if not IS_WINDOWS:
     import fcntl
@@ -20,7 +18,6 @@ if not IS_WINDOWS:
     import signal
 
 FORMATS = {"1.0": V1_0, "1.1": V1_1, "2.0": V2_0}
-OLD_BYTES = b"what was there before"
 HEADER = {"szAccountNumber": b"12-345", "szPassword": b"", "szBankName": b"First Example Bank",
           "dtOpened": Day(2003, 1, 2), "lWidthMemo": 99, "bShowTag": 0, "lDisplayPeriod": 3,
           "dtPeriodFrom": Day(2004, 1, 1), "dtPeriodTo": Day(2004, 12, 31)}
@@ -153,14 +150,15 @@ class Names(ConvertTestCase):
 
     def test_other_extensions_of_out(self) -> None:
         source = self.write("in.qmk", SAMPLE.read_bytes())
-        for name in cases(("out.csv", "out", "out.qmk.bak", "out.qm", "qmk", "out.qmk ")):
+        for name in cases(("out.txt", "out.TXT", "out", "out.qmk.bak", "out.qm", "qmk",
+                            "out.qmk ", "out.csv ", "out.qi", "xml")):
             with self.subTest(name):
                 self.assert_refused(run("convert", source, self.folder / name),
                                     self.folder / name, "qmk")
         self.assertEqual(self.names_in_folder(), ["in.qmk"])
 
     def test_other_extensions_of_in(self) -> None:
-        for name in ("in.txt", "in", "in.qmk~"):
+        for name in ("in.txt", "in", "in.qmk~", "in.csv~"):
             with self.subTest(name):
                 source = self.write(name, SAMPLE.read_bytes())
                 self.assert_refused(self.convert(source), source, "qmk")
@@ -287,20 +285,6 @@ class NeverHalfWritten(ConvertTestCase):
         super().setUp()
         self.data = make_account([Entry(memo=b"m" * 250)] * 4000)
         self.source = self.write("in.qmk", self.data)
-
-    @contextlib.contextmanager
-    def small_volume(self) -> Iterator[Path]:
-        folder = self.folder / "volume"
-        folder.mkdir()
-        mount = ["mount", "-t", "tmpfs", "-o", "size=256k,mode=755", "tmpfs", str(folder)]
-        try:
-            subprocess.run(mount, check=True, capture_output=True)
-        except (OSError, subprocess.CalledProcessError):
-            self.skipTest("a small volume cannot be mounted here")
-        try:
-            yield folder
-        finally:
-            subprocess.run(["umount", str(folder)], check=True)
 
     def limit_file_size(self, **settings: Any) -> Result:
         """Converts with no file growing beyond a part of what is to be written."""

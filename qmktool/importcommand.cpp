@@ -1,0 +1,34 @@
+#include "qmktool/commands.h"
+#include "qmktool/output.h"
+#include "qmktool/toolaccount.h"
+#include "qmktool/toolexchange.h"
+
+int RunImport(const ToolOptions& options)
+{
+    const char* szIn = options.aFiles[0];
+    const char* szAccount = options.aFiles[1];
+    if (ExchangeKindOf(szIn) == QMExchangeKind::None) {
+        return RefuseFile("import", szIn, "only .qif, .csv and .xml files can be imported");
+    }
+    QMReadReport report;
+    const auto pAccount = OpenToolAccount(szAccount, options, report);
+    if (pAccount == nullptr) {
+        return QM_EXIT_REFUSED;
+    }
+    // The mark that keeps the program's user from changing an account does not stop an import,
+    // there or here.
+    const int32_t lCount = ImportInto(*pAccount, szIn);
+    if (lCount < 0) {
+        return QM_EXIT_REFUSED;
+    }
+    // As saving in the program does. An account that gets nothing stays as it is.
+    pAccount->SetVersion(QM_VERSION_2_0);
+    if (lCount > 0 && !WriteToolAccount(*pAccount, szAccount, true)) {
+        return QM_EXIT_REFUSED;
+    }
+    Output output;
+    output.Format("%d transaction%s imported into ", lCount, lCount == 1 ? "" : "s");
+    output.AddPrintable(szAccount);
+    output.Add('\n');
+    return output.Finish();
+}

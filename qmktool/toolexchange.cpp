@@ -1,0 +1,145 @@
+#include "qmktool/toolexchange.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+
+#include "account/qmfile.h"
+#include "exchange/qmimportreview.h"
+#include "exchange/qmstdiofile.h"
+#include "qmktool/toolerror.h"
+
+namespace {
+
+// Why the file gave nothing.
+const char* ImportFault(const char* szFile)
+{
+    QMFile file(szFile);
+    if (!file.OpenForReading()) {
+        return VFileFaultText(file.GetFault());
+    }
+    if (file.GetSize() == 0) {
+        return "the file is empty";
+    }
+    return ExchangeKindOf(szFile) == QMExchangeKind::Xml ? "it is not a well-formed XML document"
+                                                         : "it holds no line of text";
+}
+
+VFileFault FaultOfWriting()
+{
+    switch (errno) {
+        case EACCES:
+            return VFileFault::NoAccess;
+        case ENAMETOOLONG:
+            return VFileFault::NameTooLong;
+        case ENOSPC:
+        case EFBIG:
+            return VFileFault::NoRoom;
+        default:
+            return VFileFault::Other;
+    }
+}
+
+// A new file beside another one, of its own name, that is gone with the object. The formats write
+// to a file only; what they wrote is read back from here.
+class StagingFile
+{
+public:
+    explicit StagingFile(const char* szBeside) : m_sPath(szBeside)
+    {
+        m_sPath += ".part-" + std::to_string(getpid());
+    }
+    StagingFile(const StagingFile&) = delete;
+    StagingFile& operator=(const StagingFile&) = delete;
+    ~StagingFile()
+    {
+        if (m_bMade) {
+            remove(m_sPath.c_str());
+        }
+    }
+
+    VFileFault Fill(QMTransactionStore& store, QMExchangeKind kind)
+    {
+        const int nFile = open(m_sPath.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+        if (nFile < 0) {
+            return FaultOfWriting();
+        }
+        m_bMade = true;
+        FILE* pFile = fdopen(nFile, "w");
+        if (pFile == nullptr) {
+            close(nFile);
+            return VFileFault::Other;
+        }
+        errno = 0;
+        const bool bWritten = QMExportTo(pFile, kind, store) && ferror(pFile) == 0;
+        return fclose(pFile) == 0 && bWritten ? VFileFault::None : FaultOfWriting();
+    }
+
+    bool ReadBack(std::string& sBytes) const
+    {
+        const QMStdioFile pFile = QMOpenForReading(m_sPath.c_str());
+        if (pFile == nullptr) {
+            return false;
+        }
+        char aBlock[1 << 16];
+        size_t uRead;
+        do {
+            uRead = fread(aBlock, 1, sizeof aBlock, pFile.get());
+            sBytes.append(aBlock, uRead);
+        } while (uRead == sizeof aBlock);
+        return ferror(pFile.get()) == 0;
+    }
+
+private:
+    std::string m_sPath;
+    bool m_bMade = false;
+};
+
+// The file's bytes, staged on its own volume, so that there is room for it; nothing is left there.
+VFileFault MakeBytes(QMTransactionStore& store, const char* szFile, std::string& sBytes)
+{
+    // What stands in the way of the file itself is told in the words for that.
+    VFileFault fault = VCanReplaceFile(szFile, 0);
+    if (fault != VFileFault::None) {
+        return fault;
+    }
+    StagingFile staging(szFile);
+    fault = staging.Fill(store, ExchangeKindOf(szFile));
+    if (fault == VFileFault::None && !staging.ReadBack(sBytes)) {
+        fault = VFileFault::Other;
+    }
+    return fault;
+}
+
+} // namespace
+
+int32_t ImportInto(QMAccount& account, const char* szFile)
+{
+    QMTransactionStore store;
+    if (!QMImportFile(szFile, store)) {
+        RefuseFile("import", szFile, ImportFault(szFile));
+        return -1;
+    }
+    QMMarkForImport(store, [](int32_t) { return true; });
+    const int32_t lCount = QMMergeMarked(store, account.store);
+    if (lCount < 0) {
+        RefuseFile("import", szFile, "there is not enough memory");
+    }
+    return lCount;
+}
+
+bool WriteExchangeFile(QMTransactionStore& store, const char* szFile, bool bReplace)
+{
+    // Where an existing file stays in any case, none is staged beside it.
+    if (!bReplace && FileExists(szFile)) {
+        return ReportWriting(szFile, VFileFault::Exists);
+    }
+    std::string sBytes;
+    VFileFault fault = MakeBytes(store, szFile, sBytes);
+    if (fault == VFileFault::None) {
+        fault = VWriteWholeFile(szFile, sBytes.data(), sBytes.size(), bReplace);
+    }
+    return ReportWriting(szFile, fault);
+}

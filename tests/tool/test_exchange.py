@@ -1,0 +1,618 @@
+"""qmktool convert between account files and the exchange formats: QIF, CSV and XML."""
+
+import os
+import random
+import threading
+import time
+import unittest
+from dataclasses import replace
+from pathlib import Path
+from typing import Any, Iterable
+
+import formats
+import rules
+from formats import KINDS, READERS, WRITERS
+from rules import CREDITS, DEBITS, EXPENSE, NOT_CLEARED, TAX, VOIDED
+from support import (DONE, IS_WINDOWS, OLD_BYTES, SAMPLE, USAGE, V1_0, V2_0, Day, Entry, Result,
+                     ToolTestCase, cases, load_json, make_account, posix_only, run)
+
+if not IS_WINDOWS:
+    import resource
+
+NO_TRANSACTIONS = "the account has no transactions"
+LAST_IS_VOIDED = ("the last transaction is voided, and a QIF file cannot end with one that it "
+                  "leaves out")
+NOT_XML = "it is not a well-formed XML document"
+SAFE = b"abcdefghijklmnopqrstuvwxyzABCXYZ0123456789 .:;!?*+=/#@_-"
+
+
+def plain_entries(count: int, seed: int = 11) -> list[Entry]:
+    """Sound entries of all types and tags, out of order, with texts that every format carries."""
+    source = random.Random(seed)
+
+    def text(longest: int) -> bytes:
+        middle = bytes(source.choices(SAFE, k=source.choice((0, 1, 8, longest - 2))))
+        return b"q" + middle + b"z" if source.random() < 0.8 else b""
+
+    def entry() -> Entry:
+        day = Day(source.randint(1998, 2004), source.randint(1, 12), source.randint(1, 28))
+        flags = source.choice((0, NOT_CLEARED, VOIDED | NOT_CLEARED, TAX, EXPENSE | NOT_CLEARED))
+        return Entry(source.randrange(12), day, source.randint(1, 9999999),
+                     source.randint(1, 5000000) / 100, flags, day._replace(year=day.year + 1),
+                     text(200), text(255), text(127))
+
+    return [*(entry() for _ in range(count)), replace(entry(), day=Day(2005, 1, 1), flags=0)]
+
+
+def shown(entries: Iterable[Entry]) -> list[dict[str, Any]]:
+    """The fields that list tells of entries in the order of the register; amounts as singles."""
+    return [{"lType": entry.type, "dtDate": list(entry.day), "lNumber": entry.number,
+             "fAmount": "%.9g" % rules.as_single(entry.amount), "lFlags": entry.flags,
+             "dtCleared": list(entry.cleared or entry.day),
+             "szDescription": entry.description.decode("latin-1"),
+             "szMemo": entry.memo.decode("latin-1"),
+             "szCategory": entry.category.decode("latin-1")}
+            for entry in rules.register_order(entries)]
+
+
+class ExchangeTestCase(ToolTestCase):
+
+    def assert_converts(self, source: Path | str, out: str, *options: str) -> bytes:
+        """Returns OUT's bytes."""
+        path = self.folder / out
+        path.unlink(missing_ok=True)
+        self.assert_done(run("convert", source, path, *options))
+        self.assertFalse([name for name in self.names_in_folder() if ".part-" in name])
+        return path.read_bytes()
+
+    def assert_lists(self, account: Path, entries: Iterable[Entry]) -> None:
+        result = self.assert_done(run("list", account, "--json"))
+        rows = load_json(result.out, parse_float=str)["rows"]
+        expected = shown(entries)
+        self.assertEqual([{**{key: row[key] for key in expected[0]}, "fAmount": str(row["fAmount"])}
+                          for row in rows] if expected else rows, expected)
+
+    def assert_nothing_new(self, *names: str) -> None:
+        self.assertEqual(self.names_in_folder(), sorted(names))
+
+
+class OutOfAnAccount(ExchangeTestCase):
+    """Compared with the bytes that the format's rules give."""
+
+    def assert_writes(self, entries: list[Entry], kinds: Iterable[str] = KINDS) -> None:
+        account = self.write_account("in.qmk", entries)
+        for kind in kinds:
+            with self.subTest(kind):
+                expected = WRITERS[kind](rules.register_order(entries))
+                self.assertEqual(self.assert_converts(account, f"out.{kind}"), expected)
+
+    def test_all_types_and_tags(self) -> None:
+        self.assert_writes(plain_entries(60))
+
+    def test_the_household(self) -> None:
+        entries = [Entry(row["lType"], Day(*row["dtDate"]), row["lNumber"], row["fAmount"],
+                         row["lFlags"], Day(*row["dtCleared"]), row["szDescription"].encode(),
+                         row["szMemo"].encode(), row["szCategory"].encode())
+                   for row in run("list", SAMPLE, "--json").json()["rows"]]
+        for kind in KINDS:
+            with self.subTest(kind):
+                self.assertEqual(self.assert_converts(SAMPLE, f"out.{kind}"),
+                                 WRITERS[kind](entries))
+
+    def test_one_record_of_each_as_it_stands_in_the_file(self) -> None:
+        """The same once more without a rule in between."""
+        entries = [Entry(0, Day(2004, 3, 4), 1001, 12.5, 0, Day(2004, 3, 9), b"Oak Street",
+                         b"gate hinges", b"House"),
+                   Entry(4, Day(2004, 11, 15), 7, 1234.565, 18, None, b"Pay")]
+        account = self.write_account("in.qmk", entries)
+        end = formats.LINE_END
+        for kind, lines in {
+                "qif": [b"!Type:Bank", b"D03/04/2004", b"N1001", b"T-12.50", b"POak Street",
+                        b"Mgate hinges", b"LHouse", b"CX", b"^", b"D11/15/2004", b"T1234.56",
+                        b"PDirect Deposit - Pay", b"^"],
+                "csv": [b"Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense",
+                        b" 3/ 4/2004,1001,Oak Street,-12.50,gate hinges,House,True,False,False,"
+                        b"False",
+                        b"11/15/2004,,Direct Deposit - Pay,1234.56,,,False,False,False,True"],
+                "xml": [*formats.XML_FRONT.splitlines(), b'<transaction type="check">',
+                        b"\t<number>1001</number>", b"\t<date>03/04/2004</date>",
+                        b"\t<description>Oak Street</description>", b"\t<amount>12.50</amount>",
+                        b"\t<memo>gate hinges</memo>", b"\t<category>House</category>",
+                        b'\t<tag type="cleared">03/09/2004</tag>', b"</transaction>",
+                        b'<transaction type="direct-deposit">', b"\t<date>11/15/2004</date>",
+                        b"\t<amount>1234.56</amount>", b'\t<tag type="expense"></tag>',
+                        b"</transaction>", b"</quillmark>"]}.items():
+            with self.subTest(kind):
+                self.assertEqual(self.assert_converts(account, f"out.{kind}"),
+                                 end.join(lines) + end)
+
+    def test_texts_that_a_format_does_not_carry_go_out_as_they_stand(self) -> None:
+        text = bytes(byte for byte in range(32, 256) if byte not in b"\x7f\xdf")
+        self.assert_writes([Entry(type, description=text, memo=text, category=text[:127])
+                            for type in (0, 1)])
+
+    def test_only_the_first_ampersand_is_escaped_in_XML(self) -> None:
+        entry = Entry(0, memo=b"a & b & c", description=b"<'&\">")
+        account = self.write_account("in.qmk", [entry])
+        data = self.assert_converts(account, "out.xml")
+        self.assertIn(b"<memo>a &amp; b & c</memo>", data)
+        self.assertIn(b"<description>&lt;&apos;&amp;&quot;&gt;</description>", data)
+
+    def test_what_a_format_leaves_out_is_told(self) -> None:
+        voided = Entry(flags=VOIDED | NOT_CLEARED)
+        account = self.write_account("in.qmk", [voided, Entry(type=12), voided, Entry(), Entry()])
+        for kind, told in (("qif", b"QIF, 3 transactions, 2 voided ones left out"),
+                           ("csv", b"CSV, 5 transactions"),
+                           ("xml", b"XML, 4 transactions, 1 of an unknown type left out")):
+            with self.subTest(kind):
+                result = self.assert_done(run("convert", account, f"out.{kind}", cwd=self.folder))
+                self.assertEqual(result.out, b"out.%s: %s\n" % (kind.encode(), told))
+
+    def test_a_type_outside_the_table_has_no_payee_and_no_sign(self) -> None:
+        self.assert_writes([Entry(type=0), Entry(type=3)])
+        account = self.write_account("in.qmk", [Entry(type=99, description=b"x"), Entry(type=1)])
+        data = self.assert_converts(account, "out.csv")
+        self.assertEqual(data.split(formats.LINE_END)[1],
+                         b" 3/14/2004,,,10.00,,,True,False,False,False")
+
+    def test_extensions_in_any_case(self) -> None:
+        account = self.write_account("in.QMK", [Entry()])
+        for name, kind in (("a.QIF", "qif"), ("b.Csv", "csv"), (".xml", "xml"),
+                           ("c.qmk.qif", "qif")):
+            with self.subTest(name):
+                self.assertEqual(self.assert_converts(account, name),
+                                 WRITERS[kind]([Entry()]))
+
+    def test_a_password_is_asked_for(self) -> None:
+        account = self.write_account("in.qmk", [Entry()], header={"szPassword": b"Sesame"})
+        out = self.folder / "out.csv"
+        self.assert_refused(run("convert", account, out), account, "password protected")
+        self.assert_refused(run("convert", account, out, "--password", "x"), account, "wrong")
+        self.assert_done(run("convert", account, out, "--password", "sesame"))
+        self.assertNotIn(b"Sesame", out.read_bytes())
+
+    def test_many_transactions(self) -> None:
+        entries = [Entry(day=Day(1990 + index // 360, index // 30 % 12 + 1, index % 28 + 1),
+                         number=index) for index in range(5000)]
+        self.assert_writes(entries)
+
+
+class Obstacles(ExchangeTestCase):
+    """Stores with which the formats' writers never come to an end. They are not called."""
+
+    def assert_obstacle(self, source: Path, out: str, reason: str) -> None:
+        (self.folder / out).write_bytes(OLD_BYTES)
+        for options in ((), ("--force",)):
+            result = run("convert", source, self.folder / out, *options, timeout=20)
+            self.assert_refused(result, source)
+            self.assertTrue(result.err.endswith(f"': {reason}\n".encode()), result.err)
+        self.assertEqual((self.folder / out).read_bytes(), OLD_BYTES)
+        (self.folder / out).unlink()
+        self.assert_refused(run("convert", source, self.folder / out, timeout=20), source, reason)
+        self.assert_nothing_new(source.name)
+
+    def test_an_account_without_transactions(self) -> None:
+        account = self.write_account("in.qmk")
+        for kind in KINDS:
+            with self.subTest(kind):
+                self.assert_obstacle(account, f"out.{kind}", NO_TRANSACTIONS)
+
+    def test_the_sentence_word_for_word(self) -> None:
+        self.write_account("in.qmk")
+        self.assertEqual(run("convert", "in.qmk", "out.xml", cwd=self.folder).err,
+                         b"qmktool: cannot export 'in.qmk': the account has no transactions\n")
+
+    def test_a_last_transaction_that_is_voided(self) -> None:
+        """The last one of the register, wherever it stands in the file."""
+        voided = Entry(flags=VOIDED | NOT_CLEARED, day=Day(2004, 5, 1))
+        for entries in ([voided], [Entry(), voided], [voided, Entry()]):
+            with self.subTest(count=len(entries)):
+                account = self.write_account("in.qmk", entries)
+                self.assert_obstacle(account, "out.QIF", LAST_IS_VOIDED)
+                for kind in ("csv", "xml"):
+                    self.assertEqual(self.assert_converts(account, f"out.{kind}"),
+                                     WRITERS[kind](rules.register_order(entries)))
+                    (self.folder / f"out.{kind}").unlink()
+
+    def test_a_voided_one_before_the_last_is_none(self) -> None:
+        entries = [Entry(flags=VOIDED | NOT_CLEARED), Entry(day=Day(2004, 5, 1))]
+        account = self.write_account("in.qmk", entries)
+        self.assertEqual(self.assert_converts(account, "out.qif"), formats.write_qif(entries))
+
+    def test_a_last_one_of_an_unknown_type_is_none(self) -> None:
+        account = self.write_account("in.qmk", [Entry(type=77)])
+        self.assertEqual(self.assert_converts(account, "out.xml"), formats.write_xml([]))
+
+    def test_exchange_files_without_transactions(self) -> None:
+        for name, data in (("in.qif", b"!Type:Bank\n"), ("in.csv", formats.CSV_HEADER),
+                           ("in.xml", formats.write_xml([]))):
+            for kind in KINDS:
+                with self.subTest(name, kind=kind):
+                    source = self.write(name, data)
+                    self.assert_obstacle(source, f"out.{kind}", NO_TRANSACTIONS)
+                    source.unlink()
+
+
+class IntoAnAccount(ExchangeTestCase):
+
+    def assert_reads(self, name: str, data: bytes, entries: list[Entry]) -> Path:
+        account = self.folder / "out.qmk"
+        self.assert_converts(self.write(name, data), "out.qmk")
+        self.assert_lists(account, entries)
+        return account
+
+    def test_what_the_writers_write(self) -> None:
+        entries = rules.register_order(plain_entries(60))
+        for kind in KINDS:
+            with self.subTest(kind):
+                data = WRITERS[kind](entries)
+                self.assert_reads(f"in.{kind}", data, READERS[kind](data))
+
+    @unittest.skipIf(IS_WINDOWS, "a new account takes its font from Windows")
+    def test_the_bytes_of_the_new_account(self) -> None:
+        entries = rules.register_order(plain_entries(20))
+        for kind in KINDS:
+            data = WRITERS[kind](entries)
+            source = self.write(f"in.{kind}", data)
+            for options, version in (((), V2_0), (("--format", "2.0"), V2_0),
+                                     (("--format", "1.0"), V1_0)):
+                with self.subTest(kind, options=options):
+                    held = [rules.as_read(entry, version)
+                            for entry in rules.register_order(READERS[kind](data))]
+                    self.assertEqual(self.assert_converts(source, "out.qmk", *options),
+                                     make_account(held, version))
+
+    def test_what_is_told(self) -> None:
+        self.write("in.qif", b"!Type:Bank\nD1/2/2004\nT-5\nLHouse\n^\nD1/3/2004\nT5\n^\n")
+        for options, told in (((), b"format 2.0, 2 transactions"),
+                              (("--format", "1.1"),
+                               b"format 1.1, 2 transactions, 1 categories left out")):
+            result = run("convert", "in.qif", "out.qmk", *options, "--force", cwd=self.folder)
+            self.assertEqual(self.assert_done(result).out, b"out.qmk: %s\n" % told)
+
+    def test_foreign_QIF(self) -> None:
+        data = (b"!Type:Bank\r\nD1/5/2004\r\nT-1,234.56\r\nN77\r\nPBank [of] Oaks\r\nC*\r\n^\r\n"
+                b"!Account\r\nD1-4-2004\nT20.00\nPdeposit - rent\nCx\nd9/9/1999\n^\n^\n"
+                b"D12/31/2004\nPlost without its end\n")
+        self.assert_reads("in.QIF", data, [
+            Entry(2, Day(2000, 1, 1), 0, 0.0, NOT_CLEARED, None, b""),
+            Entry(1, Day(2004, 1, 4), 0, 20.0, 0, None, b" - rent"),
+            Entry(0, Day(2004, 1, 5), 77, 1234.56, NOT_CLEARED, None, b"Bank of Oaks")])
+
+    def test_foreign_CSV(self) -> None:
+        data = (b'"Check Number","Date","Debit","Credit","Description","Cleared","Tag"\n'
+                b'"12","3/1/2004","1,234.50","","Smith, John","yes","x"\n'
+                b'"","3/2/2004","","7.25","Feeding Program","NO",""\n\n')
+        self.assert_reads("in.csv", data, [
+            Entry(2, Day(2000, 1, 1), 0, 0.0, NOT_CLEARED, None, b""),
+            Entry(0, Day(2004, 3, 1), 12, 1234.5, 0, None, b"Smith John"),
+            Entry(1, Day(2004, 3, 2), 0, 7.25, NOT_CLEARED, None, b"ding Program")])
+
+    def test_foreign_XML(self) -> None:
+        data = (b'<?xml version="1.0" encoding="Windows-1252"?><Anything><Transaction '
+                b'TYPE="DepositOfOthers"><date>5/6/2004</date><amount>-5.00</amount>'
+                b"<memo>caf\xe9 &amp; bar</memo></Transaction><transaction type='swap'>"
+                b"<amount>1</amount></transaction></Anything>")
+        self.assert_reads("in.xml", data, [
+            Entry(1, Day(2004, 5, 6), 1000, -5.0, NOT_CLEARED, None, b"",
+                  "café & bar".encode())])
+
+    def test_text_in_other_encodings(self) -> None:
+        text = "!Type:Bank\nD1/2/2004\nT3\nPcaf\u00e9\n^\n"
+        for encoding, mark, payee in (("utf-16-le", b"\xff\xfe", b"caf\xe9"),
+                                      ("utf-16-be", b"\xfe\xff", b"caf\xe9"),
+                                      ("utf-8", b"\xef\xbb\xbf", "caf\u00e9".encode())):
+            with self.subTest(encoding):
+                self.assert_reads("in.qif", mark + text.encode(encoding), [
+                    Entry(1, Day(2004, 1, 2), 0, 3.0, NOT_CLEARED, None, payee)])
+
+    def test_no_transactions_give_an_empty_account(self) -> None:
+        for name, data in (("in.qif", b"!Type:Bank\n"), ("in.csv", b"Date,Amount\n"),
+                           ("in.xml", b"<quillmark/>")):
+            with self.subTest(name):
+                self.assert_reads(name, data, [])
+
+    def test_unsorted_days(self) -> None:
+        days = [Day(2004, month, 1) for month in (5, 2, 9, 2, 5)]
+        data = formats.write_csv([Entry(0, day, 100 + index, 1.0)
+                                  for index, day in enumerate(days)])
+        self.assert_reads("in.csv", data, formats.read_csv(data))
+
+
+class BetweenExchangeFormats(ExchangeTestCase):
+
+    def test_each_into_each(self) -> None:
+        entries = rules.register_order(plain_entries(40))
+        for kind in KINDS:
+            data = WRITERS[kind](entries)
+            source = self.write(f"in.{kind}", data)
+            held = rules.register_order(READERS[kind](data))
+            for wanted in KINDS:
+                with self.subTest(kind, out=wanted):
+                    self.assertEqual(self.assert_converts(source, f"out.{wanted}"),
+                                     WRITERS[wanted](held))
+
+    def test_a_round_trip_of_the_household_through_XML(self) -> None:
+        """Only the descriptions of all but checks are lost, and numbers that are not shown."""
+        self.assert_converts(SAMPLE, "out.xml")
+        self.assert_converts(self.folder / "out.xml", "back.qmk")
+        rows = [run("list", file, "--json").json()["rows"]
+                for file in (SAMPLE, self.folder / "back.qmk")]
+        kept = ("lType", "dtDate", "fAmount", "lFlags", "szMemo", "szCategory")
+        self.assertEqual(*([{key: row[key] for key in kept} for row in part] for part in rows))
+        self.assertEqual(*([(row["lNumber"], row["szDescription"]) for row in part
+                            if row["lType"] == 0] for part in rows))
+
+    def test_out_may_be_in(self) -> None:
+        entries = rules.register_order(plain_entries(10))
+        data = formats.write_csv(entries)
+        file = self.write("in.csv", data)
+        self.assert_refused(run("convert", file, file), file, "--force")
+        self.assertEqual(file.read_bytes(), data)
+        self.assert_done(run("convert", file, file, "--force"))
+        self.assertEqual(file.read_bytes(),
+                         formats.write_csv(rules.register_order(formats.read_csv(data))))
+        self.assert_nothing_new("in.csv")
+
+    def test_sides_survive_the_way_round(self) -> None:
+        for type in cases(sorted(DEBITS | CREDITS)):
+            with self.subTest(type=type):
+                data = formats.write_csv([Entry(type)])
+                self.assertEqual(self.assert_converts(self.write("in.csv", data), "out.qif"),
+                                 formats.write_qif(formats.read_csv(data)))
+
+
+class Refused(ExchangeTestCase):
+
+    def assert_all_refuse(self, source: Path, reason: str, **settings: Any) -> None:
+        """Into every kind of file; nothing is left behind."""
+        names = self.names_in_folder()
+        for out in cases(("out.qmk", *(f"out.{kind}" for kind in KINDS))):
+            with self.subTest(source.name, out=out):
+                result = run("convert", source, self.folder / out, **settings)
+                self.assert_refused(result, source, reason)
+                self.assertTrue(result.err.startswith(b"qmktool: cannot import '"), result.err)
+                self.assertEqual(self.names_in_folder(), names)
+
+    def test_missing_files_and_folders(self) -> None:
+        folder = self.folder / "folder.csv"
+        folder.mkdir()
+        for kind in KINDS:
+            self.assert_all_refuse(self.folder / f"missing.{kind}", "no such file")
+        self.assert_all_refuse(self.folder / "nowhere" / "in.qif", "no such file")
+        self.assert_all_refuse(folder, "not a regular file")
+
+    def test_empty_files(self) -> None:
+        for kind in KINDS:
+            self.assert_all_refuse(self.write(f"in.{kind}", b""), "the file is empty")
+
+    def test_a_mark_alone_is_no_line(self) -> None:
+        for mark in (b"\xff\xfe", b"\xfe\xff", b"\xef\xbb\xbf", b"\xff\xfe\n"):
+            for kind in ("qif", "csv"):
+                self.assert_all_refuse(self.write(f"in.{kind}", mark), "it holds no line of text")
+
+    def test_documents_that_are_not_well_formed(self) -> None:
+        whole = formats.write_xml(plain_entries(3))
+        bombs = (b"<!DOCTYPE a [" + b"".join(
+            b'<!ENTITY e%d "%s">' % (depth, b"&e%d;" % (depth - 1) * 10 if depth else b"x" * 1000)
+            for depth in range(12)) + b"]><transaction type='fee'><memo>&e11;</memo></transaction>")
+        for data in cases((b"no document", whole[:-5], whole + b"<more/>", whole.replace(
+                b"</quillmark>", b"</other>"), b"<a>&nothing;</a>", b"<a>\xff\xfe</a>",
+                b'<?xml version="1.0" encoding="klingon"?><a/>', b"\0" * 5000, b"<a" * 20000,
+                b"date,amount\n1/1/2004,5\n", b" " * 1000, bombs)):
+            with self.subTest(data[:20]):
+                self.assert_all_refuse(self.write("in.xml", data), NOT_XML, timeout=60)
+
+    def test_a_memo_of_two_ampersands_does_not_come_back(self) -> None:
+        account = self.write_account("in.qmk", [Entry(memo=b"a & b & c")])
+        self.assert_converts(account, "out.xml")
+        out = self.folder / "out.xml"
+        self.assert_refused(run("convert", out, self.folder / "new.qmk"), out, NOT_XML)
+        self.assert_nothing_new("in.qmk", "out.xml")
+
+    def test_a_format_of_accounts_is_for_accounts(self) -> None:
+        self.write_account("in.qmk", [Entry()])
+        result = run("convert", "in.qmk", "out.csv", "--format", "1.0", cwd=self.folder)
+        self.assertEqual((result.code, result.out), (USAGE, b""), str(result))
+        self.assertEqual(result.err, b"qmktool: --format is for account files, and 'out.csv' is "
+                                     b"none (see qmktool --help)\n")
+        self.assert_nothing_new("in.qmk")
+
+    @posix_only
+    def test_pipes_and_unreadable_files(self) -> None:
+        pipe = self.folder / "pipe.csv"
+        os.mkfifo(pipe)
+        self.assert_all_refuse(pipe, "not a regular file", timeout=10)
+        other_user = self.options_of_other_user()
+        self.folder.chmod(0o777)
+        closed = self.write("in.qif", b"!Type:Bank\n^\n")
+        closed.chmod(0)
+        self.assert_all_refuse(closed, "permission denied", **other_user)
+
+
+class Hostile(ExchangeTestCase):
+    """Whatever stands in a text file, it is read; the account that comes of it is whole."""
+
+    def test_any_bytes(self) -> None:
+        source = random.Random(5)
+        letters = b"CDLMNPT^!,\"'\r\n\t/-.$[]0123456789" * 3 + bytes(range(256))
+        for index in cases(range(12)):
+            kind = ("qif", "csv")[index % 2]
+            data = b"Date,Payee,Amount\n" + bytes(source.choices(letters, k=20000))
+            with self.subTest(kind, index=index):
+                self.assert_converts(self.write(f"in.{kind}", data), "out.qmk")
+                self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()
+
+    def test_lines_and_cells_without_end(self) -> None:
+        for name, data in (("in.qif", b"P" + b"x" * 1000000), ("in.csv", b"," * 1000000),
+                           ("in.csv", b'"Payee"\n"' + b"x,\"" * 300000), ("in.qif", b"\n" * 200000),
+                           ("in.qif", b"T" + b"9" * 5000 + b"\nN" + b"9" * 5000 + b"\n^\n")):
+            with self.subTest(name, data=data[:10]):
+                began = time.monotonic()
+                self.assert_converts(self.write(name, data), "out.qmk")
+                self.assertLess(time.monotonic() - began, 30)
+                self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()
+
+    def test_numbers_of_all_sizes(self) -> None:
+        """An amount beyond the single precision is infinite and no figure."""
+        cells = (b"1e39", b"-1e39", b"nan", b"inf", b"0x10", b"1e-50", b"--5", b"5-", b"$5")
+        data = b"Date,Amount\n" + b"".join(b"1/%d/2004,%s\n" % (day, cell)
+                                           for day, cell in enumerate(cells, 1))
+        self.assert_converts(self.write("in.csv", data), "out.qmk")
+        rows = self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()["rows"]
+        self.assertEqual([row["fAmount"] for row in rows],
+                         [None, None, 0, 0, 0, 0, 0, 5, 0])
+
+    def test_deep_and_long_documents(self) -> None:
+        deep = b"<a>" * 50000 + b"</a>" * 50000
+        long = (b"<a><transaction type='check'><memo>" + b"m &amp; " * 100000
+                + b"</memo></transaction></a>")
+        nested = b"<a>" + b"<transaction type='fee'>" * 2000 + b"</transaction>" * 2000 + b"</a>"
+        for data, count in ((deep, 0), (long, 1), (nested, 1)):
+            self.assert_converts(self.write("in.xml", data), "out.qmk")
+            listing = self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()
+            self.assertEqual(listing["count"], count)
+
+
+class Replacing(ExchangeTestCase):
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.entries = rules.register_order(plain_entries(30))
+        self.source = self.write_account("in.qmk", self.entries)
+        self.out = self.folder / "out.csv"
+        self.expected = formats.write_csv(self.entries)
+
+    def convert(self, *options: str, **settings: Any) -> Result:
+        return run("convert", self.source, self.out, *options, **settings)
+
+    def assert_kept(self, result: Result, reason: str) -> None:
+        self.assert_refused(result, self.out, reason)
+        self.assertEqual(self.out.read_bytes(), OLD_BYTES)
+        self.assert_nothing_new("in.qmk", self.out.name)
+
+    def test_an_existing_out_needs_force(self) -> None:
+        for kind in KINDS:
+            self.out = self.folder / f"out.{kind}"
+            with self.subTest(kind):
+                self.out.write_bytes(OLD_BYTES)
+                self.assert_kept(self.convert(), "the file exists already (replace it with --force)")
+                self.assert_done(self.convert("--force"))
+                self.assertEqual(self.out.read_bytes(), WRITERS[kind](self.entries))
+                self.assert_nothing_new("in.qmk", self.out.name)
+                self.out.unlink()
+
+    def test_an_account_made_of_an_exchange_file_needs_force(self) -> None:
+        source, out = self.write("in.csv", self.expected), self.folder / "out.qmk"
+        out.write_bytes(OLD_BYTES)
+        self.assert_refused(run("convert", source, out), out, "--force")
+        self.assertEqual(out.read_bytes(), OLD_BYTES)
+        self.assert_done(run("convert", source, out, "--force"))
+        self.assert_lists(out, formats.read_csv(self.expected))
+
+    def test_a_refused_in_leaves_out_alone(self) -> None:
+        self.out.write_bytes(OLD_BYTES)
+        self.source = self.write("in.xml", b"<open>")
+        self.assert_refused(self.convert("--force"), self.source, NOT_XML)
+        self.assertEqual(self.out.read_bytes(), OLD_BYTES)
+
+    def test_folders_in_the_way(self) -> None:
+        self.out.mkdir()
+        for options in ((), ("--force",)):
+            self.assert_refused(self.convert(*options), self.out, "not a regular file")
+        self.out = self.folder / "nowhere" / "out.csv"
+        self.assert_refused(self.convert("--force"), self.out, "no such file")
+        self.assert_nothing_new("in.qmk", "out.csv")
+        self.assertEqual(self.names_in_folder(self.folder / "out.csv"), [])
+
+    def test_a_name_that_is_too_long(self) -> None:
+        self.out = self.folder / ("n" * 296 + ".csv")
+        self.assert_refused(self.convert(), self.out)
+        self.assert_nothing_new("in.qmk")
+
+    @posix_only
+    def test_a_folder_and_a_file_that_may_not_be_written(self) -> None:
+        other_user = self.options_of_other_user()
+        self.folder.chmod(0o555)
+        self.addCleanup(self.folder.chmod, 0o755)
+        self.assert_refused(self.convert(**other_user), self.out, "permission denied")
+        self.folder.chmod(0o755)
+        self.out.write_bytes(OLD_BYTES)
+        for mode in (0o444, 0o666):  # the file, then only the folder
+            self.out.chmod(mode)
+            self.folder.chmod(0o777 if mode == 0o444 else 0o555)
+            self.assert_kept(self.convert("--force", **other_user), "permission denied")
+
+    @posix_only
+    def test_permissions_and_links_stay(self) -> None:
+        target = self.write("target.csv", OLD_BYTES)
+        target.chmod(0o640)
+        self.out.symlink_to("target.csv")
+        self.assert_done(self.convert("--force"))
+        self.assertTrue(self.out.is_symlink())
+        self.assertEqual(target.read_bytes(), self.expected)
+        self.assertEqual(target.stat().st_mode & 0o777, 0o640)
+
+    @posix_only
+    def test_pipes_and_devices(self) -> None:
+        os.mkfifo(self.out)
+        self.assert_refused(self.convert("--force", timeout=10), self.out, "not a regular file")
+
+
+@posix_only
+class NeverHalfWritten(ExchangeTestCase):
+
+    def setUp(self) -> None:
+        super().setUp()
+        self.entries = rules.register_order([Entry(memo=b"m" * 250)] * 4000)
+        self.source = self.write_account("in.qmk", self.entries)
+
+    def test_a_full_volume(self) -> None:
+        with self.small_volume() as volume:
+            for kind in KINDS:
+                out = volume / f"out.{kind}"
+                with self.subTest(kind):
+                    self.assert_refused(run("convert", self.source, out), out, "not enough room")
+                    self.assertEqual(self.names_in_folder(volume), [])
+                    out.write_bytes(OLD_BYTES)
+                    result = run("convert", self.source, out, "--force")
+                    self.assert_refused(result, out, "not enough room")
+                    self.assertEqual(out.read_bytes(), OLD_BYTES)
+                    self.assertEqual(self.names_in_folder(volume), [out.name])
+                    out.unlink()
+
+    def test_a_limit_of_the_file_size(self) -> None:
+        for kind in KINDS:
+            out = self.folder / f"out.{kind}"
+            with self.subTest(kind):
+                result = run("convert", self.source, out, restore_signals=False,
+                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE,
+                                                                   (100000, 100000)))
+                self.assert_refused(result, out, "not enough room")
+                self.assert_nothing_new("in.qmk")
+
+    def test_a_reader_sees_the_old_file_or_the_new_one(self) -> None:
+        out = self.write("out.qif", OLD_BYTES)
+        seen: set[bytes] = set()
+        looked, ended = threading.Event(), threading.Event()
+
+        def watch() -> None:
+            last = False
+            while not last:
+                last = ended.is_set()
+                seen.add(out.read_bytes())
+                looked.set()
+
+        watcher = threading.Thread(target=watch)
+        watcher.start()
+        looked.wait()
+        codes = {run("convert", self.source, out, "--force").code for _ in range(5)}
+        ended.set()
+        watcher.join()
+        self.assertEqual(codes, {DONE})
+        self.assertTrue(seen == {OLD_BYTES, formats.write_qif(self.entries)},
+                        [len(data) for data in seen])
+
+
+if __name__ == "__main__":
+    unittest.main()
