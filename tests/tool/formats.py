@@ -129,6 +129,12 @@ WRITERS: dict[str, Callable[[Iterable[Entry]], bytes]] = {
     "qif": write_qif, "csv": write_csv, "xml": write_xml}
 
 
+def in_order(entries: Iterable[Entry]) -> list[Entry]:
+    """By date, with nothing mended: what a reader gives is mended only once it comes back from an
+    account file."""
+    return sorted(entries, key=lambda entry: entry.day)
+
+
 # ---- The readers, for the files that the writers above make.
 
 def read_day(text: bytes) -> Day:
