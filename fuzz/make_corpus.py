@@ -1,15 +1,16 @@
 #!/usr/bin/env python3
-"""Writes the first inputs of the account reader's fuzzer: corpus/account/good_* and bad_*.
+"""Writes the first inputs of the fuzzers: corpus/*/good_* and bad_*.
 
-The test run reads each of them too: the good ones must be accepted, the bad ones refused. Most have
-no header block, which a reader accepts, so that the interesting bytes are not lost among zeroes.
+The test run reads each of them too: the good ones must be accepted, the bad ones refused. Most
+accounts have no header block, which a reader accepts, so that the interesting bytes are not lost
+among zeroes.
 """
 
 import struct
 from pathlib import Path
 
 MAGIC = 0x35763685
-FOLDER = Path(__file__).resolve().parent / "corpus" / "account"
+CORPUS = Path(__file__).resolve().parent / "corpus"
 
 
 def scrambled(plain: bytes) -> bytes:
@@ -67,7 +68,7 @@ def two_entries(version: int, header: bytes = b"") -> bytes:
         entry(version, block(1, (2004, 3, 15), 250.0), b"Refund"), version=version, header=header)
 
 
-def good_inputs() -> dict[str, bytes]:
+def good_accounts() -> dict[str, bytes]:
     header = full_header()
     return {
         **{f"empty_{version}": account(version=version, header=header)
@@ -100,7 +101,7 @@ def good_inputs() -> dict[str, bytes]:
     }
 
 
-def bad_inputs() -> dict[str, bytes]:
+def bad_accounts() -> dict[str, bytes]:
     sound = two_entries(8192)
     one = entry(8192, block(), b"text", b"memo", b"category")
     return {
@@ -126,13 +127,143 @@ def bad_inputs() -> dict[str, bytes]:
     }
 
 
+QIF = (b"!Type:Bank\nD03/14/2004\nN1001\nT-12.50\nPOak Street\nMgate [hinges]\nLHouse\nCX\n^\n"
+       b"D3-15-2004\nT1,250.00\nPDeposit - Refund\nc*\n^\n")
+CSV = b"Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n"
+MARKED = (("utf_8", b"\xEF\xBB\xBF", "utf-8"), ("utf_16_big", b"\xFE\xFF", "utf-16-be"),
+          ("utf_16_little", b"\xFF\xFE", "utf-16-le"))
+TYPES = ("Check", "Deposit", "Withdrawal", "Fee", "Direct Deposit", "Direct Debit", "ATM Deposit",
+         "ATM Withdrawal", "Automatic Payment", "Transfer - Credit", "Transfer - Debit",
+         "Interest Paid")
+XML_TYPES = ("check", "deposit", "withdrawal", "fee", "direct-deposit", "direct-debit",
+             "atm-deposit", "atm-withdrawal", "auto-payment", "transfer-credit", "transfer-debit",
+             "interest")
+
+
+def in_encodings(plain: bytes) -> dict[str, bytes]:
+    return {name: mark + plain.decode("latin-1").encode(encoding)
+            for name, mark, encoding in MARKED}
+
+
+def good_qif() -> dict[str, bytes]:
+    return {
+        "two_records": QIF,
+        "two_records_cr_lf": QIF.replace(b"\n", b"\r\n"),
+        "two_records_lf_cr": QIF.replace(b"\n", b"\n\r"),
+        "two_records_cr": QIF.replace(b"\n", b"\r"),
+        **in_encodings(QIF),
+        "header_alone": b"!Type:Bank\n",
+        "ends_of_records": b"^\n^\n\n^",
+        "blank_lines": b"\n\r\n\n",
+        "types": b"".join(b"P%s - text\nT%d\n^\n" % (name.encode(), sign)
+                          for name in TYPES for sign in (-1, 1)),
+        "number_behind_payee": b"PFee - x\nN12\nT-3\n^\nN12\nPFee - x\nT-3\n^\n",
+        "dates": b"D1/2\n^\nD1.2.2004\n^\nD2004-1-2\n^\nDx/y/z\n^\nD/-.\n^\nD70000/1/99999\n^\n",
+        "amounts": b"T1e38\n^\nT1e39\n^\nT-1e-46\n^\nT$5\n^\nT,,,\n^\nT1,2.3.4\n^\nTnan\n^\n",
+        "longest_texts": b"P" + b"p" * 300 + b"\nM" + b"m" * 300 + b"\nL" + b"c" * 300 + b"\n^\n",
+        "brackets": b"P[]\nM[[]]\nL[]x]\n^\nP[Fee]\n^\n",
+        "a_long_line": b"M" + b"x" * 17000 + b"\n^\n",
+        "zero_bytes": b"PA\0B\n\0^\n^\0\n",
+        "eight_bit": b"\xE9\nPcaf\xE9\n^\n",
+        "unsorted": b"".join(b"D%d/1/2004\nN%d\n^\n" % (month, number)
+                             for number, month in enumerate((5, 2, 9, 2, 5), 1)),
+        "odd_utf_16": b"\xFF\xFE^\0\n\0^",
+    }
+
+
+def good_csv() -> dict[str, bytes]:
+    rows = (CSV + b" 3/14/2004,1001,Oak Street,-12.50,gate hinges,House,True,False,False,False\n"
+            b" 3/15/2004,,Deposit - Refund,250.00,,,False,True,True,True\n")
+    return {
+        "two_records": rows,
+        "two_records_cr_lf": rows.replace(b"\n", b"\r\n"),
+        **in_encodings(rows),
+        "header_alone": CSV,
+        "quoted": b'"Date","Description","Debit","Credit"\n"1/2/2004","Smith, J","1,234.50",""\n'
+                  b'"1/3/2004","open,to the,end,"7"\n',
+        "quoted_rows_alone": b'Date,Payee,Amount\n1/2/2004,"Smith, J",5\n',
+        "blank_rows": b"Date,Amount\n\n,\n,,,,\n\n",
+        "many_columns": b"Memo," * 40 + b"\n" + b"m," * 40 + b"\n",
+        "unknown_columns": b"Xyz,,Tag,Date Cleared,Amount left\n1,2,3,4/5/2006,-7\n",
+        "cleared_behind_voided": b"Voided,Cleared,Tax,Expense\ny,yes,Y,n\nno,N,tRuE,yes\n",
+        "quotes": b'"""",""\n"\n""\n"""\n",",",\n',
+        "types": b"Payee,Amount\n" + b"".join(b"%s - text,%d\n" % (name.encode(), sign)
+                                              for name in TYPES for sign in (-1, 1)),
+        "no_header": b"\n1/2/2004,5\n",
+        "zero_bytes": b"Date,\0,Amount\n1/2/2004,\0,5\n",
+    }
+
+
+def good_xml() -> dict[str, bytes]:
+    def document(*records: bytes, front: bytes = b'<?xml version="1.0" standalone="yes"?>\n') -> bytes:
+        return front + b"<quillmark>\n" + b"".join(records) + b"</quillmark>\n"
+
+    check = (b'<transaction type="check">\n\t<number>1001</number>\n\t<date>03/14/2004</date>\n'
+             b"\t<description>Oak &amp; Street</description>\n\t<amount>12.50</amount>\n"
+             b"\t<memo>gate hinges</memo>\n\t<category>House</category>\n"
+             b'\t<tag type="expense"></tag>\n\t<tag type="cleared">03/20/2004</tag>\n'
+             b"</transaction>\n")
+    return {
+        "check": document(check),
+        "doctype": document(check, front=b"<!DOCTYPE DOCUMENT [\n<!ELEMENT tag (date)?>\n]>\n"),
+        "types": document(*(b"<transaction type='%s'><amount>5</amount></transaction>"
+                            % name.encode() for name in XML_TYPES)),
+        "empty": b"<quillmark/>",
+        "unknown_type": document(b"<transaction type='swap'><memo>x</memo></transaction>", check),
+        "no_type": document(b"<transaction><date>1/1/2004</date></transaction>"),
+        "nested": b"<a><transaction type='fee'><transaction type='deposit'/><memo>m</memo>"
+                  b"</transaction></a>",
+        "tags": document(b"<transaction type='fee'><tag type='voided'/><tag type='cleared'>1/2/2004"
+                         b"</tag><tag type='tax-deductible'/><tag type='date cleared'>1/3/2004"
+                         b"</tag></transaction>"),
+        "pieces": document(b"<transaction type='fee'><memo>a&lt;b&#10;&gt; &#233;<![CDATA[<&>]]>"
+                           b"</memo><date>1/2&#47;2004</date></transaction>"),
+        "windows_1252": document(check.replace(b"hinges", b"caf\xE9"),
+                                 front=b"<?xml version='1.0' encoding='windows-1252'?>"),
+        "latin_1": document(check.replace(b"hinges", b"caf\xE9"),
+                            front=b"<?xml version='1.0' encoding='ISO-8859-1'?>"),
+        "utf_16": b"\xFF\xFE" + document(check, front=b"").decode().encode("utf-16-le"),
+        "entities": b"<!DOCTYPE a [<!ENTITY e 'text'>]><a><transaction type='fee'><memo>&e;&e;"
+                    b"</memo></transaction></a>",
+        "longest_texts": document(b"<transaction type='fee'><memo>" + b"m" * 300 +
+                                  b"</memo></transaction>"),
+    }
+
+
+def bad_xml() -> dict[str, bytes]:
+    whole = good_xml()["check"]
+    return {
+        "nothing": b"",
+        "no_document": b"Date,Amount\n",
+        "cut": whole[:-3],
+        "two_roots": whole + b"<more/>",
+        "two_ampersands": whole.replace(b"gate", b"&&"),
+        "unknown_encoding": whole.replace(b'standalone="yes"', b'encoding="klingon"'),
+        "not_utf_8": whole.replace(b"gate", b"\xE9"),
+        "zero_byte": whole.replace(b"gate", b"\0"),
+        "endless_entity": b"<!DOCTYPE a [<!ENTITY e '&e;'>]><a>&e;</a>",
+    }
+
+
+def all_inputs() -> dict[str, dict[str, bytes]]:
+    """By folder, and there by what begins the names."""
+    return {
+        "account": {"good": good_accounts(), "bad": bad_accounts()},
+        "qif": {"good": good_qif(), "bad": {"nothing": b"", "mark_alone": b"\xFE\xFF"}},
+        "csv": {"good": good_csv(), "bad": {"nothing": b"", "mark_alone": b"\xEF\xBB\xBF"}},
+        "xml": {"good": good_xml(), "bad": bad_xml()},
+    }
+
+
 def main() -> None:
-    FOLDER.mkdir(parents=True, exist_ok=True)
-    for kind, inputs in (("good", good_inputs()), ("bad", bad_inputs())):
-        for stale in FOLDER.glob(f"{kind}_*"):
-            stale.unlink()
-        for name, content in inputs.items():
-            (FOLDER / f"{kind}_{name}").write_bytes(content)
+    for name, kinds in all_inputs().items():
+        folder = CORPUS / name
+        folder.mkdir(parents=True, exist_ok=True)
+        for kind, inputs in kinds.items():
+            for stale in folder.glob(f"{kind}_*"):
+                stale.unlink()
+            for input_name, content in inputs.items():
+                (folder / f"{kind}_{input_name}").write_bytes(content)
 
 
 if __name__ == "__main__":

@@ -221,12 +221,12 @@ bool QMRegisterOperations::RemoveSelection(int32_t lCount)
     int32_t lPosition = -1;
     for (int32_t i = lCount; i-- > 0;) {
         const int32_t lRow = m_rows.GetNextSelected(lPosition);
-        pRows[i] = lRow;
+        pRows[static_cast<size_t>(i)] = lRow;
         lPosition = lFirstShown + lRow;
     }
     int32_t lLeftAt = -1;
     for (int32_t i = 0; i < lCount; ++i) {
-        store.MoveTo(lFirstShown + pRows[i]);
+        store.MoveTo(lFirstShown + pRows[static_cast<size_t>(i)]);
         lLeftAt = store.Remove();
     }
     m_rows.DeleteRows(pRows.get(), lCount);

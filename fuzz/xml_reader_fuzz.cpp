@@ -1,0 +1,10 @@
+// Feeds the reader of XML files with any bytes.
+#include "fuzz/exchangecheck.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize);
+
+int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize)
+{
+    CheckExchangeFile(".xml", pBytes, uSize);
+    return 0;
+}
