@@ -3,6 +3,8 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "resources/resource.h"
 #include "tests/e2e/remoteprocess.h"
 #include "tests/e2e/wait.h"
@@ -255,8 +257,16 @@ bool Program::IsStatusSimple() const
 
 void Program::AnswerBox(const std::string& sText) const
 {
+    AnswerQuestion(sText, {IDOK}, IDOK);
+}
+
+void Program::AnswerQuestion(const std::string& sText, const std::vector<int>& buttons,
+                             int nAnswer) const
+{
     const MessageBoxWindow box = AwaitMessageBox(GetId(), sText);
     EXPECT_EQ(box.GetCaption(), "Quillmark");
-    EXPECT_EQ(box.GetButtons(), std::vector<int>{IDOK});
-    box.Press(IDOK);
+    std::vector<int> found = box.GetButtons();
+    EXPECT_TRUE(std::is_permutation(found.begin(), found.end(), buttons.begin(), buttons.end()))
+        << sText;
+    box.Press(nAnswer);
 }

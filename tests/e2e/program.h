@@ -85,6 +85,9 @@ public:
     // Waits for a box with this text, checks that it is one of the program's usual ones, and
     // presses its button.
     void AnswerBox(const std::string& sText) const;
+    // The same for a question with these buttons, in any order.
+    void AnswerQuestion(const std::string& sText, const std::vector<int>& buttons,
+                        int nAnswer) const;
     std::vector<MessageBoxWindow> GetBoxes() const { return MessageBoxesOf(GetId()); }
 
 private:

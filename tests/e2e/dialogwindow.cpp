@@ -1,0 +1,292 @@
+#include "tests/e2e/dialogwindow.h"
+
+#include <commctrl.h>
+#include <dlgs.h>
+
+#include <cstdio>
+
+#include "tests/e2e/remoteprocess.h"
+#include "tests/e2e/wait.h"
+#include "tests/e2e/windowaccess.h"
+
+namespace {
+
+constexpr size_t uTextSize = 1024;
+
+// A message box has its sentence and buttons alone, with the ids that the system gives them.
+bool IsMessageBox(HWND hWnd)
+{
+    for (HWND hChild : ChildrenOf(hWnd)) {
+        const std::string sClass = WindowClass(hChild);
+        if ((sClass != "Static" && sClass != "Button") || GetDlgCtrlID(hChild) > 255) {
+            const bool bSentence = sClass == "Static" && GetDlgCtrlID(hChild) == 0xFFFF;
+            if (!bSentence) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void NotifyParent(HWND hItem, int nCode)
+{
+    SendTo(GetParent(hItem), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hItem), nCode),
+           reinterpret_cast<LPARAM>(hItem));
+}
+
+} // namespace
+
+// ---- The dialog.
+
+std::string DialogWindow::GetCaption() const
+{
+    return WindowText(m_hDialog);
+}
+
+void DialogWindow::AwaitEnd() const
+{
+    Await("the end of the dialog '" + GetCaption() + "'", [&] { return !IsWindow(m_hDialog); });
+}
+
+void DialogWindow::Close() const
+{
+    PostMessageA(m_hDialog, WM_CLOSE, 0, 0);
+}
+
+// ---- Controls.
+
+bool DialogWindow::HasItem(int nId) const
+{
+    return FindChildById(m_hDialog, nId) != nullptr;
+}
+
+HWND DialogWindow::GetItem(int nId) const
+{
+    HWND hItem = FindChildById(m_hDialog, nId);
+    if (hItem == nullptr) {
+        FailTest("the dialog '" + GetCaption() + "' has no control " + std::to_string(nId));
+    }
+    return hItem;
+}
+
+bool DialogWindow::IsEnabled(int nId) const
+{
+    return IsWindowEnabled(GetItem(nId)) != 0;
+}
+
+bool DialogWindow::IsVisible(int nId) const
+{
+    return IsWindowVisible(GetItem(nId)) != 0;
+}
+
+std::string DialogWindow::GetText(int nId) const
+{
+    return WindowText(GetItem(nId));
+}
+
+void DialogWindow::SetText(int nId, const std::string& sText) const
+{
+    SendTo(GetItem(nId), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(sText.c_str()));
+}
+
+void DialogWindow::Press(int nId) const
+{
+    if (!IsEnabled(nId) || !IsVisible(nId)) {
+        FailTest("control " + std::to_string(nId) + " of '" + GetCaption() + "' cannot be pressed");
+    }
+    PostMessageA(GetItem(nId), BM_CLICK, 0, 0);
+}
+
+void DialogWindow::End(int nId) const
+{
+    Press(nId);
+    AwaitEnd();
+}
+
+bool DialogWindow::IsChecked(int nId) const
+{
+    return SendTo(GetItem(nId), BM_GETCHECK) == BST_CHECKED;
+}
+
+void DialogWindow::Check(int nId, bool bOn) const
+{
+    if (IsChecked(nId) != bOn) {
+        Press(nId);
+        Await("the state of button " + std::to_string(nId), [&] { return IsChecked(nId) == bOn; });
+    }
+}
+
+std::vector<std::string> DialogWindow::GetChoices(int nId) const
+{
+    HWND hItem = GetItem(nId);
+    std::vector<std::string> choices;
+    for (LRESULT l = 0; l < SendTo(hItem, CB_GETCOUNT); ++l) {
+        const auto uIndex = static_cast<WPARAM>(l);
+        if (SendTo(hItem, CB_GETLBTEXTLEN, uIndex) >= static_cast<LRESULT>(uTextSize)) {
+            FailTest("too long a line in combo box " + std::to_string(nId));
+        }
+        char szText[uTextSize] = "";
+        SendTo(hItem, CB_GETLBTEXT, uIndex, reinterpret_cast<LPARAM>(szText));
+        choices.emplace_back(szText);
+    }
+    return choices;
+}
+
+int DialogWindow::GetChoice(int nId) const
+{
+    return static_cast<int>(SendTo(GetItem(nId), CB_GETCURSEL));
+}
+
+void DialogWindow::Choose(int nId, int nChoice) const
+{
+    HWND hItem = GetItem(nId);
+    if (SendTo(hItem, CB_SETCURSEL, static_cast<WPARAM>(nChoice)) != nChoice) {
+        FailTest("no line " + std::to_string(nChoice) + " in combo box " + std::to_string(nId));
+    }
+    NotifyParent(hItem, CBN_SELCHANGE);
+}
+
+std::string DialogWindow::GetDate(int nId) const
+{
+    RemoteMemory memory(m_hProcess, sizeof(SYSTEMTIME));
+    if (SendTo(GetItem(nId), DTM_GETSYSTEMTIME, 0, memory.AsParameter()) != GDT_VALID) {
+        return "(none)";
+    }
+    SYSTEMTIME time = {};
+    memory.Read(0, &time, sizeof time);
+    char szDate[32] = "";
+    snprintf(szDate, sizeof szDate, "%04d-%02d-%02d", time.wYear, time.wMonth, time.wDay);
+    return szDate;
+}
+
+void DialogWindow::SetDate(int nId, const std::string& sDate) const
+{
+    HWND hItem = GetItem(nId);
+    NMDATETIMECHANGE notice = {};
+    if (sscanf(sDate.c_str(), "%4hu-%2hu-%2hu", &notice.st.wYear, &notice.st.wMonth,
+               &notice.st.wDay) != 3) {
+        FailTest("no date: " + sDate);
+    }
+    notice.nmhdr = {hItem, static_cast<UINT_PTR>(nId), DTN_DATETIMECHANGE};
+    RemoteMemory memory(m_hProcess, sizeof notice);
+    memory.Write(0, &notice, sizeof notice);
+    const LPARAM lTime = memory.AsParameter(offsetof(NMDATETIMECHANGE, st));
+    if (SendTo(hItem, DTM_SETSYSTEMTIME, GDT_VALID, lTime) == 0) {
+        FailTest("the date is not taken: " + sDate);
+    }
+    // The control tells of its user's changes alone.
+    SendTo(GetParent(hItem), WM_NOTIFY, static_cast<WPARAM>(nId), memory.AsParameter());
+}
+
+// ---- Keyboard.
+
+void DialogWindow::Focus(int nId) const
+{
+    PostMessageA(m_hDialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetItem(nId)), TRUE);
+    AwaitFocus(nId);
+}
+
+int DialogWindow::GetFocus() const
+{
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(m_hDialog, nullptr), &info);
+    for (HWND hWnd = info.hwndFocus; hWnd != nullptr; hWnd = GetParent(hWnd)) {
+        // The field of a combo box stands for the box.
+        if (GetParent(hWnd) == m_hDialog) {
+            return GetDlgCtrlID(hWnd);
+        }
+    }
+    return 0;
+}
+
+void DialogWindow::AwaitFocus(int nId) const
+{
+    Await("the focus on control " + std::to_string(nId) + " of '" + GetCaption() + "'",
+          [&] { return GetFocus() == nId; });
+}
+
+int DialogWindow::GetDefaultButton() const
+{
+    return LOWORD(SendTo(m_hDialog, DM_GETDEFID));
+}
+
+// ---- The system's dialogs.
+
+HWND FileDialogWindow::FindNameField() const
+{
+    // A combo box with an edit field, or an edit field alone.
+    HWND hCombo = FindChildById(GetHandle(), cmb13);
+    HWND hEdit = hCombo == nullptr ? FindChildById(GetHandle(), edt1) : FindChild(hCombo, "Edit");
+    if (hEdit == nullptr) {
+        FailTest("the dialog '" + GetCaption() + "' has no field for a name");
+    }
+    return hEdit;
+}
+
+std::string FileDialogWindow::GetName() const
+{
+    return WindowText(FindNameField());
+}
+
+void FileDialogWindow::EnterName(const std::string& sPath) const
+{
+    SendTo(FindNameField(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(sPath.c_str()));
+}
+
+std::vector<std::string> FileDialogWindow::GetTypes() const
+{
+    return GetChoices(cmb1);
+}
+
+int FileDialogWindow::GetType() const
+{
+    return GetChoice(cmb1);
+}
+
+void FileDialogWindow::ChooseType(int nType) const
+{
+    Choose(cmb1, nType);
+}
+
+void FileDialogWindow::Enter(const std::string& sPath, int nType) const
+{
+    if (nType >= 0) {
+        ChooseType(nType);
+    }
+    // A type may change the name's ending.
+    EnterName(sPath);
+    Accept();
+    AwaitEnd();
+}
+
+// ---- Finding them.
+
+std::vector<DialogWindow> FindDialogs(const Program& program, const std::string& sCaption)
+{
+    std::vector<DialogWindow> dialogs;
+    for (HWND hWnd : TopWindows(program.GetId())) {
+        if (WindowClass(hWnd) == "#32770" && WindowText(hWnd) == sCaption && !IsMessageBox(hWnd)) {
+            dialogs.emplace_back(program.GetProcess(), hWnd);
+        }
+    }
+    return dialogs;
+}
+
+DialogWindow AwaitDialog(const Program& program, const std::string& sCaption)
+{
+    std::vector<DialogWindow> dialogs;
+    Await("the dialog '" + sCaption + "'", [&] {
+        dialogs = FindDialogs(program, sCaption);
+        return !dialogs.empty();
+    });
+    return dialogs.front();
+}
+
+FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCaption)
+{
+    const FileDialogWindow dialog(AwaitDialog(program, sCaption));
+    Await("the types of the dialog '" + sCaption + "'",
+          [&] { return dialog.HasItem(IDOK) && dialog.HasItem(cmb1); });
+    return dialog;
+}

@@ -1,0 +1,93 @@
+// A dialog of another program: its controls by their ids.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/e2e/program.h"
+
+class DialogWindow
+{
+public:
+    DialogWindow(HANDLE hProcess, HWND hDialog) : m_hProcess(hProcess), m_hDialog(hDialog) {}
+
+    HWND GetHandle() const { return m_hDialog; }
+    std::string GetCaption() const;
+    bool IsOpen() const { return IsWindow(m_hDialog) && IsWindowVisible(m_hDialog); }
+    void AwaitEnd() const;
+    // As the sign in its corner does; does not wait.
+    void Close() const;
+
+    // ---- Controls. One that is not there fails the running test.
+
+    bool HasItem(int nId) const;
+    HWND GetItem(int nId) const;
+    bool IsEnabled(int nId) const;
+    bool IsVisible(int nId) const;
+    // Of edit fields and of those of combo boxes too.
+    std::string GetText(int nId) const;
+    void SetText(int nId, const std::string& sText) const;
+    // Presses a button and returns at once: it may open a box.
+    void Press(int nId) const;
+    // Presses a button and waits until the dialog is gone.
+    void End(int nId) const;
+
+    bool IsChecked(int nId) const;
+    // Presses a box or a radio button unless it has this state already.
+    void Check(int nId, bool bOn = true) const;
+
+    std::vector<std::string> GetChoices(int nId) const;
+    // The index of a combo box's chosen line; -1 for none.
+    int GetChoice(int nId) const;
+    // Chooses as a user does.
+    void Choose(int nId, int nChoice) const;
+
+    // The date alone of a date field, as "2004-12-31".
+    std::string GetDate(int nId) const;
+    // Sets the date as a user does, so that the dialog hears of it.
+    void SetDate(int nId, const std::string& sDate) const;
+
+    // ---- Keyboard.
+
+    void Focus(int nId) const;
+    // The id of the control with the focus; 0 for none.
+    int GetFocus() const;
+    void AwaitFocus(int nId) const;
+    // The id of the button that Enter presses.
+    int GetDefaultButton() const;
+
+protected:
+    HANDLE GetProcess() const { return m_hProcess; }
+
+private:
+    HANDLE m_hProcess;
+    HWND m_hDialog;
+};
+
+// The system's dialogs that open and save files.
+class FileDialogWindow : public DialogWindow
+{
+public:
+    explicit FileDialogWindow(const DialogWindow& dialog) : DialogWindow(dialog) {}
+
+    std::string GetName() const;
+    void EnterName(const std::string& sPath) const;
+    std::vector<std::string> GetTypes() const;
+    int GetType() const;
+    void ChooseType(int nType) const;
+    // Presses Open or Save and returns at once: a question may follow.
+    void Accept() const { Press(IDOK); }
+    // Enters a path, chooses a type unless it is -1, presses Open or Save, and waits for the end.
+    void Enter(const std::string& sPath, int nType = -1) const;
+
+private:
+    HWND FindNameField() const;
+};
+
+// The dialogs of a program with this caption, message boxes not among them.
+std::vector<DialogWindow> FindDialogs(const Program& program, const std::string& sCaption);
+// Waits for a dialog by its caption.
+DialogWindow AwaitDialog(const Program& program, const std::string& sCaption);
+FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCaption);
