@@ -67,7 +67,10 @@ QMColumn QMColumnTable::FindColumnAt(int32_t lPixels) const
     int32_t lRight = 0;
     for (int32_t i = 0; i < QM_ENTRY_FILLER; ++i) {
         const auto column = static_cast<QMColumn>(i);
-        lRight += IsVisible(column) ? m_aWidth[i] : 0;
+        if (!IsVisible(column)) {
+            continue;
+        }
+        lRight += m_aWidth[i];
         if (lPixels < lRight) {
             return column;
         }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -138,4 +139,112 @@ TEST(QMColumnTable, WidthThatWasSetStaysUntilTheNextLoad)
     table.LoadFrom(QMDefaultHeader());
     EXPECT_EQ(table.GetWidth(QM_ENTRY_DATE), 55);
     EXPECT_EQ(table.GetWidth(QM_ENTRY_FILLER), 0);
+}
+
+// ---- The column under the pointer.
+
+namespace {
+
+// The ten columns by the bits of a set, with these widths.
+QMAccountHeader HeaderOf(uint32_t uSet, const int32_t (&anWidths)[10])
+{
+    QMAccountHeader header = {};
+    for (size_t u = 0; u < 10; ++u) {
+        header.*aExpected[u].pShown = uSet >> u & 1;
+        header.*aExpected[u].pWidth = anWidths[u];
+    }
+    return header;
+}
+
+// Which column owns each pixel, drawn out pixel by pixel; the filler has what is behind the end.
+std::vector<QMColumn> OwnersOf(uint32_t uSet, const int32_t (&anWidths)[10])
+{
+    std::vector<QMColumn> owners;
+    for (size_t u = 0; u < 10; ++u) {
+        if ((uSet >> u & 1) != 0) {
+            owners.insert(owners.end(), static_cast<size_t>(anWidths[u]), ColumnAt(u));
+        }
+    }
+    return owners;
+}
+
+} // namespace
+
+TEST(QMColumnTable, PixelBelongsToTheVisibleColumnThatIsDrawnThere)
+{
+    // One of no width, and neighbours of one pixel.
+    constexpr int32_t anWidths[10] = {3, 5, 0, 7, 1, 1, 2, 4, 6, 3};
+    QMColumnTable table;
+    for (uint32_t uSet = 0; uSet < 1024; ++uSet) {
+        table.LoadFrom(HeaderOf(uSet, anWidths));
+        const std::vector<QMColumn> owners = OwnersOf(uSet, anWidths);
+        for (size_t u = 0; u < owners.size(); ++u) {
+            ASSERT_EQ(table.FindColumnAt(static_cast<int32_t>(u)), owners[u]) << uSet << " " << u;
+        }
+        for (const size_t uBehind : {size_t{0}, size_t{1}, size_t{100000}}) {
+            ASSERT_EQ(table.FindColumnAt(static_cast<int32_t>(owners.size() + uBehind)),
+                      QM_ENTRY_FILLER)
+                << uSet;
+        }
+    }
+}
+
+TEST(QMColumnTable, PixelLeftOfAllColumnsBelongsToTheFirstVisibleOne)
+{
+    constexpr int32_t anWidths[10] = {10, 10, 10, 10, 10, 10, 10, 10, 10, 10};
+    QMColumnTable table;
+    table.LoadFrom(HeaderOf(1023, anWidths));
+    EXPECT_EQ(table.FindColumnAt(-1), QM_ENTRY_CLEARED);
+    table.LoadFrom(HeaderOf(1022, anWidths));
+    EXPECT_EQ(table.FindColumnAt(-1), QM_ENTRY_DATE);
+    table.LoadFrom(HeaderOf(0, anWidths));
+    EXPECT_EQ(table.FindColumnAt(-1), QM_ENTRY_FILLER);
+}
+
+TEST(QMColumnTable, WidthsOfTheMomentDecideAboutPixels)
+{
+    QMColumnTable table;
+    table.LoadFrom(QMDefaultHeader());
+    EXPECT_EQ(table.FindColumnAt(29), QM_ENTRY_CLEARED);
+    EXPECT_EQ(table.FindColumnAt(30), QM_ENTRY_DATE);
+    table.SetWidth(QM_ENTRY_CLEARED, 10);
+    EXPECT_EQ(table.FindColumnAt(29), QM_ENTRY_DATE);
+    // The filler's own width has no say.
+    table.SetWidth(QM_ENTRY_FILLER, 50);
+    EXPECT_EQ(table.FindColumnAt(5000), QM_ENTRY_FILLER);
+}
+
+// ---- Columns by their bits.
+
+TEST(QMColumnTable, EveryBitTellsOfItsOwnColumnAlone)
+{
+    for (uint32_t uSet = 0; uSet < 1024; ++uSet) {
+        QMAccountHeader header = {};
+        for (size_t u = 0; u < 10; ++u) {
+            header.*aExpected[u].pShown = uSet >> u & 1;
+        }
+        for (size_t u = 0; u < 10; ++u) {
+            ASSERT_EQ(QMIsColumnShown(header, aExpected[u].uMask), (uSet >> u & 1) != 0)
+                << uSet << " " << u;
+        }
+    }
+}
+
+TEST(QMColumnTable, NoColumnIsNotShown)
+{
+    QMAccountHeader header = QMDefaultHeader();
+    header.bShowCategory = 1;
+    // The filler's mask among them, and several bits at once.
+    for (const uint32_t uColumn : {0U, 3U, 1023U, 1024U, 0x80000000U, 0xFFFFFFFFU}) {
+        EXPECT_FALSE(QMIsColumnShown(header, uColumn)) << uColumn;
+    }
+}
+
+TEST(QMColumnTable, AnyByteButZeroShowsAColumn)
+{
+    QMAccountHeader header = {};
+    header.bShowMemo = 2;
+    EXPECT_TRUE(QMIsColumnShown(header, QM_COLUMN_MEMO));
+    header.bShowMemo = 255;
+    EXPECT_TRUE(QMIsColumnShown(header, QM_COLUMN_MEMO));
 }
