@@ -201,3 +201,8 @@ void RemoveSetting(const char* szKey, const char* szName)
     RegDeleteValueA(hKey, szName);
     RegCloseKey(hKey);
 }
+
+void RemoveSettingsKey(const char* szKey)
+{
+    RemoveTree(PathOf(szKey));
+}

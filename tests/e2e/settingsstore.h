@@ -37,6 +37,8 @@ void WriteSettingNumber(const char* szKey, const char* szName, DWORD uNumber);
 void WriteSettingBytes(const char* szKey, const char* szName, DWORD uType,
                        const std::string& sBytes);
 void RemoveSetting(const char* szKey, const char* szName);
+// Removes a key with everything in it.
+void RemoveSettingsKey(const char* szKey);
 
 inline DWORD ReadFlags()
 {
