@@ -182,14 +182,14 @@ bool QMRegisterList::InsertRow(int32_t lRow)
 
 void QMRegisterList::DeleteRows(const int32_t* pRows, int32_t lCount)
 {
-    Send(WM_SETREDRAW, FALSE);
-    for (int32_t i = 0; i < lCount; ++i) {
-        DeleteItem(pRows[i]);
-    }
+    // At once, whatever their number: the control would tell of each by itself. As behind a single
+    // deletion, the focus is then on the row that followed, and nothing is selected.
+    SetItemState(-1, 0, LVIS_SELECTED);
     m_rows.DeleteRows(pRows, lCount);
     SetItemCount(m_rows.GetRowCount());
-    Send(WM_SETREDRAW, TRUE);
-    Invalidate(true);
+    const int32_t lLowest = *std::min_element(pRows, pRows + lCount);
+    const int32_t lFocus = std::clamp(lLowest, 0, std::max(m_rows.GetRowCount() - 1, 0));
+    SetItemState(lFocus, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 void QMRegisterList::MarkChanged()

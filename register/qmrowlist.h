@@ -38,7 +38,7 @@ public:
     // Makes an empty row in front of lRow; behind the last one when there is no such row.
     virtual bool InsertRow(int32_t lRow) = 0;
     // Deletes rows one after another: each number counts in the list that the ones before it left.
-    // Numbers of no row are passed over. Falling numbers go in one pass.
+    // Numbers of no row are passed over. Falling numbers go in one pass. Nothing is selected then.
     virtual void DeleteRows(const int32_t* pRows, int32_t lCount) = 0;
     virtual int32_t GetRowCount() const = 0;
     virtual bool SetCellText(int32_t lRow, int32_t lColumn, std::string_view text) = 0;
