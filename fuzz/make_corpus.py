@@ -167,7 +167,7 @@ def good_qif() -> dict[str, bytes]:
         "eight_bit": b"\xE9\nPcaf\xE9\n^\n",
         "unsorted": b"".join(b"D%d/1/2004\nN%d\n^\n" % (month, number)
                              for number, month in enumerate((5, 2, 9, 2, 5), 1)),
-        "odd_utf_16": b"\xFF\xFE^\0\n\0^",
+        "odd_utf_16": b"\xFF\xFE" + b"^\0\n\0" * 100 + b"^",
     }
 
 
@@ -249,7 +249,8 @@ def all_inputs() -> dict[str, dict[str, bytes]]:
     """By folder, and there by what begins the names."""
     return {
         "account": {"good": good_accounts(), "bad": bad_accounts()},
-        "qif": {"good": good_qif(), "bad": {"nothing": b"", "mark_alone": b"\xFE\xFF"}},
+        "qif": {"good": good_qif(), "bad": {"nothing": b"", "mark_alone": b"\xFE\xFF",
+                                            "odd_utf_16": b"\xFF\xFE^\0\n\0^"}},
         "csv": {"good": good_csv(), "bad": {"nothing": b"", "mark_alone": b"\xEF\xBB\xBF"}},
         "xml": {"good": good_xml(), "bad": bad_xml()},
     }
