@@ -195,7 +195,8 @@ def good_csv() -> dict[str, bytes]:
 
 
 def good_xml() -> dict[str, bytes]:
-    def document(*records: bytes, front: bytes = b'<?xml version="1.0" standalone="yes"?>\n') -> bytes:
+    def document(*records: bytes,
+                 front: bytes = b'<?xml version="1.0" standalone="yes"?>\n') -> bytes:
         return front + b"<quillmark>\n" + b"".join(records) + b"</quillmark>\n"
 
     check = (b'<transaction type="check">\n\t<number>1001</number>\n\t<date>03/14/2004</date>\n'

@@ -495,7 +495,8 @@ class Replacing(ExchangeTestCase):
             self.out = self.folder / f"out.{kind}"
             with self.subTest(kind):
                 self.out.write_bytes(OLD_BYTES)
-                self.assert_kept(self.convert(), "the file exists already (replace it with --force)")
+                self.assert_kept(self.convert(),
+                                 "the file exists already (replace it with --force)")
                 self.assert_done(self.convert("--force"))
                 self.assertEqual(self.out.read_bytes(), WRITERS[kind](self.entries))
                 self.assert_nothing_new("in.qmk", self.out.name)
