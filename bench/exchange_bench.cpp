@@ -1,0 +1,124 @@
+// Exchange files: writing and reading them against plain loops, XML against the parser alone, and
+// newest first and shuffled against sorted.
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "bench/child.h"
+#include "bench/exchangefiles.h"
+#include "bench/plainexchange.h"
+#include "bench/ratios.h"
+
+namespace {
+
+using Work = std::function<bool(const char* szPath)>;
+
+constexpr struct
+{
+    EntryOrder order;
+    const char* szName;
+} aOrders[] = {
+    {EntryOrder::Sorted, ""},
+    {EntryOrder::NewestFirst, "NewestFirst"},
+    {EntryOrder::Shuffled, "Shuffled"},
+};
+
+const struct
+{
+    QMExchangeKind kind;
+    const char* szName;
+    Work read; // what importing is measured against
+    const char* szRead;
+} aKinds[] = {
+    {QMExchangeKind::Qif, "Qif", [](const char* sz) { return PlainReadQif(sz) > 0; }, "PlainRead"},
+    {QMExchangeKind::Csv, "Csv", [](const char* sz) { return PlainReadCsv(sz) > 0; }, "PlainRead"},
+    {QMExchangeKind::Xml, "Xml", ParseOnly, "ParseOnly"},
+};
+
+// In a process of its own, which finds what this one has made: work is to make no more of it.
+void Add(const std::string& sName, int32_t lCount, Work work, QMExchangeKind kind,
+         const std::string& sText)
+{
+    auto pFile = std::make_shared<ExchangeFile>(kind, sText);
+    const auto Run = [=](benchmark::State& state) {
+        for (auto _ : state) {
+            const ChildResult result = MeasureInChild([&](const std::function<void()>& stopClock) {
+                const bool bDone = work(pFile->GetPath());
+                stopClock();
+                return bDone;
+            });
+            if (!result.bDone) {
+                state.SkipWithError("failed");
+            }
+            state.SetIterationTime(result.dSeconds);
+        }
+    };
+    benchmark::RegisterBenchmark(sName.c_str(), Run)
+        ->Arg(lCount)
+        ->UseManualTime()
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
+}
+
+bool Import(const char* szPath)
+{
+    // Ends with the process: giving back is no part of the work.
+    static QMTransactionStore store;
+    return QMImportFile(szPath, store) && !store.IsEmpty();
+}
+
+template <class Kind>
+void RegisterExport(const Kind& kind, int32_t lCount, QMTransactionStore& store,
+                    const std::string& sText)
+{
+    const std::string sName = kind.szName;
+    const std::string sCount = "/" + std::to_string(lCount);
+    Add(
+        sName + "Export", lCount,
+        [&store](const char* szPath) { return QMExportFile(szPath, store); }, kind.kind, "");
+    Add(
+        sName + "PlainWrite", lCount,
+        [sText](const char* szPath) { return PlainWrite(szPath, sText); }, kind.kind, "");
+    CompareWith(sName + "Export" + sCount, sName + "PlainWrite" + sCount, 0);
+}
+
+template <class Kind>
+void RegisterImport(const Kind& kind, int32_t lCount, const std::string& sText)
+{
+    const std::string sName = kind.szName;
+    const std::string sCount = "/" + std::to_string(lCount);
+    const std::string sBase = sName + kind.szRead;
+    Add(sBase, lCount, kind.read, kind.kind, sText);
+    for (const auto& order : aOrders) {
+        const std::string sImport = sName + "Import" + order.szName;
+        const bool bSorted = order.order == EntryOrder::Sorted;
+        Add(sImport, lCount, Import, kind.kind,
+            bSorted ? sText : MakeExchangeText(kind.kind, lCount, order.order));
+        if (bSorted) {
+            CompareWith(sImport + sCount, sBase + sCount, 4);
+        } else {
+            CompareWith(sImport + sCount, sName + "Import" + sCount, 1.5);
+        }
+    }
+}
+
+void Register(int32_t lCount)
+{
+    static std::map<int32_t, QMTransactionStore> stores;
+    QMTransactionStore& store = stores[lCount];
+    FillStore(store, lCount);
+    for (const auto& kind : aKinds) {
+        const std::string sText = MakeExchangeText(kind.kind, lCount, EntryOrder::Sorted);
+        RegisterExport(kind, lCount, store, sText);
+        RegisterImport(kind, lCount, sText);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    Register(100000);
+    return RunWithRatios(argc, argv);
+}

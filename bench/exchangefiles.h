@@ -1,0 +1,33 @@
+// Exchange files of any size to measure with.
+#pragma once
+
+#include <string>
+
+#include "account/qmtransactionstore.h"
+#include "bench/accountfiles.h"
+#include "exchange/qmexchange.h"
+
+// The extension with its dot.
+const char* ExtensionOf(QMExchangeKind kind);
+
+// Fills an empty store with the transactions of MakeAccountBytes.
+void FillStore(QMTransactionStore& store, int32_t lCount);
+
+// The bytes of a file with these transactions in that order.
+std::string MakeExchangeText(QMExchangeKind kind, int32_t lCount, EntryOrder order);
+
+// A file with a name of that kind, at first empty or with this text, that is removed with the
+// object.
+class ExchangeFile
+{
+public:
+    ExchangeFile(QMExchangeKind kind, const std::string& sText);
+    ExchangeFile(const ExchangeFile&) = delete;
+    ExchangeFile& operator=(const ExchangeFile&) = delete;
+    ~ExchangeFile();
+
+    const char* GetPath() const { return m_sPath.c_str(); }
+
+private:
+    std::string m_sPath;
+};
