@@ -89,16 +89,17 @@ void RegisterImport(const Kind& kind, int32_t lCount, const std::string& sText)
     const std::string sName = kind.szName;
     const std::string sCount = "/" + std::to_string(lCount);
     const std::string sBase = sName + kind.szRead;
+    const std::string sSorted = sName + "Import";
     Add(sBase, lCount, kind.read, kind.kind, sText);
     for (const auto& order : aOrders) {
-        const std::string sImport = sName + "Import" + order.szName;
+        const std::string sImport = sSorted + order.szName;
         const bool bSorted = order.order == EntryOrder::Sorted;
         Add(sImport, lCount, Import, kind.kind,
             bSorted ? sText : MakeExchangeText(kind.kind, lCount, order.order));
         if (bSorted) {
             CompareWith(sImport + sCount, sBase + sCount, 4);
         } else {
-            CompareWith(sImport + sCount, sName + "Import" + sCount, 1.5);
+            CompareWith(sImport + sCount, sSorted + sCount, 1.5);
         }
     }
 }

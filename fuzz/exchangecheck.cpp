@@ -6,9 +6,8 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <random>
 #include <string>
-
-#include <unistd.h>
 
 #include "exchange/qmexchange.h"
 #include "exchange/qmlinefile.h"
@@ -29,14 +28,19 @@ void Check(bool bHolds, const char* szWhat)
     }
 }
 
+// Keeps the scratch files of processes apart.
+const std::string& ProcessName()
+{
+    static const std::string sName = "exchange-" + std::to_string(std::random_device()());
+    return sName;
+}
+
 // A file that is gone with the object, in a folder that is best kept in memory: TMPDIR names it.
 class ScratchFile
 {
 public:
     explicit ScratchFile(const char* szExtension)
-        : m_sPath((std::filesystem::temp_directory_path() /
-                   ("exchange-" + std::to_string(getpid()) + szExtension))
-                      .string())
+        : m_sPath((std::filesystem::temp_directory_path() / (ProcessName() + szExtension)).string())
     {}
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;

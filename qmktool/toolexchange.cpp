@@ -1,8 +1,5 @@
 #include "qmktool/toolexchange.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <string>
 
@@ -42,15 +39,12 @@ VFileFault FaultOfWriting()
     }
 }
 
-// A new file beside another one, of its own name, that is gone with the object. The formats write
-// to a file only; what they wrote is read back from here.
+// A new file beside another one, of a name of its own, that is gone with the object. The formats
+// write to files only; what they wrote is read back from here.
 class StagingFile
 {
 public:
-    explicit StagingFile(const char* szBeside) : m_sPath(szBeside)
-    {
-        m_sPath += ".part-" + std::to_string(getpid());
-    }
+    explicit StagingFile(const char* szBeside) : m_sBeside(szBeside) {}
     StagingFile(const StagingFile&) = delete;
     StagingFile& operator=(const StagingFile&) = delete;
     ~StagingFile()
@@ -62,19 +56,17 @@ public:
 
     VFileFault Fill(QMTransactionStore& store, QMExchangeKind kind)
     {
-        const int nFile = open(m_sPath.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
-        if (nFile < 0) {
+        const VFileFault fault = Make();
+        if (fault != VFileFault::None) {
+            return fault;
+        }
+        QMStdioFile pFile = QMCreateTextFile(m_sPath.c_str());
+        if (pFile == nullptr) {
             return FaultOfWriting();
         }
-        m_bMade = true;
-        FILE* pFile = fdopen(nFile, "w");
-        if (pFile == nullptr) {
-            close(nFile);
-            return VFileFault::Other;
-        }
         errno = 0;
-        const bool bWritten = QMExportTo(pFile, kind, store) && ferror(pFile) == 0;
-        return fclose(pFile) == 0 && bWritten ? VFileFault::None : FaultOfWriting();
+        const bool bWritten = QMExportTo(pFile.get(), kind, store) && ferror(pFile.get()) == 0;
+        return fclose(pFile.release()) == 0 && bWritten ? VFileFault::None : FaultOfWriting();
     }
 
     bool ReadBack(std::string& sBytes) const
@@ -93,6 +85,22 @@ public:
     }
 
 private:
+    // Takes the first name that nobody has: others may be at work here, or have been killed.
+    VFileFault Make()
+    {
+        constexpr int nTries = 100;
+        for (int i = 1; i <= nTries; ++i) {
+            m_sPath = m_sBeside + ".part-" + std::to_string(i);
+            const VFileFault fault = VWriteWholeFile(m_sPath.c_str(), "", 0, false);
+            if (fault != VFileFault::Exists && fault != VFileFault::NotAFile) {
+                m_bMade = fault == VFileFault::None;
+                return fault;
+            }
+        }
+        return VFileFault::Other;
+    }
+
+    std::string m_sBeside;
     std::string m_sPath;
     bool m_bMade = false;
 };

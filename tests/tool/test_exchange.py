@@ -525,6 +525,15 @@ class Replacing(ExchangeTestCase):
         self.assert_nothing_new("in.qmk", "out.csv")
         self.assertEqual(self.names_in_folder(self.folder / "out.csv"), [])
 
+    def test_what_others_stage_beside_it_stays(self) -> None:
+        """As a run that was killed leaves it, or one at the same time."""
+        self.write("out.csv.part-1", OLD_BYTES)
+        (self.folder / "out.csv.part-2").mkdir()
+        self.assert_done(self.convert())
+        self.assertEqual(self.out.read_bytes(), self.expected)
+        self.assertEqual((self.folder / "out.csv.part-1").read_bytes(), OLD_BYTES)
+        self.assert_nothing_new("in.qmk", "out.csv", "out.csv.part-1", "out.csv.part-2")
+
     def test_a_name_that_is_too_long(self) -> None:
         self.out = self.folder / ("n" * 296 + ".csv")
         self.assert_refused(self.convert(), self.out)
