@@ -167,9 +167,14 @@ LRESULT QMRegisterWindow::OnNotify(UINT /*uId*/, NMHDR* pHeader)
     return V_NOT_HANDLED;
 }
 
+bool QMRegisterWindow::IsOnTop() const
+{
+    return GetFrame()->GetActiveChild() == this;
+}
+
 void QMRegisterWindow::FollowFocus()
 {
-    if (m_model.SetFocusRow(m_list.GetFocusedRow())) {
+    if (m_model.SetFocusRow(m_list.GetFocusedRow()) && IsOnTop()) {
         GetFrame()->UpdateCommands();
         UpdateStatusBar(false);
     }
@@ -259,15 +264,17 @@ bool QMRegisterWindow::SaveAs(const char* szFullName, int32_t lVersion)
 int32_t QMRegisterWindow::MergeMarked(QMTransactionStore& from)
 {
     const int32_t lCount = QMMergeMarked(from, m_document.GetAccount()->store);
-    ReloadRows();
-    m_document.MarkModified();
+    if (lCount >= 0) {
+        ReloadRows();
+        m_document.MarkModified();
+    }
     return lCount;
 }
 
 void QMRegisterWindow::SetPeriodFilter(bool bEnabled)
 {
     m_model.SetPeriodFilter(bEnabled, true);
-    if (GetFrame()->GetActiveChild() == this) {
+    if (IsOnTop()) {
         UpdateStatusBar(false);
     }
 }

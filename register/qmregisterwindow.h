@@ -98,6 +98,8 @@ private:
     bool RunTransactionDialog(QMTransactionDialogArgs& args) override;
     void UpdateStatusBar() override { UpdateStatusBar(false); }
 
+    // Of several registers, only the one on top speaks through the frame's bars.
+    bool IsOnTop() const;
     bool AskForPassword(const VWindow& owner);
     bool AskToSave();
     void ReloadRows();
