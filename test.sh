@@ -1,14 +1,12 @@
 #!/usr/bin/env bash
 # Runs all the checks on a Debian machine, installing what is missing.
-# Usage: ./test.sh [RING...]   (without RING: those of USUAL)
+# Usage: ./test.sh [RING...]   (without RING: all of them)
 # The last line tells the counts of all rings together; the exit code is 1 if anything failed.
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
 readonly RINGS=(lint core core-asan core-win64 win-win64 e2e-win64 core-win32 win-win32 e2e-win32)
-# What runs without arguments; the others are still young and run by name.
-readonly USUAL=(lint core core-asan core-win64 win-win64 core-win32)
 # The presets that a ring needs built.
 declare -rA PRESET=([lint]=native [core]=native [core-asan]=native-asan
     [core-win64]=win64 [win-win64]=win64 [e2e-win64]=win64
@@ -36,7 +34,7 @@ choose_rings() {
         [[ -v PRESET[$ring] ]] || usage
     done
     rings=("$@")
-    [[ $# -gt 0 ]] || rings=("${USUAL[@]}")
+    [[ $# -gt 0 ]] || rings=("${RINGS[@]}")
 }
 
 # count PASSED FAILED SKIPPED: for what no ring's own run can count.
@@ -127,7 +125,7 @@ hold_wine() {
 }
 
 run_ring() {
-    local ring=$1 preset=${PRESET[$1]} launch='' suffix='' tool=()
+    local ring=$1 preset=${PRESET[$1]} launch='' suffix='' options=()
     if [[ $preset == win* ]]; then
         hold_wine "$preset" || {
             echo "$ring: skipped, $(tail -n1 "build/results/why-not-$preset")"
@@ -137,11 +135,14 @@ run_ring() {
         launch="scripts/wine.sh $preset "
         suffix=.exe
     fi
-    [[ $ring != core* ]] ||
-        tool=(--tool "${launch:+$PWD/$launch}$PWD/build/$preset/bin/qmktool$suffix")
+    if [[ $ring == core* ]]; then
+        options=(--tool "${launch:+$PWD/$launch}$PWD/build/$preset/bin/qmktool$suffix")
+    else
+        options=(--second-try)
+    fi
     run_step env ${launch:+QUILLMARK_WINE_HELD=1} python3 scripts/ring.py "$ring" \
         --counts "$counts" \
-        --program "${launch}build/$preset/bin/${ring%%-*}_tests$suffix" "${tool[@]}"
+        --program "${launch}build/$preset/bin/${ring%%-*}_tests$suffix" "${options[@]}"
 }
 
 run_rings() {
