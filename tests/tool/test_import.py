@@ -7,11 +7,11 @@ from typing import Any, Iterable
 
 import formats
 import rules
+from exchange_support import NOT_XML, plain_entries
 from formats import KINDS, READERS, WRITERS
 from rules import NOT_CLEARED
 from support import (IS_WINDOWS, SAMPLE, V1_0, V1_1, V2_0, Day, Entry, Result, ToolTestCase, cases,
                      make_account, posix_only, run)
-from test_exchange import NOT_XML, plain_entries
 
 if not IS_WINDOWS:
     import fcntl
