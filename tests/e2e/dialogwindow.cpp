@@ -45,7 +45,7 @@ std::string DialogWindow::GetCaption() const
 
 void DialogWindow::AwaitEnd() const
 {
-    Await("the end of the dialog '" + GetCaption() + "'", [&] { return !IsWindow(m_hDialog); });
+    Await("the end of a dialog", [&] { return !IsWindow(m_hDialog); });
 }
 
 void DialogWindow::Close() const
@@ -174,8 +174,11 @@ void DialogWindow::SetDate(int nId, const std::string& sDate) const
     if (SendTo(hItem, DTM_SETSYSTEMTIME, GDT_VALID, lTime) == 0) {
         FailTest("the date is not taken: " + sDate);
     }
-    // The control tells of its user's changes alone.
-    SendTo(GetParent(hItem), WM_NOTIFY, static_cast<WPARAM>(nId), memory.AsParameter());
+    // The control tells of its user's changes alone, and notices do not cross from one program to
+    // another.
+    CallRemote(m_hProcess, GetProcAddress(GetModuleHandleA("user32.dll"), "SendMessageA"),
+               reinterpret_cast<UINT_PTR>(GetParent(hItem)), WM_NOTIFY, static_cast<UINT_PTR>(nId),
+               static_cast<UINT_PTR>(memory.AsParameter()));
 }
 
 // ---- Keyboard.

@@ -59,15 +59,16 @@ void MessageBoxWindow::Press(int nButton) const
 {
     const std::vector<HWND> buttons = FindButtons();
     const std::vector<int> ids = GetButtons();
+    const std::string sText = GetText();
     for (size_t u = 0; u < ids.size(); ++u) {
         if (ids[u] == nButton) {
             PostMessageA(m_hWnd, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(buttons[u]), BN_CLICKED),
                          reinterpret_cast<LPARAM>(buttons[u]));
-            Await("the end of the box [" + GetText() + "]", [&] { return !IsWindow(m_hWnd); });
+            Await("the end of the box [" + sText + "]", [&] { return !IsWindow(m_hWnd); });
             return;
         }
     }
-    FailTest("the box [" + GetText() + "] has no button " + std::to_string(nButton));
+    FailTest("the box [" + sText + "] has no button " + std::to_string(nButton));
 }
 
 std::vector<MessageBoxWindow> MessageBoxesOf(DWORD uProcessId)

@@ -53,6 +53,13 @@ LRESULT SendTo(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 std::string WindowText(HWND hWnd)
 {
     char szText[1024] = "";
+    const std::string sClass = WindowClass(hWnd);
+    if (sClass == "#32770" || sClass == "Static" || sClass == "Button") {
+        // The system has these texts. A message that meets a window on its way out may never come
+        // back, and dialogs are looked at while they go.
+        GetWindowTextA(hWnd, szText, sizeof szText);
+        return szText;
+    }
     DWORD_PTR uLength = 0;
     SendMessageTimeoutA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText),
                         SMTO_NORMAL, uStateLimit, &uLength);

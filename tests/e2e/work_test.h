@@ -1,0 +1,59 @@
+// What the tests of working in a register share.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/e2e/dialogwindow.h"
+#include "tests/e2e/e2e_test.h"
+#include "tests/e2e/entry.h"
+
+inline const std::string sReadOnlySentence = "This command cannot be performed in read-only mode.";
+
+class WorkTest : public E2ETest
+{
+protected:
+    // Opens the program with an account.
+    void OpenAccount(const std::string& sPath);
+    // The same with a new document.
+    void OpenNew();
+
+    // Opens the dialog by its command.
+    DialogWindow BeginAdding() const;
+    DialogWindow BeginEditing() const;
+    // Adds by the dialog, and leaves it.
+    void Add(const Entry& entry) const;
+
+    // Posts a command and waits until it is carried out. It must open nothing.
+    void Do(UINT uCommand) const;
+    // Posts a command that must ask or say something, answers it, and waits for the end.
+    void DoAnswering(UINT uCommand, const std::string& sText) const;
+    void DoAnswering(UINT uCommand, const std::string& sQuestion, const std::vector<int>& buttons,
+                     int nAnswer) const;
+
+    // The active document's title, by which its changes show.
+    void AwaitTitle(const std::string& sTitle) const;
+    bool IsMarked() const;
+    void AwaitPane(int nPane, const std::string& sText) const;
+    void AwaitRowCount(int nRows) const;
+    // A column's texts by its heading, without the blanks that align numbers and dates.
+    std::vector<std::string> Column(const std::string& sHeading) const;
+    // Selects these rows and no others.
+    void Select(const std::vector<int>& rows) const;
+
+    // Saves by the dialog under a name, of a type by its line (-1 for the one that it comes up
+    // with), and waits until the document has that name.
+    void SaveAs(const std::string& sPath, int nType = -1) const;
+    // Chooses a file in the dialog and waits for the dialog's end.
+    void ChooseToOpen(const std::string& sPath) const;
+    // Closes the active document and answers its question; none for an answer of 0.
+    void CloseAnswering(const std::string& sName, int nAnswer) const;
+    // Saves the active document, closes it, and returns the transactions in its file.
+    std::vector<std::string> SaveCloseAndRead(const std::string& sPath) const;
+};
+
+// The pictures that a row's marks stand for are told by its data.
+inline constexpr uint32_t uRowTax = 4;
+inline constexpr uint32_t uRowExpense = 8;
+inline constexpr uint32_t uRowVoided = 16;
+inline constexpr uint32_t uRowCleared = 32;
