@@ -39,7 +39,6 @@ constexpr UINT auButtons[] = {
     IDM_HELP_CONTENTS,
 };
 
-constexpr int nPictureSize = 16;
 constexpr int nPictures = 18; // room at first; the strip holds what it holds
 
 } // namespace
@@ -66,6 +65,8 @@ bool QMToolbar::CreateToolbar(VWindow& parent, UINT uId)
         aButtons[u].fsStyle = bButton ? BTNS_BUTTON : BTNS_SEP;
     }
     const bool bAdded = AddButtons(aButtons, static_cast<int>(std::size(aButtons)));
+    // The control takes the pictures for a reason to measure its buttons itself.
+    Send(TB_SETBUTTONSIZE, 0, MAKELPARAM(nButtonSize, nButtonSize));
     AutoSize();
     return bAdded;
 }

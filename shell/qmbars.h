@@ -9,7 +9,10 @@
 class QMToolbar : public VToolbar
 {
 public:
-    QMToolbar() : VToolbar(24, 24, 16, 16) {}
+    static constexpr int nButtonSize = 24; // pixels, as all of these
+    static constexpr int nPictureSize = 16;
+
+    QMToolbar() : VToolbar(nButtonSize, nButtonSize, nPictureSize, nPictureSize) {}
 
     // Makes the control with its pictures and buttons; false when anything is missing.
     bool CreateToolbar(VWindow& parent, UINT uId);
