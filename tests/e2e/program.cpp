@@ -148,6 +148,11 @@ MenuItem Program::GetMenuItem(UINT uCommand) const
 
 std::string Program::GetMenuText(UINT uCommand) const
 {
+    return GetMenuText(GetMenuHandle(), uCommand);
+}
+
+std::string Program::GetMenuText(HMENU hMenu, UINT uCommand) const
+{
     // GetMenuString wants five arguments; the text's room is asked for and given by a record.
     RemoteMemory memory(GetProcess(), sizeof(MENUITEMINFOA) + uTextSize);
     MENUITEMINFOA info = {};
@@ -158,7 +163,7 @@ std::string Program::GetMenuText(UINT uCommand) const
     memory.Write(0, &info, sizeof info);
     char szText[uTextSize] = "";
     const UINT_PTR uDone = CallRemote(GetProcess(), UserFunction("GetMenuItemInfoA"),
-                                      reinterpret_cast<UINT_PTR>(GetMenuHandle()), uCommand, FALSE,
+                                      reinterpret_cast<UINT_PTR>(hMenu), uCommand, FALSE,
                                       static_cast<UINT_PTR>(memory.AsParameter()));
     if (static_cast<BOOL>(uDone)) {
         memory.Read(sizeof info, szText, uTextSize - 1);

@@ -55,6 +55,8 @@ public:
     MenuItem GetMenuItem(UINT uCommand) const;
     // The label with its key, as "&New\tCtrl+N"; empty for a missing item.
     std::string GetMenuText(UINT uCommand) const;
+    // The same for any menu of the program.
+    std::string GetMenuText(HMENU hMenu, UINT uCommand) const;
     void AwaitMenuItem(UINT uCommand, MenuItem state) const;
 
     // ---- Documents.
