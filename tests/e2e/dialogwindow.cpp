@@ -34,6 +34,15 @@ void NotifyParent(HWND hItem, int nCode)
            reinterpret_cast<LPARAM>(hItem));
 }
 
+// Sends a message in the other program itself, with pointers to its own memory.
+LRESULT SendFromWithin(HANDLE hProcess, HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    return static_cast<LRESULT>(
+        CallRemote(hProcess, GetProcAddress(GetModuleHandleA("user32.dll"), "SendMessageA"),
+                   reinterpret_cast<UINT_PTR>(hWnd), uMessage, static_cast<UINT_PTR>(wParam),
+                   static_cast<UINT_PTR>(lParam)));
+}
+
 } // namespace
 
 // ---- The dialog.
@@ -57,12 +66,19 @@ void DialogWindow::Close() const
 
 bool DialogWindow::HasItem(int nId) const
 {
-    return FindChildById(m_hDialog, nId) != nullptr;
+    return FindItem(nId) != nullptr;
+}
+
+HWND DialogWindow::FindItem(int nId) const
+{
+    // Deeper down the system's dialogs have ids of their own again.
+    HWND hChild = GetDlgItem(m_hDialog, nId);
+    return hChild != nullptr ? hChild : FindChildById(m_hDialog, nId);
 }
 
 HWND DialogWindow::GetItem(int nId) const
 {
-    HWND hItem = FindChildById(m_hDialog, nId);
+    HWND hItem = FindItem(nId);
     if (hItem == nullptr) {
         FailTest("the dialog '" + GetCaption() + "' has no control " + std::to_string(nId));
     }
@@ -120,13 +136,16 @@ std::vector<std::string> DialogWindow::GetChoices(int nId) const
 {
     HWND hItem = GetItem(nId);
     std::vector<std::string> choices;
+    RemoteMemory memory(m_hProcess, uTextSize);
     for (LRESULT l = 0; l < SendTo(hItem, CB_GETCOUNT); ++l) {
         const auto uIndex = static_cast<WPARAM>(l);
         if (SendTo(hItem, CB_GETLBTEXTLEN, uIndex) >= static_cast<LRESULT>(uTextSize)) {
             FailTest("too long a line in combo box " + std::to_string(nId));
         }
+        // Asked from here, some systems give a part of the text only.
+        SendFromWithin(m_hProcess, hItem, CB_GETLBTEXT, uIndex, memory.AsParameter());
         char szText[uTextSize] = "";
-        SendTo(hItem, CB_GETLBTEXT, uIndex, reinterpret_cast<LPARAM>(szText));
+        memory.Read(0, szText, uTextSize - 1);
         choices.emplace_back(szText);
     }
     return choices;
@@ -143,7 +162,9 @@ void DialogWindow::Choose(int nId, int nChoice) const
     if (SendTo(hItem, CB_SETCURSEL, static_cast<WPARAM>(nChoice)) != nChoice) {
         FailTest("no line " + std::to_string(nChoice) + " in combo box " + std::to_string(nId));
     }
-    NotifyParent(hItem, CBN_SELCHANGE);
+    for (const int nCode : {CBN_SELENDOK, CBN_SELCHANGE, CBN_CLOSEUP}) {
+        NotifyParent(hItem, nCode);
+    }
 }
 
 std::string DialogWindow::GetDate(int nId) const

@@ -62,6 +62,8 @@ protected:
     HANDLE GetProcess() const { return m_hProcess; }
 
 private:
+    HWND FindItem(int nId) const;
+
     HANDLE m_hProcess;
     HWND m_hDialog;
 };

@@ -161,6 +161,54 @@ void WindowList::SelectRow(int nRow) const
     SetState(nRow, uBoth, uBoth);
 }
 
+// ---- The mouse.
+
+LPARAM WindowList::CellPoint(int nRow, int nColumn) const
+{
+    RemoteMemory memory(m_hProcess, sizeof(RECT));
+    // The record tells what is asked for: all of the row, from its left end on.
+    RECT row = {LVIR_BOUNDS, 0, 0, 0};
+    memory.Write(0, &row, sizeof row);
+    if (SendTo(m_hList, LVM_GETITEMRECT, AsIndex(nRow), memory.AsParameter()) == 0) {
+        FailTest("no row " + std::to_string(nRow) + " to click in");
+    }
+    memory.Read(0, &row, sizeof row);
+    int nX = row.left;
+    for (int i = 0; i < nColumn; ++i) {
+        nX += GetColumnWidth(i);
+    }
+    return MAKELPARAM(nX + GetColumnWidth(nColumn) / 2, (row.top + row.bottom) / 2);
+}
+
+void WindowList::Click(int nRow, int nColumn, WPARAM uHeld) const
+{
+    const LPARAM lPoint = CellPoint(nRow, nColumn);
+    PostMessageA(m_hList, WM_LBUTTONDOWN, MK_LBUTTON | uHeld, lPoint);
+    PostMessageA(m_hList, WM_LBUTTONUP, uHeld, lPoint);
+}
+
+void WindowList::PostDoubleClick(LPARAM lPoint) const
+{
+    PostMessageA(m_hList, WM_LBUTTONDOWN, MK_LBUTTON, lPoint);
+    PostMessageA(m_hList, WM_LBUTTONUP, 0, lPoint);
+    PostMessageA(m_hList, WM_LBUTTONDBLCLK, MK_LBUTTON, lPoint);
+    PostMessageA(m_hList, WM_LBUTTONUP, 0, lPoint);
+}
+
+void WindowList::DoubleClick(int nRow, int nColumn) const
+{
+    PostDoubleClick(CellPoint(nRow, nColumn));
+}
+
+void WindowList::DoubleClickBelow() const
+{
+    RECT client = {};
+    GetClientRect(m_hList, &client);
+    PostDoubleClick(MAKELPARAM(GetColumnWidth(0) / 2, client.bottom - 2));
+}
+
+// ---- The header.
+
 WindowList::Heading WindowList::ReadHeading(int nColumn) const
 {
     struct Question

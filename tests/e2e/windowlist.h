@@ -39,6 +39,12 @@ public:
     // Gives rows (-1 for all) this state in the bits of the mask.
     void SetState(int nRow, UINT uState, UINT uMask) const;
 
+    // Clicks in the middle of a cell, with what MK_ flags tell held down; returns at once.
+    void Click(int nRow, int nColumn, WPARAM uHeld = 0) const;
+    void DoubleClick(int nRow, int nColumn) const;
+    // In the first column below the last row.
+    void DoubleClickBelow() const;
+
     // The headings, and their formats (HDF_).
     std::vector<std::string> GetHeadings() const;
     std::vector<int> GetHeadingFormats() const;
@@ -52,6 +58,8 @@ private:
         int nFormat;
     };
     Heading ReadHeading(int nColumn) const;
+    LPARAM CellPoint(int nRow, int nColumn) const;
+    void PostDoubleClick(LPARAM lPoint) const;
 
     HANDLE m_hProcess;
     HWND m_hList;
