@@ -1,0 +1,50 @@
+// What the tests of import and export start from.
+#pragma once
+
+#include "tests/e2e/e2e_test.h"
+#include "tests/e2e/expectedregister.h"
+#include "tests/e2e/reviewwindow.h"
+
+class ExchangeTest : public E2ETest
+{
+protected:
+    using Texts = std::vector<std::string>;
+
+    // The argument by which the program imports a file into an account.
+    static std::string Order(const std::string& sFile, const std::string& sAccount)
+    {
+        return "-I" + sFile + "|" + sAccount;
+    }
+    static std::string Failure(const std::string& sFile)
+    {
+        return "Failed to import transactions from file\n'" + sFile + "'.";
+    }
+
+    // Answers the box that tells the result of an import or export.
+    void AnswerResult(const std::string& sCaption, const std::string& sText) const;
+    void AnswerImported(int nCount, const std::string& sFile) const;
+    void AnswerExported(int nCount, const std::string& sFile) const;
+
+    // Imports a whole file into the active account, by the menu.
+    void ImportAll(const std::string& sFile, int nCount) const;
+    // Chooses File/Import or File/Export and the file.
+    void ImportByMenu(const std::string& sFile) const;
+    void ExportByMenu(const std::string& sFile) const;
+
+    bool IsModified() const;
+    // Saves the active account in place.
+    void Save() const;
+
+    // The transactions of an account file that nobody has open.
+    static std::vector<QMTransaction> Load(const std::string& sPath);
+
+    // What an account holds once a file was imported into it, tick(row) and cleared(row) choosing
+    // among the file's rows as the review does: computed without the program, from a copy.
+    std::string Merged(
+        const std::string& sAccount, const std::string& sFile, const std::function<bool(int)>& tick,
+        const std::function<bool(int)>& toggleCleared = [](int) { return false; }) const;
+};
+
+// Everything about a transaction as one line.
+std::string Describe(const QMTransaction& transaction);
+std::vector<std::string> Describe(const std::vector<QMTransaction>& transactions);

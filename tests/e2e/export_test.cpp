@@ -1,0 +1,270 @@
+// Export, and the way back.
+
+#include <algorithm>
+#include <cstring>
+
+#include "exchange/qmexchange.h"
+#include "tests/e2e/exchange_test.h"
+
+namespace {
+
+constexpr uint32_t uCleared = 0;
+constexpr uint32_t uOpen = QM_TRANS_FLAG_NOT_CLEARED;
+
+class ExportTest : public ExchangeTest
+{
+protected:
+    // One of each type, with every tag, texts and none; one in the middle is voided.
+    std::string MakeSource() const
+    {
+        return MakeAccount("source.qmk", 0, [](QMAccount& account) {
+            for (int32_t lType = 0; lType < 12; ++lType) {
+                auto p = std::make_unique<QMTransaction>();
+                *p = MakeTransaction(lType, "1/" + std::to_string(lType + 1) + "/2004",
+                                     static_cast<float>(lType) + 0.25F,
+                                     lType % 2 == 0 ? uOpen : uCleared, lType % 3 == 0 ? "x" : "");
+                p->lNumber = static_cast<uint32_t>(2000 + lType);
+                p->lFlags |= lType == 4 ? QM_TRANS_FLAG_TAX : 0;
+                p->lFlags |= lType == 7 ? QM_TRANS_FLAG_EXPENSE : 0;
+                p->lFlags |= lType == 6 ? QM_TRANS_FLAG_VOIDED : 0;
+                if (lType == 0 || lType == 5) {
+                    strcpy(p->szMemo, "a memo");
+                    strcpy(p->szCategory, "a category");
+                }
+                account.store.Add(std::move(p));
+            }
+        });
+    }
+
+    // The file that the formats make of an account without the program.
+    std::string ExportedBytes(const std::string& sAccount, const std::string& sName) const
+    {
+        QMAccount account(sAccount.c_str());
+        EXPECT_TRUE(account.Read());
+        EXPECT_TRUE(QMExportFile(PathOf(sName).c_str(), account.store));
+        account.Close();
+        return ReadWholeFile(PathOf(sName));
+    }
+
+    // Exports an account and imports the file into an empty one; returns what came in.
+    std::vector<QMTransaction> ThereAndBack(const std::string& sSource, const std::string& sFile,
+                                            int nOut, int nBack)
+    {
+        const std::string sTarget = MakeAccount("back.qmk", 0);
+        m_program.Open({sTarget, sSource});
+        ExportByMenu(sFile);
+        AnswerExported(nOut, sFile);
+        HandOverFile(sTarget);
+        ImportAll(sFile, nBack);
+        Save();
+        EXPECT_EQ(m_program.Close(), 0U);
+        return Load(sTarget);
+    }
+
+    static bool IsDebit(int32_t lType)
+    {
+        return QMTypeSide(static_cast<uint32_t>(lType)) == QMSide::Debit;
+    }
+};
+
+TEST_F(ExportTest, EachFormatWritesWhatTheFormatsSay)
+{
+    const std::string sSource = MakeSource();
+    const std::string sBytes[] = {ExportedBytes(sSource, "expected.qif"),
+                                  ExportedBytes(sSource, "expected.csv"),
+                                  ExportedBytes(sSource, "expected.xml")};
+    m_program.Open({sSource});
+    const char* aNames[] = {"out.qif", "out.csv", "OUT.XML"};
+    for (size_t u = 0; u < 3; ++u) {
+        const std::string sFile = PathOf(aNames[u]);
+        ExportByMenu(sFile);
+        // Also where the format leaves rows out.
+        AnswerExported(12, sFile);
+        m_program.Settle();
+        EXPECT_EQ(ReadWholeFile(sFile), sBytes[u]) << sFile;
+        EXPECT_FALSE(IsModified());
+    }
+}
+
+TEST_F(ExportTest, NameWithoutAnEndingGetsThatOfQif)
+{
+    m_program.Open({MakeSource()});
+    ExportByMenu(PathOf("plain"));
+    AnswerExported(12, PathOf("plain.qif"));
+    EXPECT_NE(ReadWholeFile(PathOf("plain.qif")).find("!Type:Bank"), std::string::npos);
+}
+
+TEST_F(ExportTest, TextFileShowsTwoBoxesAndIsNotMade)
+{
+    m_program.Open({MakeSource()});
+    for (const std::string& sFile : {PathOf("out.txt"), PathOf("OUT2.TXT")}) {
+        ExportByMenu(sFile);
+        AnswerResult("Export", "Failed to export transactions to file:\n'" + sFile + "'.");
+        m_program.AnswerBox("Failed to export transactions to file\n'" + sFile + "'.");
+        m_program.Settle();
+        EXPECT_TRUE(m_program.GetBoxes().empty());
+        EXPECT_EQ(GetFileAttributesA(sFile.c_str()), INVALID_FILE_ATTRIBUTES);
+    }
+}
+
+TEST_F(ExportTest, ExistingFileIsAskedAboutAndReplaced)
+{
+    const std::string sSource = MakeSource();
+    const std::string sExpected = ExportedBytes(sSource, "expected.csv");
+    const std::string sFile = MakeFile("old.csv", std::string(100000, 'x'));
+    m_program.Open({sSource});
+    m_program.Post(IDM_FILE_EXPORT);
+    const FileDialogWindow dialog = AwaitFileDialog(m_program, "Save As");
+    dialog.EnterName(sFile);
+    dialog.Accept();
+    MessageBoxWindow question(nullptr);
+    Await("the question about the file", [&] {
+        for (const MessageBoxWindow& box : m_program.GetBoxes()) {
+            const std::vector<int> buttons = box.GetButtons();
+            if (std::count(buttons.begin(), buttons.end(), IDYES) == 1 &&
+                std::count(buttons.begin(), buttons.end(), IDNO) == 1) {
+                question = box;
+                return true;
+            }
+        }
+        return false;
+    });
+    question.Press(IDYES);
+    dialog.AwaitEnd();
+    AnswerExported(12, sFile);
+    EXPECT_EQ(ReadWholeFile(sFile), sExpected);
+}
+
+TEST_F(ExportTest, CancelledFileDialogSaysNothing)
+{
+    m_program.Open({MakeSource()});
+    m_program.Post(IDM_FILE_EXPORT);
+    const FileDialogWindow dialog = AwaitFileDialog(m_program, "Save As");
+    EXPECT_EQ(dialog.GetTypes(),
+              (Texts{"Quicken Interchange Format (*.qif)", "Extensible Markup Language (*.xml)",
+                     "Comma Separated Value (*.csv)", "Text File (*.txt)"}));
+    dialog.End(IDCANCEL);
+    m_program.Settle();
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+}
+
+TEST_F(ExportTest, PeriodOnShowDoesNotLimitAnExport)
+{
+    WriteSettingNumber("Settings", "Flags", 30);
+    const std::string sSource = MakeAccount("period.qmk", 90, [](QMAccount& account) {
+        account.header.lDisplayPeriod = QM_ACCNT_DISPLAY_DATE_RANGE;
+        account.header.dtPeriodFrom = account.header.dtPeriodTo = QMMakeDate(1990, 1, 2);
+    });
+    const std::string sExpected = ExportedBytes(sSource, "expected.csv");
+    m_program.Open({sSource});
+    EXPECT_EQ(ActiveList().GetRowCount(), 40);
+    ExportByMenu(PathOf("out.csv"));
+    AnswerExported(90, PathOf("out.csv"));
+    m_program.Settle();
+    EXPECT_EQ(ReadWholeFile(PathOf("out.csv")), sExpected);
+    EXPECT_EQ(ActiveList().GetRowCount(), 40);
+    EXPECT_FALSE(IsModified());
+}
+
+TEST_F(ExportTest, ReadOnlyAccountIsExported)
+{
+    m_program.Open({MakeAccount("protected.qmk", 5,
+                                [](QMAccount& account) { account.header.bReadOnly = 1; })});
+    ExportByMenu(PathOf("out.xml"));
+    AnswerExported(5, PathOf("out.xml"));
+}
+
+TEST_F(ExportTest, UnsavedChangesAreExported)
+{
+    m_program.Open({MakeAccount("account.qmk", 2)});
+    ImportAll(MakeFile("more.qif", "D1/1/2004\nT5\n^\n"), 1);
+    ExportByMenu(PathOf("out.csv"));
+    AnswerExported(3, PathOf("out.csv"));
+}
+
+// ---- There and back.
+
+TEST_F(ExportTest, QifKeepsDatesAmountsAndClearedButNoTagsAndNothingVoided)
+{
+    const std::string sSource = MakeSource();
+    const std::vector<QMTransaction> out = Load(sSource);
+    const std::vector<QMTransaction> back = ThereAndBack(sSource, PathOf("out.qif"), 12, 11);
+    ASSERT_EQ(back.size(), 11U);
+    for (size_t u = 0; u < back.size(); ++u) {
+        const QMTransaction& a = out[u < 6 ? u : u + 1];
+        const QMTransaction& b = back[u];
+        EXPECT_EQ(b.lType, a.lType) << u;
+        EXPECT_TRUE(QMDateIsEqual(b.dtDate, a.dtDate)) << u;
+        EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtDate)) << u;
+        EXPECT_EQ(b.fAmount, a.fAmount) << u;
+        EXPECT_EQ(b.lFlags, a.lFlags & QM_TRANS_FLAG_NOT_CLEARED) << u;
+        EXPECT_STREQ(b.szMemo, a.szMemo) << u;
+        EXPECT_STREQ(b.szCategory, a.szCategory) << u;
+        EXPECT_EQ(b.lNumber, a.lType == QM_TRANS_CHECK ? a.lNumber : 0) << u;
+    }
+}
+
+TEST_F(ExportTest, CsvKeepsTheTagsToo)
+{
+    const std::string sSource = MakeSource();
+    const std::vector<QMTransaction> out = Load(sSource);
+    const std::vector<QMTransaction> back = ThereAndBack(sSource, PathOf("out.csv"), 12, 12);
+    ASSERT_EQ(back.size(), 12U);
+    for (size_t u = 0; u < back.size(); ++u) {
+        const QMTransaction& a = out[u];
+        const QMTransaction& b = back[u];
+        EXPECT_EQ(b.lType, a.lType) << u;
+        EXPECT_TRUE(QMDateIsEqual(b.dtDate, a.dtDate)) << u;
+        EXPECT_EQ(b.fAmount, a.fAmount) << u;
+        EXPECT_EQ(b.lFlags, a.lFlags) << u;
+        EXPECT_STREQ(b.szMemo, a.szMemo) << u;
+        EXPECT_STREQ(b.szCategory, a.szCategory) << u;
+    }
+}
+
+TEST_F(ExportTest, XmlKeepsTypesTagsAndTheDateClearedButDescriptionsOfChecksAlone)
+{
+    const std::string sSource = MakeSource();
+    const std::vector<QMTransaction> out = Load(sSource);
+    const std::vector<QMTransaction> back = ThereAndBack(sSource, PathOf("out.xml"), 12, 12);
+    ASSERT_EQ(back.size(), 12U);
+    for (size_t u = 0; u < back.size(); ++u) {
+        const QMTransaction& a = out[u];
+        const QMTransaction& b = back[u];
+        EXPECT_EQ(b.lType, a.lType) << u;
+        EXPECT_TRUE(QMDateIsEqual(b.dtDate, a.dtDate)) << u;
+        EXPECT_EQ(b.fAmount, a.fAmount) << u;
+        EXPECT_EQ(b.lFlags, a.lFlags) << u;
+        EXPECT_STREQ(b.szMemo, a.szMemo) << u;
+        EXPECT_STREQ(b.szCategory, a.szCategory) << u;
+        const bool bCheck = a.lType == QM_TRANS_CHECK;
+        EXPECT_STREQ(b.szDescription, bCheck ? a.szDescription : "") << u;
+        // The number that a new transaction has.
+        EXPECT_EQ(b.lNumber, bCheck ? a.lNumber : 1000U) << u;
+        if (!a.HasFlag(QM_TRANS_FLAG_NOT_CLEARED)) {
+            EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtCleared)) << u;
+        }
+    }
+}
+
+// A memo with two ampersands has the second one left as it is, which no reader takes.
+TEST_F(ExportTest, XmlWithTwoAmpersandsInATextDoesNotComeBack)
+{
+    const std::string sSource = MakeAccount("source.qmk", 1, [](QMAccount& account) {
+        account.store.Last();
+        QMTransaction transaction;
+        account.store.GetCurrent(transaction);
+        strcpy(transaction.szMemo, "this & that & those");
+        account.store.Remove();
+        account.store.Add(std::make_unique<QMTransaction>(transaction));
+    });
+    m_program.Open({sSource});
+    const std::string sFile = PathOf("out.xml");
+    ExportByMenu(sFile);
+    AnswerExported(1, sFile);
+    ImportByMenu(sFile);
+    m_program.AnswerBox(Failure(sFile));
+    EXPECT_FALSE(IsModified());
+}
+
+} // namespace

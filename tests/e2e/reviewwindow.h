@@ -1,0 +1,29 @@
+// The review of the transactions that an import has read.
+#pragma once
+
+#include "tests/e2e/dialogwindow.h"
+#include "tests/e2e/windowlist.h"
+
+class ReviewWindow : public DialogWindow
+{
+public:
+    ReviewWindow(HANDLE hProcess, const DialogWindow& dialog);
+
+    const WindowList& GetList() const { return m_list; }
+    bool IsTicked(int nRow) const;
+    // The rows that are ticked.
+    std::vector<int> GetTicked() const;
+    void Tick(int nRow, bool bOn) const;
+    // Presses and releases the mouse in a row, that many pixels from the list's left edge.
+    void Click(int nRow, int nPixels) const;
+    // 0, 1, or 2 for the third state.
+    int GetBoxState(int nId) const;
+    // Presses one of the two boxes and waits for a state.
+    void PressBox(int nId, int nState) const;
+
+private:
+    WindowList m_list;
+};
+
+// Waits for the review and its rows.
+ReviewWindow AwaitReview(const Program& program);
