@@ -61,9 +61,35 @@ protected:
         return Load(sTarget);
     }
 
-    static bool IsDebit(int32_t lType)
+    // The two boxes of a failure.
+    void AnswerFailedExport(const std::string& sFile) const
     {
-        return QMTypeSide(static_cast<uint32_t>(lType)) == QMSide::Debit;
+        AnswerResult("Export", "Failed to export transactions to file:\n'" + sFile + "'.");
+        m_program.AnswerBox("Failed to export transactions to file\n'" + sFile + "'.");
+        m_program.Settle();
+        EXPECT_TRUE(m_program.GetBoxes().empty());
+    }
+
+    // Exports to a file that is there, and lets it be replaced.
+    void ExportOver(const std::string& sFile) const
+    {
+        m_program.Post(IDM_FILE_EXPORT);
+        const FileDialogWindow dialog = AwaitFileDialog(m_program, "Save As");
+        dialog.EnterName(sFile);
+        dialog.Accept();
+        // Its words are the system's.
+        MessageBoxWindow question(nullptr);
+        Await("the question about the file", [&] {
+            for (const MessageBoxWindow& box : m_program.GetBoxes()) {
+                const std::vector<int> buttons = box.GetButtons();
+                if (std::count(buttons.begin(), buttons.end(), IDYES) == 1) {
+                    question = box;
+                }
+            }
+            return question.GetHandle() != nullptr;
+        });
+        question.Press(IDYES);
+        dialog.AwaitEnd();
     }
 };
 
@@ -99,10 +125,7 @@ TEST_F(ExportTest, TextFileShowsTwoBoxesAndIsNotMade)
     m_program.Open({MakeSource()});
     for (const std::string& sFile : {PathOf("out.txt"), PathOf("OUT2.TXT")}) {
         ExportByMenu(sFile);
-        AnswerResult("Export", "Failed to export transactions to file:\n'" + sFile + "'.");
-        m_program.AnswerBox("Failed to export transactions to file\n'" + sFile + "'.");
-        m_program.Settle();
-        EXPECT_TRUE(m_program.GetBoxes().empty());
+        AnswerFailedExport(sFile);
         EXPECT_EQ(GetFileAttributesA(sFile.c_str()), INVALID_FILE_ATTRIBUTES);
     }
 }
@@ -113,26 +136,24 @@ TEST_F(ExportTest, ExistingFileIsAskedAboutAndReplaced)
     const std::string sExpected = ExportedBytes(sSource, "expected.csv");
     const std::string sFile = MakeFile("old.csv", std::string(100000, 'x'));
     m_program.Open({sSource});
-    m_program.Post(IDM_FILE_EXPORT);
-    const FileDialogWindow dialog = AwaitFileDialog(m_program, "Save As");
-    dialog.EnterName(sFile);
-    dialog.Accept();
-    MessageBoxWindow question(nullptr);
-    Await("the question about the file", [&] {
-        for (const MessageBoxWindow& box : m_program.GetBoxes()) {
-            const std::vector<int> buttons = box.GetButtons();
-            if (std::count(buttons.begin(), buttons.end(), IDYES) == 1 &&
-                std::count(buttons.begin(), buttons.end(), IDNO) == 1) {
-                question = box;
-                return true;
-            }
-        }
-        return false;
-    });
-    question.Press(IDYES);
-    dialog.AwaitEnd();
+    ExportOver(sFile);
     AnswerExported(12, sFile);
     EXPECT_EQ(ReadWholeFile(sFile), sExpected);
+}
+
+TEST_F(ExportTest, FileThatAnotherProgramHoldsFailsWithTwoBoxes)
+{
+    const std::string sFile = MakeFile("held.csv", "held");
+    m_program.Open({MakeSource()});
+    HANDLE hFile = CreateFileA(sFile.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                               0, nullptr);
+    ASSERT_NE(hFile, INVALID_HANDLE_VALUE);
+    ExportOver(sFile);
+    AnswerFailedExport(sFile);
+    CloseHandle(hFile);
+    EXPECT_EQ(ReadWholeFile(sFile), "held");
+    ExportOver(sFile);
+    AnswerExported(12, sFile);
 }
 
 TEST_F(ExportTest, CancelledFileDialogSaysNothing)

@@ -245,7 +245,7 @@ TEST_F(ImportTest, VoidedTransactionShowsItsSuffix)
 {
     const ReviewWindow review = OpenReview(MakeFile("voided.csv", szCsv), MakeTarget());
     constexpr int nDescription = 4;
-    EXPECT_NE(review.GetList().ReadCell(1, nDescription).find("Voided"), std::string::npos);
+    EXPECT_NE(review.GetList().ReadCell(1, nDescription).find("(voided)"), std::string::npos);
     review.End(IDCANCEL);
 }
 
@@ -392,7 +392,7 @@ TEST_F(ImportTest, RowsOutsideThePeriodComeInUnseen)
     m_program.Open({sAccount});
     ImportAll(sFile, nQifRows);
     EXPECT_EQ(ActiveList().GetRowCount(), 2);
-    EXPECT_EQ(ActiveList().ReadCell(0, 1), "3/3/2004");
+    EXPECT_EQ(ActiveList().ReadCell(0, 1), " 3/ 3/04");
     m_program.Post(IDM_VIEW_TRANSACTIONSBAR);
     m_program.Settle();
     EXPECT_EQ(ActiveList().GetRowCount(), nQifRows);
@@ -465,6 +465,19 @@ TEST_F(ImportTest, FileWithoutAnEndingFailsFromTheCommandLine)
         EXPECT_EQ(ActiveList().GetRowCount(), 5);
         EXPECT_EQ(m_program.Close(), 0U);
     }
+}
+
+TEST_F(ImportTest, FileThatAnotherProgramHoldsFails)
+{
+    const std::string sFile = MakeQif();
+    HANDLE hFile = CreateFileA(sFile.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(hFile, INVALID_HANDLE_VALUE);
+    m_program.Start({Order(sFile, MakeTarget())});
+    m_program.AnswerBox(Failure(sFile));
+    m_program.AwaitFrame();
+    EXPECT_FALSE(IsModified());
+    CloseHandle(hFile);
+    ImportAll(sFile, nQifRows);
 }
 
 TEST_F(ImportTest, FailureByTheMenuSaysTheSame)

@@ -131,6 +131,60 @@ TEST_F(PlacementTest, RestoredDocumentIsRememberedBetweenRuns)
     EXPECT_FALSE(IsActiveMaximized());
 }
 
+// Everything that a run leaves behind for the next, at once.
+TEST_F(PlacementTest, NextRunComesUpAsTheLastOneWasLeft)
+{
+    const std::string sFirst = MakeAccount("first.qmk", 1);
+    const std::string sSecond = MakeAccount("second.qmk", 2);
+    m_program.Open({sFirst, sSecond});
+    MoveFrame(40, 50, 820, 610);
+    AwaitPosition("0040 0050 0820 0610");
+    m_program.Post(IDM_VIEW_TRANSACTIONSBAR);
+    m_program.Post(IDM_VIEW_STATUSBAR);
+    RestoreActive();
+    m_program.NewDocument(1);
+    m_program.Settle();
+    EXPECT_EQ(ReadFlags(), 20U);
+    const std::vector<std::string> left = AllSettings();
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(AllSettings(), left);
+    // The last file of the list, that is, not the new document.
+    m_program.Open();
+    m_program.AwaitActive(sSecond);
+    EXPECT_EQ(m_program.GetDocuments().size(), 1U);
+    EXPECT_FALSE(IsActiveMaximized());
+    EXPECT_EQ(FrameRect(), (VRect{40, 50, 860, 660}));
+    EXPECT_TRUE(IsWindowVisible(m_program.GetToolbar()));
+    EXPECT_TRUE(IsWindowVisible(FindChildById(m_program.GetFrame(), IDC_TRANSACTIONSBAR)));
+    EXPECT_FALSE(IsWindowVisible(m_program.GetStatusBar()));
+    EXPECT_EQ(m_program.GetMenuText(IDM_FILE_RECENT_FIRST), "&1 second.qmk");
+    EXPECT_EQ(m_program.GetMenuText(IDM_FILE_RECENT_FIRST + 1), "&2 first.qmk");
+    EXPECT_EQ(AllSettings(), left);
+}
+
+TEST_F(PlacementTest, MaximizedFrameWithAMaximizedDocumentComesBackSo)
+{
+    m_program.Open({CopySample()});
+    ShowWindow(m_program.GetFrame(), SW_MAXIMIZE);
+    AwaitFlag(uFrameMaximized, true);
+    m_program.Post(IDM_VIEW_TOOLBAR);
+    m_program.Settle();
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(ReadFlags(), 11U);
+    m_program.Open();
+    EXPECT_TRUE(IsZoomed(m_program.GetFrame()));
+    EXPECT_TRUE(IsActiveMaximized());
+    EXPECT_FALSE(IsWindowVisible(m_program.GetRebar()));
+    RECT frame = {};
+    GetClientRect(m_program.GetFrame(), &frame);
+    const VRect area = WindowRect(m_program.GetClient());
+    EXPECT_EQ(area.GetWidth(), frame.right);
+    EXPECT_EQ(area.GetHeight(),
+              frame.bottom - WindowRect(m_program.GetStatusBar()).GetHeight() + 1);
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(ReadFlags(), 11U);
+}
+
 TEST_F(PlacementTest, ListCoversItsDocument)
 {
     m_program.Open({CopySample()});

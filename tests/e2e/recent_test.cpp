@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 
 namespace {
@@ -287,6 +288,56 @@ TEST_F(RecentTest, SavingInPlaceLeavesTheList)
     m_program.Post(IDM_FILE_SAVEALL);
     m_program.Settle();
     EXPECT_TRUE(m_program.GetBoxes().empty());
+    EXPECT_EQ(Stored(), (Texts{paths[1], paths[0]}));
+    EXPECT_EQ(Labels(), (Texts{"&1 b.qmk", "&2 a.qmk"}));
+}
+
+TEST_F(RecentTest, SavingUnderANameComesOnTop)
+{
+    const Texts paths = MakeAccounts(2);
+    m_program.Open(paths);
+    HandOverFile(paths[0]);
+    m_program.Post(IDM_FILE_SAVEAS);
+    AwaitFileDialog(m_program, "Save As").Enter(PathOf("new.qmk"));
+    m_program.Settle();
+    // The name that it had stays in the list.
+    EXPECT_EQ(Stored(), (Texts{PathOf("new.qmk"), paths[1], paths[0]}));
+    EXPECT_EQ(Labels(), (Texts{"&1 new.qmk", "&2 b.qmk", "&3 a.qmk"}));
+}
+
+TEST_F(RecentTest, FirstSaveOfANewDocumentComesOnTop)
+{
+    const Texts paths = MakeAccounts(1);
+    m_program.Open(paths);
+    m_program.NewDocument(1);
+    m_program.Post(IDM_FILE_SAVE);
+    AwaitFileDialog(m_program, "Save As").Enter(PathOf("first.qmk"));
+    m_program.Settle();
+    EXPECT_EQ(Stored(), (Texts{PathOf("first.qmk"), paths[0]}));
+    EXPECT_EQ(Labels(), (Texts{"&1 first.qmk", "&2 a.qmk"}));
+    m_program.Post(IDM_FILE_SAVE);
+    m_program.Settle();
+    EXPECT_EQ(Stored(), (Texts{PathOf("first.qmk"), paths[0]}));
+}
+
+TEST_F(RecentTest, CancelledSaveLeavesTheList)
+{
+    const Texts paths = MakeAccounts(1);
+    m_program.Open(paths);
+    m_program.Post(IDM_FILE_SAVEAS);
+    AwaitFileDialog(m_program, "Save As").End(IDCANCEL);
+    m_program.Settle();
+    EXPECT_EQ(Stored(), paths);
+}
+
+TEST_F(RecentTest, FileOfTheOpenDialogComesOnTop)
+{
+    const Texts paths = MakeAccounts(2);
+    m_program.Open({paths[0]});
+    m_program.Post(IDM_FILE_OPEN);
+    AwaitFileDialog(m_program, "Open").Enter(paths[1]);
+    m_program.AwaitActive(paths[1]);
+    m_program.Settle();
     EXPECT_EQ(Stored(), (Texts{paths[1], paths[0]}));
     EXPECT_EQ(Labels(), (Texts{"&1 b.qmk", "&2 a.qmk"}));
 }
