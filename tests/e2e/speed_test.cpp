@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "tests/e2e/e2e_test.h"
+#include "tests/e2e/reviewwindow.h"
 
 namespace {
 
@@ -89,6 +90,38 @@ TEST_F(SpeedTest, TenThousand)
 TEST_F(SpeedTest, HundredThousand)
 {
     Measure(MakeAccount("huge.qmk", 100000), 100000, "100,000 transactions");
+}
+
+TEST_F(SpeedTest, ImportOfTwentyThousand)
+{
+    constexpr int nRows = 20000;
+    std::string sBytes = "Date,Payee,Amount\n";
+    for (int i = 0; i < nRows; ++i) {
+        // Falling dates, so that every row goes in front of the one before it.
+        const int nDay = nRows - i;
+        sBytes += std::to_string(nDay / 28 % 12 + 1) + "/" + std::to_string(nDay % 28 + 1) + "/" +
+                  std::to_string(1950 + nDay / 336) + ",somebody,-" + std::to_string(i) + "\n";
+    }
+    const std::string sFile = MakeFile("large.csv", sBytes);
+    m_program.Open({MakeAccount("large.qmk", 10000)});
+    const std::string sText = "-I" + sFile + "|" + PathOf("large.qmk");
+    double dBegin = Now();
+    Process second;
+    second.Start(ProgramFolder() + "quillmark.exe", {sText});
+    const ReviewWindow review = AwaitReview(m_program);
+    EXPECT_EQ(review.GetList().GetRowCount(), nRows);
+    Print("from order to review", "20,000 rows", Now() - dBegin);
+    dBegin = Now();
+    review.PressBox(IDC_IMPORT_ALL, 0);
+    Print("unticking all", "20,000 rows", Now() - dBegin);
+    review.PressBox(IDC_IMPORT_ALL, 1);
+    dBegin = Now();
+    review.End(IDC_IMPORT_IMPORT);
+    AwaitMessageBox(m_program.GetId(),
+                    "Successfully imported 20000 transactions from file:\n'" + sFile + "'.")
+        .Press(IDOK);
+    Print("from Import to the result", "20,000 rows", Now() - dBegin);
+    AwaitRegister(10000 + nRows);
 }
 
 } // namespace
