@@ -54,7 +54,9 @@ std::string DialogWindow::GetCaption() const
 
 void DialogWindow::AwaitEnd() const
 {
-    Await("the end of a dialog", [&] { return !IsWindow(m_hDialog); });
+    // Its caption is no longer to be had.
+    Await("the end of a dialog",
+          [&] { return !IsWindow(m_hDialog) || !IsWindowVisible(m_hDialog); });
 }
 
 void DialogWindow::Close() const

@@ -24,13 +24,14 @@ private:
 
 } // namespace
 
-ExpectedRegister::ExpectedRegister(const std::string& sPath)
+ExpectedRegister::ExpectedRegister(const std::string& sPath, bool bPeriodAlone)
 {
     QMDocument document;
     document.SetAccount(std::make_unique<QMAccount>(sPath.c_str()));
     EXPECT_TRUE(document.GetAccount()->Read()) << sPath;
     QMRowTable table;
     QMRegisterModel model(document, table);
+    model.SetPeriodFilter(bPeriodAlone, false);
     EXPECT_TRUE(model.ShowAll());
     for (int32_t lRow = 0; lRow < table.GetRowCount(); ++lRow) {
         decorations.push_back(table.GetDecoration(lRow));

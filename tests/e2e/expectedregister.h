@@ -8,8 +8,8 @@
 struct ExpectedRegister
 {
     // Reads the file, which nobody may have open, and closes it again. The running test fails when
-    // it does not read.
-    explicit ExpectedRegister(const std::string& sPath);
+    // it does not read. All transactions, or those of the account's period.
+    explicit ExpectedRegister(const std::string& sPath, bool bPeriodAlone = false);
 
     // By the lists' rows and columns, the empty one at the end included.
     std::vector<std::vector<std::string>> rows;

@@ -2,6 +2,7 @@
 
 #include <winternl.h>
 
+#include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 #include "tests/e2e/remoteprocess.h"
 
@@ -118,6 +119,68 @@ TEST_F(GuiResourcesTest, DocumentsLeaveNoUserObjects)
 TEST_F(GuiResourcesTest, DocumentsLeaveNoWindows)
 {
     ExpectNoGrowth("windows", [&] { return CountWindows(); });
+}
+
+// ---- Dialogs.
+
+class DialogResourcesTest : public GuiResourcesTest
+{
+protected:
+    // Opens every dialog and box that an account has, and ends them.
+    void RunDialogs() const
+    {
+        const struct
+        {
+            UINT uCommand;
+            const char* szCaption;
+        } aDialogs[] = {{IDM_TRANSACTION_ADD, "Add Transaction"},
+                        {IDM_TRANSACTION_EDIT, "Edit Transaction"},
+                        {IDM_FILE_PASSWORD, "Set Password"}};
+        for (const auto& dialog : aDialogs) {
+            m_program.Post(dialog.uCommand);
+            AwaitDialog(m_program, dialog.szCaption).End(IDCANCEL);
+            m_program.Settle();
+        }
+        m_program.Post(IDM_TRANSACTION_REMOVE);
+        m_program.AnswerQuestion("Are you sure you want to remove this transaction?", {IDYES, IDNO},
+                                 IDNO);
+        m_program.Settle();
+    }
+
+    void ExpectNoGrowthOverDialogs(const char* szWhat, const std::function<int()>& count)
+    {
+        constexpr int nRounds = 12;
+        m_program.Open({MakeAccount("account.qmk", 30)});
+        // The system keeps what it made for the first ones, little by little.
+        for (int i = 0; i < nRounds; ++i) {
+            RunDialogs();
+        }
+        const int nBefore = count();
+        EXPECT_GT(nBefore, 0) << szWhat;
+        for (int i = 0; i < nRounds; ++i) {
+            RunDialogs();
+        }
+        // What a dialog left behind would come with each round.
+        EXPECT_LT(count(), nBefore + nRounds) << szWhat;
+    }
+};
+
+TEST_F(DialogResourcesTest, DialogsLeaveNoGdiObjects)
+{
+    ExpectNoGrowthOverDialogs("GDI objects", [&] { return CountGdi(); });
+}
+
+TEST_F(DialogResourcesTest, DialogsLeaveNoUserObjects)
+{
+    if (IsWine()) {
+        GTEST_SKIP() << "Wine does not count USER objects";
+    }
+    ExpectNoGrowthOverDialogs("USER objects", [&] { return CountUser(); });
+}
+
+TEST_F(DialogResourcesTest, DialogsLeaveNoWindows)
+{
+    ExpectNoGrowthOverDialogs("windows", [&] { return CountWindows(); });
 }
 
 TEST_F(GuiResourcesTest, OpenDocumentsDoCountForSomething)

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 
 namespace {
@@ -149,12 +150,17 @@ TEST_F(RefusalsTest, FileThatCannotBeWrittenIsRefused)
     ExpectUsable();
 }
 
-TEST_F(RefusalsTest, AccountWithAPasswordIsRefusedAndStaysLocked)
+TEST_F(RefusalsTest, AccountWhosePasswordIsNotGivenIsRefusedAndStaysLocked)
 {
     const std::string sPath = MakeAccount(
         "secret.qmk", 3, [](QMAccount& account) { memcpy(account.header.szPassword, "open", 4); });
-    OpenRefused(sPath);
+    m_program.Start({sPath});
+    AwaitDialog(m_program, "Enter Password").End(IDCANCEL);
+    m_program.AnswerBox(Refused(sPath));
+    m_program.AwaitFrame();
+    EXPECT_TRUE(m_program.GetDocuments().empty());
     EXPECT_TRUE(IsLocked(sPath));
+    // It is not asked for again: the file itself does not open any more.
     HandOverRefused(sPath);
     ExpectUsable();
 }
