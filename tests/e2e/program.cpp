@@ -72,6 +72,7 @@ void Program::AwaitFrame()
     if (WaitForInputIdle(GetProcess(), uStateLimit) != 0) {
         FailTest("quillmark.exe does not get to wait for its user");
     }
+    PrepareCalls(GetProcess());
     Settle();
 }
 

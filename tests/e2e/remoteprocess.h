@@ -34,7 +34,12 @@ private:
 // Reads an object at an address of the other program; false when nothing is there.
 bool ReadRemote(HANDLE hProcess, const void* pAddress, void* pBytes, size_t uSize);
 
-// Calls a function of a system library, which lies at the same address in every program, in a new
+// Makes the thread that carries out the calls below in the other program; done by the first of them
+// otherwise. Best while the program is idle: some systems make a thread for another program by
+// interrupting one that it has, whatever that is doing, and then both may stand still.
+void PrepareCalls(HANDLE hProcess);
+
+// Calls a function of a system library, which lies at the same address in every program, in a
 // thread of the other program. At most four arguments.
 UINT_PTR CallRemote(HANDLE hProcess, FARPROC pFunction, UINT_PTR uFirst, UINT_PTR uSecond = 0,
                     UINT_PTR uThird = 0, UINT_PTR uFourth = 0);
