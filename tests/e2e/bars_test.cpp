@@ -297,6 +297,21 @@ TEST_F(BarsTest, ToolbarHasItsButtonsInOrder)
     EXPECT_EQ(nPicture, 19);
 }
 
+TEST_F(BarsTest, StripHasAPictureForEachButton)
+{
+    HMODULE hProgram = LoadLibraryExA((ProgramFolder() + "quillmark.exe").c_str(), nullptr,
+                                      LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(hProgram, nullptr);
+    HANDLE hStrip = LoadImageA(hProgram, MAKEINTRESOURCEA(IDB_TOOLBAR), IMAGE_BITMAP, 0, 0,
+                               LR_CREATEDIBSECTION);
+    BITMAP strip = {};
+    EXPECT_NE(GetObjectA(hStrip, sizeof strip, &strip), 0);
+    EXPECT_EQ(strip.bmWidth, 19 * 16);
+    EXPECT_EQ(strip.bmHeight, 16);
+    DeleteObject(hStrip);
+    FreeLibrary(hProgram);
+}
+
 TEST_F(BarsTest, ButtonsAre24PixelsWideAndHigh)
 {
     m_program.Open();

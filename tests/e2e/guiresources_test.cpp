@@ -96,10 +96,12 @@ protected:
         OpenAndCloseTen(paths);
         const int nBefore = count();
         EXPECT_GT(nBefore, 0) << szWhat;
-        OpenAndCloseTen(paths);
-        EXPECT_EQ(count(), nBefore) << szWhat;
-        OpenAndCloseTen(paths);
-        EXPECT_EQ(count(), nBefore) << szWhat;
+        // A frame that still paints has a few more in its hands.
+        for (int i = 0; i < 2; ++i) {
+            OpenAndCloseTen(paths);
+            Await("no more " + std::string(szWhat) + " than " + std::to_string(nBefore),
+                  [&] { return count() <= nBefore; });
+        }
     }
 };
 

@@ -118,6 +118,40 @@ TEST_F(PlacementTest, NextDocumentIsLikeTheActiveOne)
     EXPECT_TRUE(IsActiveMaximized());
 }
 
+TEST_F(PlacementTest, NextDocumentIsLikeTheLastOneThatWasClosed)
+{
+    m_program.Open({CopySample()});
+    EXPECT_TRUE(IsActiveMaximized());
+    m_program.Post(IDM_FILE_CLOSE);
+    m_program.AwaitActive("");
+    m_program.Settle();
+    EXPECT_EQ(ReadFlags(), 14U);
+    m_program.NewDocument(1);
+    EXPECT_TRUE(IsActiveMaximized());
+    RestoreActive();
+    m_program.Post(IDM_FILE_CLOSE);
+    m_program.AwaitActive("");
+    m_program.Settle();
+    EXPECT_EQ(ReadFlags(), 12U);
+    m_program.NewDocument(2);
+    EXPECT_FALSE(IsActiveMaximized());
+}
+
+TEST_F(PlacementTest, ClosingOneOfTwoMaximizedOnesLeavesTheOtherMaximized)
+{
+    const std::string sFirst = MakeAccount("first.qmk", 1);
+    m_program.Open({sFirst, MakeAccount("second.qmk", 2)});
+    m_program.Post(IDM_FILE_CLOSE);
+    m_program.AwaitActive(sFirst);
+    m_program.Settle();
+    EXPECT_TRUE(IsActiveMaximized());
+    m_program.NewDocument(1);
+    EXPECT_TRUE(IsActiveMaximized());
+    // Some systems activate the other before they maximize it; at its end the flag is right.
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(ReadFlags(), 14U);
+}
+
 TEST_F(PlacementTest, RestoredDocumentIsRememberedBetweenRuns)
 {
     m_program.Open();
