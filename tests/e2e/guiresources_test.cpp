@@ -89,25 +89,25 @@ protected:
     }
 
     // The first round may make what the program keeps, the later ones may not.
-    void ExpectNoGrowth(const char* szWhat, const std::function<int()>& count)
+    void ExpectNoGrowth(const char* szWhat, int nLate, const std::function<int()>& count)
     {
         const std::vector<std::string> paths = MakeTen();
         m_program.Open();
         OpenAndCloseTen(paths);
         const int nBefore = count();
         EXPECT_GT(nBefore, 0) << szWhat;
-        // A frame that still paints has a few more in its hands.
-        for (int i = 0; i < 2; ++i) {
-            OpenAndCloseTen(paths);
-            Await("no more " + std::string(szWhat) + " than " + std::to_string(nBefore),
-                  [&] { return count() <= nBefore; });
-        }
+        // Twenty documents with one object lost each would be twenty more. Some systems make a few
+        // late, at the first caption or scroll bar that they paint, and keep them.
+        OpenAndCloseTen(paths);
+        OpenAndCloseTen(paths);
+        Await("no more " + std::string(szWhat) + " than about " + std::to_string(nBefore),
+              [&] { return count() <= nBefore + nLate; });
     }
 };
 
 TEST_F(GuiResourcesTest, DocumentsLeaveNoGdiObjects)
 {
-    ExpectNoGrowth("GDI objects", [&] { return CountGdi(); });
+    ExpectNoGrowth("GDI objects", 9, [&] { return CountGdi(); });
 }
 
 TEST_F(GuiResourcesTest, DocumentsLeaveNoUserObjects)
@@ -115,12 +115,12 @@ TEST_F(GuiResourcesTest, DocumentsLeaveNoUserObjects)
     if (IsWine()) {
         GTEST_SKIP() << "Wine does not count USER objects";
     }
-    ExpectNoGrowth("USER objects", [&] { return CountUser(); });
+    ExpectNoGrowth("USER objects", 9, [&] { return CountUser(); });
 }
 
 TEST_F(GuiResourcesTest, DocumentsLeaveNoWindows)
 {
-    ExpectNoGrowth("windows", [&] { return CountWindows(); });
+    ExpectNoGrowth("windows", 0, [&] { return CountWindows(); });
 }
 
 // ---- Dialogs.
