@@ -101,6 +101,9 @@ std::string WindowList::ReadCell(int nRow, int nColumn) const
 std::vector<uint32_t> WindowList::ReadData(int nFirst, int nCount) const
 {
     const auto uCount = static_cast<size_t>(nCount);
+    if (uCount == 0) {
+        return {};
+    }
     RemoteMemory memory(m_hProcess, uCount * sizeof(LVITEMA));
     std::vector<LVITEMA> items(uCount);
     for (size_t u = 0; u < uCount; ++u) {
