@@ -16,13 +16,15 @@ constexpr size_t uTextSize = 1024;
 // A message box has its sentence and buttons alone, with the ids that the system gives them.
 bool IsMessageBox(HWND hWnd)
 {
+    constexpr int nSentenceId = 0xFFFF;
+    constexpr int nLastId = 255; // of the system's
     for (HWND hChild : ChildrenOf(hWnd)) {
         const std::string sClass = WindowClass(hChild);
-        if ((sClass != "Static" && sClass != "Button") || GetDlgCtrlID(hChild) > 255) {
-            const bool bSentence = sClass == "Static" && GetDlgCtrlID(hChild) == 0xFFFF;
-            if (!bSentence) {
-                return false;
-            }
+        const int nId = GetDlgCtrlID(hChild);
+        const bool bSentence = sClass == "Static" && nId == nSentenceId;
+        const bool bOfSystem = (sClass == "Static" || sClass == "Button") && nId <= nLastId;
+        if (!bSentence && !bOfSystem) {
+            return false;
         }
     }
     return true;

@@ -298,6 +298,31 @@ TEST_F(OperationsTest, ToggledColumnComesAndGoesWithItsTexts)
     AwaitTitle("days.qmk *");
 }
 
+TEST_F(OperationsTest, LinesOfTheHeaderShowInTheMenuAndFollowIt)
+{
+    OpenAccount(MakeDays(2, [](QMAccount& account) {
+        account.header.bGridLines = 0;
+        account.header.bShadedLines = 0;
+    }));
+    EXPECT_EQ(m_program.GetMenuItem(IDM_VIEW_GRIDLINES), MenuItem::Enabled);
+    EXPECT_EQ(m_program.GetMenuItem(IDM_VIEW_SHADEDLINES), MenuItem::Enabled);
+    Do(IDM_VIEW_GRIDLINES);
+    m_program.AwaitMenuItem(IDM_VIEW_GRIDLINES, MenuItem::Checked);
+    EXPECT_EQ(m_program.GetMenuItem(IDM_VIEW_SHADEDLINES), MenuItem::Enabled);
+    Do(IDM_VIEW_SHADEDLINES);
+    m_program.AwaitMenuItem(IDM_VIEW_SHADEDLINES, MenuItem::Checked);
+    AwaitTitle("days.qmk *");
+}
+
+TEST_F(OperationsTest, TaxWinsOverExpenseInAFileThatHoldsBoth)
+{
+    OpenAccount(MakeDays(1, [](QMAccount& account) {
+        account.store.First();
+        account.store.GetCurrentNode()->lFlags |= QM_TRANS_FLAG_TAX | QM_TRANS_FLAG_EXPENSE;
+    }));
+    EXPECT_EQ(ActiveList().ReadData(0, 1)[0] & (uRowTax | uRowExpense), uRowTax);
+}
+
 TEST_F(OperationsTest, AutoSizeDoesNotMarkTheDocument)
 {
     OpenAccount(MakeDays(3));

@@ -359,6 +359,92 @@ TEST_F(SavingTest, SaveGoesThroughOnceTheProtectionIsGone)
     EXPECT_NE(LinesOfFile(sPath)[2].find("| flags 0 |"), std::string::npos);
 }
 
+// An account in a folder that is taken away while it is open. Where the system does not allow that,
+// there is nothing to test.
+class LostFolderTest : public SavingTest
+{
+protected:
+    void OpenChangedIn()
+    {
+        ASSERT_TRUE(CreateDirectoryA(PathOf("folder").c_str(), nullptr));
+        const std::string sPath = MakeAccount("folder\\changed.qmk", 3);
+        m_sBytes = ReadWholeFile(sPath);
+        OpenAccount(sPath);
+        Do(IDM_TRANSACTION_CLEARED);
+        AwaitTitle("changed.qmk *");
+    }
+
+    bool TakeAway() const
+    {
+        return MoveFileA(PathOf("folder").c_str(), PathOf("elsewhere").c_str()) != 0;
+    }
+    void PutBack() const
+    {
+        EXPECT_TRUE(MoveFileA(PathOf("elsewhere").c_str(), PathOf("folder").c_str()));
+    }
+    std::string BytesElsewhere() const { return ReadWholeFile(PathOf("elsewhere\\changed.qmk")); }
+
+    std::string m_sBytes; // of the account's file before the change
+};
+
+TEST_F(LostFolderTest, SaveAllFailsAndTheDocumentStaysChanged)
+{
+    OpenChangedIn();
+    if (!TakeAway()) {
+        GTEST_SKIP() << "a folder with an open file cannot be taken away";
+    }
+    DoAnswering(IDM_FILE_SAVEALL, Failed("changed.qmk"));
+    EXPECT_EQ(m_program.GetActiveTitle(), "changed.qmk *");
+    EXPECT_EQ(ActiveList().GetRowCount(), 3);
+    PutBack();
+    // Nothing is lost: now it goes through.
+    Do(IDM_FILE_SAVE);
+    EXPECT_EQ(m_program.GetActiveTitle(), "changed.qmk");
+    CloseAnswering("", 0);
+    EXPECT_NE(LinesOfFile(PathOf("folder\\changed.qmk"))[2].find("| flags 0 |"), std::string::npos);
+}
+
+TEST_F(LostFolderTest, SaveAsksForAnotherPlace)
+{
+    OpenChangedIn();
+    if (!TakeAway()) {
+        GTEST_SKIP() << "a folder with an open file cannot be taken away";
+    }
+    m_program.Post(IDM_FILE_SAVE);
+    AwaitFileDialog(m_program, "Save As").Enter(PathOf("rescued.qmk"));
+    AwaitTitle("rescued.qmk");
+    EXPECT_EQ(BytesElsewhere(), m_sBytes);
+    CloseAnswering("", 0);
+    EXPECT_NE(LinesOfFile(PathOf("rescued.qmk"))[2].find("| flags 0 |"), std::string::npos);
+}
+
+TEST_F(LostFolderTest, SaveThatFailsAtTheClosingIsNotTold)
+{
+    OpenChangedIn();
+    if (!TakeAway()) {
+        GTEST_SKIP() << "a folder with an open file cannot be taken away";
+    }
+    CloseAnswering("changed.qmk", IDYES);
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    EXPECT_TRUE(m_program.GetDocuments().empty());
+    EXPECT_EQ(BytesElsewhere(), m_sBytes);
+}
+
+TEST_F(SavingTest, SaveAllGivesANewDocumentAFileOfItsName)
+{
+    char szBefore[MAX_PATH] = "";
+    GetCurrentDirectoryA(sizeof szBefore, szBefore);
+    // The program works where it was started.
+    SetCurrentDirectoryA(PathOf("").c_str());
+    OpenNew();
+    SetCurrentDirectoryA(szBefore);
+    Add({.sDate = "2004-01-01", .sAmount = "1", .sDescription = "kept"});
+    Do(IDM_FILE_SAVEALL);
+    EXPECT_EQ(m_program.GetActiveTitle(), "Untitled1");
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(LinesOfFile(PathOf("Untitled1")).size(), 1U);
+}
+
 TEST_F(SavingTest, MissingFolderIsRefusedByTheDialog)
 {
     const std::string sPath = OpenChanged();
