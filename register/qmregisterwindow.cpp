@@ -45,8 +45,7 @@ void QMRegisterWindow::Document::OnTitleChanged()
 }
 
 QMRegisterWindow::QMRegisterWindow(const QMRegisterOptions& options)
-    : m_options(options),
-      m_document(*this),
+    : m_document(*this),
       m_model(m_document, m_list),
       m_operations(m_document, m_list, m_model, *this)
 {

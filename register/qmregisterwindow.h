@@ -109,7 +109,6 @@ private:
     void FollowFocus();
     void FollowWidths();
 
-    QMRegisterOptions m_options;
     Document m_document;
     QMRegisterList m_list;
     QMRegisterModel m_model;
