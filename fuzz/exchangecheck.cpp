@@ -49,8 +49,10 @@ public:
     void Write(const uint8_t* pBytes, size_t uSize)
     {
         const QMStdioFile pFile(fopen(m_sPath.c_str(), "wb"));
-        Check(pFile != nullptr && fwrite(pBytes, 1, uSize, pFile.get()) == uSize,
-              "the scratch file cannot be written");
+        // An empty input may come without any place.
+        const bool bWritten =
+            pFile != nullptr && (uSize == 0 || fwrite(pBytes, 1, uSize, pFile.get()) == uSize);
+        Check(bWritten, "the scratch file cannot be written");
     }
     const char* GetPath() const { return m_sPath.c_str(); }
 
