@@ -205,6 +205,18 @@ TEST_F(ExportTest, UnsavedChangesAreExported)
 
 // ---- There and back.
 
+// What every format keeps of the transaction that went out in that place; the flags that are left
+// differ.
+void ExpectKept(const QMTransaction& out, const QMTransaction& back, uint32_t uFlags, size_t u)
+{
+    EXPECT_EQ(back.lType, out.lType) << u;
+    EXPECT_TRUE(QMDateIsEqual(back.dtDate, out.dtDate)) << u;
+    EXPECT_EQ(back.fAmount, out.fAmount) << u;
+    EXPECT_EQ(back.lFlags, uFlags) << u;
+    EXPECT_STREQ(back.szMemo, out.szMemo) << u;
+    EXPECT_STREQ(back.szCategory, out.szCategory) << u;
+}
+
 TEST_F(ExportTest, QifKeepsDatesAmountsAndClearedButNoTagsAndNothingVoided)
 {
     const std::string sSource = MakeSource();
@@ -214,13 +226,8 @@ TEST_F(ExportTest, QifKeepsDatesAmountsAndClearedButNoTagsAndNothingVoided)
     for (size_t u = 0; u < back.size(); ++u) {
         const QMTransaction& a = out[u < 6 ? u : u + 1];
         const QMTransaction& b = back[u];
-        EXPECT_EQ(b.lType, a.lType) << u;
-        EXPECT_TRUE(QMDateIsEqual(b.dtDate, a.dtDate)) << u;
+        ExpectKept(a, b, a.lFlags & QM_TRANS_FLAG_NOT_CLEARED, u);
         EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtDate)) << u;
-        EXPECT_EQ(b.fAmount, a.fAmount) << u;
-        EXPECT_EQ(b.lFlags, a.lFlags & QM_TRANS_FLAG_NOT_CLEARED) << u;
-        EXPECT_STREQ(b.szMemo, a.szMemo) << u;
-        EXPECT_STREQ(b.szCategory, a.szCategory) << u;
         EXPECT_EQ(b.lNumber, a.lType == QM_TRANS_CHECK ? a.lNumber : 0) << u;
     }
 }
@@ -232,14 +239,7 @@ TEST_F(ExportTest, CsvKeepsTheTagsToo)
     const std::vector<QMTransaction> back = ThereAndBack(sSource, PathOf("out.csv"), 12, 12);
     ASSERT_EQ(back.size(), 12U);
     for (size_t u = 0; u < back.size(); ++u) {
-        const QMTransaction& a = out[u];
-        const QMTransaction& b = back[u];
-        EXPECT_EQ(b.lType, a.lType) << u;
-        EXPECT_TRUE(QMDateIsEqual(b.dtDate, a.dtDate)) << u;
-        EXPECT_EQ(b.fAmount, a.fAmount) << u;
-        EXPECT_EQ(b.lFlags, a.lFlags) << u;
-        EXPECT_STREQ(b.szMemo, a.szMemo) << u;
-        EXPECT_STREQ(b.szCategory, a.szCategory) << u;
+        ExpectKept(out[u], back[u], out[u].lFlags, u);
     }
 }
 
@@ -252,12 +252,7 @@ TEST_F(ExportTest, XmlKeepsTypesTagsAndTheDateClearedButDescriptionsOfChecksAlon
     for (size_t u = 0; u < back.size(); ++u) {
         const QMTransaction& a = out[u];
         const QMTransaction& b = back[u];
-        EXPECT_EQ(b.lType, a.lType) << u;
-        EXPECT_TRUE(QMDateIsEqual(b.dtDate, a.dtDate)) << u;
-        EXPECT_EQ(b.fAmount, a.fAmount) << u;
-        EXPECT_EQ(b.lFlags, a.lFlags) << u;
-        EXPECT_STREQ(b.szMemo, a.szMemo) << u;
-        EXPECT_STREQ(b.szCategory, a.szCategory) << u;
+        ExpectKept(a, b, a.lFlags, u);
         const bool bCheck = a.lType == QM_TRANS_CHECK;
         EXPECT_STREQ(b.szDescription, bCheck ? a.szDescription : "") << u;
         // The number that a new transaction has.
