@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "account/qmheaderfields.h"
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <ctime>
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 namespace {
 

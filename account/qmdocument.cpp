@@ -3,7 +3,7 @@
 #include <new>
 
 #include "account/qmaccountwriter.h"
-#include "toolkit/vfilesystem.h"
+#include "base/vfilesystem.h"
 
 namespace {
 

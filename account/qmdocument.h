@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "account/qmaccount.h"
-#include "toolkit/vstring.h"
+#include "base/vstring.h"
 
 class QMDocument
 {

@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 QMEditList::~QMEditList()
 {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "toolkit/vlist.h"
-#include "toolkit/vstring.h"
+#include "base/vlist.h"
+#include "base/vstring.h"
 
 // The flag word.
 inline constexpr uint32_t QM_EDIT_ASCENDING = 1; // descending when clear

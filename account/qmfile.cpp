@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 QMFile::QMFile(const char* szFileName) : m_bNameCut(strlen(szFileName) > uMaxNameLength)
 {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "toolkit/vfilesystem.h"
+#include "base/vfilesystem.h"
 
 class QMFile
 {

@@ -5,7 +5,7 @@
 #include <cerrno>
 
 #include "account/qmfile.h"
-#include "toolkit/vfile_posix.h"
+#include "base/vfile_posix.h"
 
 namespace {
 

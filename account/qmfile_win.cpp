@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "toolkit/vfile_win.h"
+#include "base/vfile_win.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "account/qmsystemfont_win.h"
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 QMSystemFont QMDescribeFont(const LOGFONTA& record, int nDotsPerInch)
 {

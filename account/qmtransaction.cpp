@@ -6,8 +6,8 @@
 #include <cstring>
 
 #include "account/qmmoney.h"
-#include "toolkit/vstring.h"
-#include "toolkit/vtext.h"
+#include "base/vstring.h"
+#include "base/vtext.h"
 
 namespace {
 

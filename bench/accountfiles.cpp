@@ -9,8 +9,8 @@
 #include <random>
 #include <vector>
 
+#include "base/vtext.h"
 #include "bench/child.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

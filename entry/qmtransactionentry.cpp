@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "account/qmmoney.h"
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "account/qmtransaction.h"
+#include "base/vstring.h"
 #include "entry/qmtransactiondialogargs.h"
-#include "toolkit/vstring.h"
 
 // The four check boxes, on or off.
 struct QMEntryBoxes

@@ -3,9 +3,9 @@
 
 #include <cstdio>
 
+#include "base/vstring.h"
 #include "exchange/qmexchangeformat.h"
 #include "exchange/qmtokenizer.h"
-#include "toolkit/vstring.h"
 
 // The writer has one layout and quotes nothing: a text with a comma takes two columns. The reader
 // goes by the names in the header row, so that files of other programs can be read.

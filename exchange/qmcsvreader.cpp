@@ -3,9 +3,9 @@
 #include <cstring>
 #include <iterator>
 
+#include "base/vtext.h"
 #include "exchange/qmcsvformat.h"
 #include "exchange/qmreplace.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

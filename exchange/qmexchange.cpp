@@ -2,10 +2,10 @@
 
 #include <cstring>
 
+#include "base/vtext.h"
 #include "exchange/qmcsvformat.h"
 #include "exchange/qmqifformat.h"
 #include "exchange/qmxmlformat.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -34,10 +34,3 @@ bool QMExportTo(FILE* pFile, QMExchangeKind kind, QMTransactionStore& store);
 // Why a store must not be exported in that kind, as a phrase for the end of a sentence; null when
 // it may be.
 const char* QMExportObstacle(QMExchangeKind kind, const QMTransactionStore& store);
-
-// Copies the transactions of one store that carry the mark of the import review into an account's
-// store, which keeps its dates in order, as if Add were called for one after the other, and takes
-// their marks off. Nothing is tested: neither for duplicates nor for values that an entry by hand
-// would be refused for. Returns their count, with the account's cursor on the one added last; below
-// 0, with nothing added, for lack of memory.
-int32_t QMMergeMarked(QMTransactionStore& from, QMTransactionStore& into);

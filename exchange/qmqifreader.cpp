@@ -1,6 +1,6 @@
+#include "base/vtext.h"
 #include "exchange/qmqifformat.h"
 #include "exchange/qmreplace.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Replacing a character in a text, as the exchange formats strip and escape.
 #pragma once
 
-#include "toolkit/vstring.h"
+#include "base/vstring.h"
 
 // Replaces the character by a text wherever it stands. A replacement that itself holds the
 // character takes the place of the first one only, since replacing would find no end otherwise.

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "toolkit/vfilesystem.h"
+#include "base/vfilesystem.h"
 
 struct QMStdioCloser
 {

@@ -5,9 +5,9 @@
 
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
+#include "base/vstring.h"
 #include "exchange/qmtemporaryrecords.h"
 #include "exchange/qmxmlparser.h"
-#include "toolkit/vstring.h"
 
 class QMXmlFormat : public QMXmlParser
 {

@@ -4,9 +4,9 @@
 #include <memory>
 #include <new>
 
+#include "base/vtext.h"
 #include "exchange/qmstdiofile.h"
 #include "exchange/qmxmlformat.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

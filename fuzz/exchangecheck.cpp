@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+#include "account/qmmerge.h"
 #include "exchange/qmexchange.h"
 #include "exchange/qmlinefile.h"
 #include "exchange/qmlinereader.h"

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "account/qmaccountwriter.h"
+#include "base/vtext.h"
 #include "qmktool/toolfile.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "qmktool/toolexchange.h"
+#include "account/qmmerge.h"
 
 #include <cerrno>
 #include <string>

@@ -1,8 +1,8 @@
 // The files that commands read and write: which kind a name means, and why one was not written.
 #pragma once
 
+#include "base/vfilesystem.h"
 #include "exchange/qmexchange.h"
-#include "toolkit/vfilesystem.h"
 
 // Whether the name ends in ".qmk", ignoring case. A dot in a folder's name does not count.
 bool IsAccountName(const char* szFile);

@@ -1,13 +1,14 @@
 #include "register/qmregisterwindow.h"
+#include "account/qmmerge.h"
 
 #include "account/qmsystemfont_win.h"
+#include "base/vtext.h"
 #include "entry/qmtransactiondialog.h"
 #include "exchange/qmexchange.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vmessages.h"
-#include "toolkit/vtext.h"
 #include "tools/qmpassworddialog.h"
 
 namespace {

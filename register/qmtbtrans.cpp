@@ -2,9 +2,9 @@
 
 #include "account/qmaccountdata.h"
 #include "account/qmdate_win.h"
+#include "base/vassert.h"
 #include "register/qmperiod.h"
 #include "resources/resource.h"
-#include "toolkit/vassert.h"
 
 namespace {
 

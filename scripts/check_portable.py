@@ -15,7 +15,7 @@ from pathlib import Path
 
 from compiledsources import REPO, compile_entries, headers_by_object
 
-PORTABLE_FOLDERS = ("account", "qmktool")
+PORTABLE_FOLDERS = ("base", "account", "qmktool")
 POSIX_FOLDERS = ("tests",)
 SUFFIXES = (".h", ".cpp")
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/vtext.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
-#include "toolkit/vtext.h"
 
 QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
 {

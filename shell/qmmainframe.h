@@ -7,9 +7,9 @@
 
 #include "register/qmregisterwindow.h"
 #include "register/qmtbtrans.h"
+#include "settings/qmrecentlist.h"
+#include "settings/qmsettings.h"
 #include "shell/qmbars.h"
-#include "shell/qmrecentlist.h"
-#include "shell/qmsettings.h"
 #include "toolkit/vfiledialog.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vsplashwindow.h"

@@ -1,11 +1,11 @@
 // The frame's roads to an open document - a name, a command line, a new account - and to its file.
 
 #include "account/qmaccountformat.h"
+#include "base/vfilesystem.h"
+#include "base/vstringlist.h"
 #include "resources/resource.h"
 #include "shell/qmmainframe.h"
-#include "toolkit/vfilesystem.h"
 #include "toolkit/vmessages.h"
-#include "toolkit/vstringlist.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <cstdio>
 
+#include "base/vfilesystem.h"
 #include "resources/resource.h"
 #include "shell/qmmainframe.h"
-#include "toolkit/vfilesystem.h"
 
 namespace {
 

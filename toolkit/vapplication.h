@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "toolkit/vstring.h"
+#include "base/vstring.h"
 
 class VWindow;
 

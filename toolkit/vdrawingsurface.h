@@ -6,7 +6,7 @@
 
 #include <windows.h>
 
-#include "toolkit/vrect.h"
+#include "base/vrect.h"
 
 class VDrawingSurface
 {

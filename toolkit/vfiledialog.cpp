@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <new>
 
-#include "toolkit/vfileselection.h"
-#include "toolkit/vfilesystem.h"
-#include "toolkit/vtext.h"
+#include "base/vfileselection.h"
+#include "base/vfilesystem.h"
+#include "base/vtext.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // VFileDialog: the system's dialogs to open a file and to save one.
 #pragma once
 
+#include "base/vstringlist.h"
 #include "toolkit/vcommondialog.h"
-#include "toolkit/vstringlist.h"
 
 class VFileDialog : public VCommonDialog
 {

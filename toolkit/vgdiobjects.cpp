@@ -1,8 +1,8 @@
 #include "toolkit/vgdiobjects.h"
 
+#include "base/vtext.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vdrawingsurface.h"
-#include "toolkit/vtext.h"
 
 bool VBitmap::Attach(HBITMAP hBitmap)
 {

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "toolkit/vstring.h"
+#include "base/vstring.h"
 
 // The platform's headers give this name to a macro of theirs.
 #undef MessageBox

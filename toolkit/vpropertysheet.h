@@ -2,7 +2,7 @@
 // that tells whether it ended by OK.
 #pragma once
 
-#include "toolkit/vlist.h"
+#include "base/vlist.h"
 #include "toolkit/vpropertypage.h"
 
 class VPropertySheet : public VDialog

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "toolkit/vstring.h"
+#include "base/vstring.h"
 
 class VRegKey
 {

@@ -2,9 +2,9 @@
 
 #include <new>
 
+#include "base/vtext.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vdrawingsurface.h"
-#include "toolkit/vtext.h"
 #include "toolkit/vwindowkind.h"
 #include "toolkit/vwindowlist.h"
 

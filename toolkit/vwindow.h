@@ -12,9 +12,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "toolkit/vflagset.h"
-#include "toolkit/vrect.h"
-#include "toolkit/vstring.h"
+#include "base/vflagset.h"
+#include "base/vrect.h"
+#include "base/vstring.h"
 
 class VDrawingSurface;
 class VWindow;

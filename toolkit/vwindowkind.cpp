@@ -1,6 +1,6 @@
 #include "toolkit/vwindowkind.h"
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 #include "toolkit/vwindow.h"
 
 namespace {

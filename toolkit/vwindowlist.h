@@ -1,7 +1,7 @@
 // The live window objects, and the way from a window's handle to its object.
 #pragma once
 
-#include "toolkit/vlist.h"
+#include "base/vlist.h"
 #include "toolkit/vwindow.h"
 
 class VWindowList

@@ -1,8 +1,8 @@
 // The one window procedure: from a message to the object's virtual operations.
 
+#include "base/vtext.h"
 #include "toolkit/vdialog.h"
 #include "toolkit/vdrawingsurface.h"
-#include "toolkit/vtext.h"
 #include "toolkit/vwindow.h"
 #include "toolkit/vwindowlist.h"
 

@@ -1,8 +1,8 @@
 #include "tools/qmpassworddialog.h"
 
+#include "base/vtext.h"
 #include "resources/resource.h"
 #include "toolkit/vmessages.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "tools/qmpasswordrules.h"
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "toolkit/vstring.h"
+#include "base/vstring.h"
 
 // Characters that can be typed.
 inline constexpr int QM_PASSWORD_LENGTH = 15;

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "exchange/qmexchange.h"
-#include "tests/core/account_support.h"
-#include "tests/core/support.h"
+#include "tests/support/account_support.h"
+#include "tests/support/support.h"
 
 // LLVMFuzzerTestOneInput of each fuzzer's source; the build gives it a name of its own.
 extern "C" int FuzzAccountReader(const uint8_t* pBytes, size_t uSize);

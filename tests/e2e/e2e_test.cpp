@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "toolkit/vtext.h"
+#include "base/vtext.h"
 
 namespace {
 

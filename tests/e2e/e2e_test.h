@@ -10,11 +10,11 @@
 
 #include "account/qmaccount.h"
 #include "resources/resource.h"
-#include "tests/core/support.h"
 #include "tests/e2e/program.h"
 #include "tests/e2e/settingsstore.h"
 #include "tests/e2e/wait.h"
 #include "tests/e2e/windowlist.h"
+#include "tests/support/support.h"
 
 class E2ETest : public testing::Test
 {

@@ -7,10 +7,10 @@
 #include <iterator>
 
 #include "account/qmaccount.h"
+#include "base/vtext.h"
 #include "resources/resource.h"
-#include "tests/core/support.h"
 #include "tests/e2e/wait.h"
-#include "toolkit/vtext.h"
+#include "tests/support/support.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "tests/e2e/exchange_test.h"
+#include "account/qmmerge.h"
 
 #include "exchange/qmexchange.h"
 #include "exchange/qmimportreview.h"

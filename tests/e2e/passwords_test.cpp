@@ -1,9 +1,9 @@
 // Accounts with a password: setting it, and opening them.
 
+#include "base/vtext.h"
 #include "tests/e2e/keyboard.h"
 #include "tests/e2e/windowaccess.h"
 #include "tests/e2e/work_test.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include <set>
 
+#include "base/vtext.h"
 #include "register/qmperiod.h"
 #include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 
 #include "entry/qmtransactionentry.h"
 #include "register/qmregisteroperations.h"
-#include "tests/core/register_support.h"
 #include "tests/e2e/expectedregister.h"
 #include "tests/e2e/windowaccess.h"
 #include "tests/e2e/work_test.h"
+#include "tests/support/register_support.h"
 
 namespace {
 

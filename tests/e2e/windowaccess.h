@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "toolkit/vrect.h"
+#include "base/vrect.h"
 
 // Sends with an end: the running test fails when the window does not answer. Pointers in messages
 // above WM_USER must be of the other program's memory.

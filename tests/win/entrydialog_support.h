@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "tests/core/entry_support.h"
+#include "tests/support/entry_support.h"
 #include "tests/win/dialog_support.h"
 
 // Runs the dialog without an owner.

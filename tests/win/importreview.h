@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "exchange/qmimportdialog.h"
-#include "tests/core/support.h"
+#include "tests/support/support.h"
 #include "tests/win/support.h"
 
 using Flags = std::vector<uint32_t>;

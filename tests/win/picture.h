@@ -5,8 +5,8 @@
 
 #include <string>
 
+#include "base/vrect.h"
 #include "toolkit/vgdiobjects.h"
-#include "toolkit/vrect.h"
 
 class VWindow;
 

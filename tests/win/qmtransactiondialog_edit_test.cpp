@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "base/vtext.h"
 #include "resources/resource.h"
 #include "tests/win/entrydialog_support.h"
 #include "tests/win/support.h"
-#include "toolkit/vtext.h"
 
 namespace {
 

@@ -8,12 +8,12 @@
 
 #include <dlgs.h> // needs the former
 
+#include "printing/vpagesetupdialog.h"
+#include "printing/vprintdialog.h"
 #include "tests/win/modaldriver.h"
 #include "tests/win/support.h"
 #include "toolkit/colordialog.h"
 #include "toolkit/fontdialog.h"
-#include "toolkit/vpagesetupdialog.h"
-#include "toolkit/vprintdialog.h"
 
 namespace {
 

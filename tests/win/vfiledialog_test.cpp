@@ -8,9 +8,9 @@
 
 #include <dlgs.h> // needs the former
 
+#include "base/vfilesystem.h"
 #include "tests/win/modaldriver.h"
 #include "tests/win/support.h"
-#include "toolkit/vfilesystem.h"
 
 namespace {
 

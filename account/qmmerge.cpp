@@ -1,0 +1,45 @@
+#include "account/qmmerge.h"
+
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace {
+
+void RemoveLast(QMTransactionStore& store, int32_t lCount)
+{
+    store.Last();
+    for (; lCount > 0; --lCount) {
+        store.Remove();
+    }
+}
+
+} // namespace
+
+int32_t QMMergeMarked(QMTransactionStore& from, QMTransactionStore& into)
+{
+    int32_t lCount = 0;
+    into.Last();
+    from.First();
+    for (bool bMore = !from.IsEmpty(); bMore; bMore = from.Next()) {
+        if (!from.GetCurrentNode()->HasFlag(QM_TRANS_FLAG_IMPORT)) {
+            continue;
+        }
+        from.ClearImportMark();
+        std::unique_ptr<QMTransaction> pCopy(new (std::nothrow)
+                                                 QMTransaction(*from.GetCurrentNode()));
+        if (pCopy == nullptr) {
+            RemoveLast(into, lCount);
+            return -1;
+        }
+        into.InsertBehind(std::move(pCopy));
+        ++lCount;
+    }
+    // Appended first and put in order once: finding each place by itself takes as many steps as
+    // the account is long.
+    if (lCount > 0 && into.Resort(into.GetSortMode()) < 0) {
+        RemoveLast(into, lCount);
+        return -1;
+    }
+    return lCount;
+}

@@ -1,0 +1,34 @@
+#include "base/vfilesystem.h"
+
+const char* VFileFaultText(VFileFault fault)
+{
+    switch (fault) {
+        case VFileFault::None:
+            return "";
+        case VFileFault::NameTooLong:
+            return "the name is too long";
+        case VFileFault::NotFound:
+            return "no such file or folder";
+        case VFileFault::NotAFile:
+            return "not a regular file";
+        case VFileFault::Exists:
+            return "the file exists already";
+        case VFileFault::Locked:
+            return "the file is open in another program";
+        case VFileFault::NoAccess:
+            return "permission denied";
+        case VFileFault::NoRoom:
+            return "not enough room on the volume";
+        case VFileFault::Other:
+            break;
+    }
+    return "the system failed to read or write it";
+}
+
+void VSplitPath(const char* szPath, VString& sFolder, VString& sFileName)
+{
+    const VString sPath(szPath);
+    const auto uFolder = static_cast<uint32_t>(sPath.FindLast(VPathSeparator) + 1);
+    sFolder = sPath.Left(uFolder);
+    sFileName = sPath.Mid(uFolder);
+}

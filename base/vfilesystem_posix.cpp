@@ -1,0 +1,199 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "base/vfile_posix.h"
+#include "base/vfilesystem.h"
+
+const char VPathSeparator = '/';
+
+VFileFault VFaultFromErrno(int nError)
+{
+    switch (nError) {
+        case ENOENT:
+        case ENOTDIR:
+            return VFileFault::NotFound;
+        case EISDIR:
+        case ENXIO:
+            return VFileFault::NotAFile;
+        case EEXIST:
+            return VFileFault::Exists;
+        case EWOULDBLOCK:
+            return VFileFault::Locked;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return VFileFault::NoAccess;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return VFileFault::NoRoom;
+        case ENAMETOOLONG:
+            return VFileFault::NameTooLong;
+        default:
+            return VFileFault::Other;
+    }
+}
+
+VFileFault VPosixFile::Open(const char* szPath, int nFlags, mode_t uMode)
+{
+    // A pipe without a partner must be refused, not waited for.
+    m_nFile = open(szPath, nFlags | O_CLOEXEC | O_NONBLOCK, uMode);
+    return m_nFile < 0 ? VFaultFromErrno(errno) : VFileFault::None;
+}
+
+VFileFault VPosixFile::OpenLocked(const char* szPath, int nFlags, mode_t uMode)
+{
+    VFileFault fault = Open(szPath, nFlags, uMode);
+    struct stat status;
+    if (fault == VFileFault::None && fstat(m_nFile, &status) != 0) {
+        fault = VFileFault::Other;
+    } else if (fault == VFileFault::None && !S_ISREG(status.st_mode)) {
+        fault = VFileFault::NotAFile;
+    } else if (fault == VFileFault::None && flock(m_nFile, LOCK_EX | LOCK_NB) != 0) {
+        fault = VFaultFromErrno(errno);
+    }
+    if (fault != VFileFault::None) {
+        Close();
+    }
+    return fault;
+}
+
+void VPosixFile::Close()
+{
+    if (m_nFile >= 0) {
+        close(m_nFile);
+        m_nFile = -1;
+    }
+}
+
+VFileFault VPosixFile::WriteAll(const void* pBytes, size_t uSize)
+{
+    const char* p = static_cast<const char*>(pBytes);
+    while (uSize > 0) {
+        const ssize_t nWritten = write(m_nFile, p, uSize);
+        if (nWritten < 0 && errno != EINTR) {
+            return VFaultFromErrno(errno);
+        }
+        if (nWritten > 0) {
+            p += nWritten;
+            uSize -= static_cast<size_t>(nWritten);
+        }
+    }
+    return VFileFault::None;
+}
+
+namespace {
+
+VString FolderOf(const char* szPath)
+{
+    VString sFolder;
+    VString sFileName;
+    VSplitPath(szPath, sFolder, sFileName);
+    return sFolder.IsEmpty() ? VString(".") : sFolder;
+}
+
+// Writes the neighbour that is to become the file; nothing of it stays on a fault.
+VFileFault WriteNew(const char* szNew, const void* pBytes, size_t uSize, mode_t uMode)
+{
+    VPosixFile file;
+    VFileFault fault = file.Open(szNew, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (fault != VFileFault::None) {
+        return fault;
+    }
+    fault = file.WriteAll(pBytes, uSize);
+    if (fault == VFileFault::None && uMode != 0 && fchmod(file.Get(), uMode) != 0) {
+        fault = VFaultFromErrno(errno);
+    }
+    if (fault == VFileFault::None && fsync(file.Get()) != 0) {
+        fault = VFaultFromErrno(errno);
+    }
+    if (fault != VFileFault::None) {
+        unlink(szNew);
+    }
+    return fault;
+}
+
+// Gives the finished neighbour its final name, or removes it. link, unlike rename, never takes the
+// place of a file that came up in the meantime.
+VFileFault PutInPlace(const char* szNew, const char* szPath, bool bReplace)
+{
+    const int nResult = bReplace ? rename(szNew, szPath) : link(szNew, szPath);
+    const VFileFault fault = nResult == 0 ? VFileFault::None : VFaultFromErrno(errno);
+    if (!bReplace || fault != VFileFault::None) {
+        unlink(szNew);
+    }
+    return fault;
+}
+
+// The file itself where szPath is a link to it, so that the link stays.
+VString FinalPath(const char* szPath)
+{
+    const std::unique_ptr<char, decltype(&free)> szFinal(realpath(szPath, nullptr), &free);
+    return VString(szFinal == nullptr ? szPath : szFinal.get());
+}
+
+} // namespace
+
+bool FileExists(const char* szPath)
+{
+    struct stat status;
+    return szPath != nullptr && stat(szPath, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+VFileFault VCanReplaceFile(const char* szPath, uint64_t uSize)
+{
+    const VString sFolder = FolderOf(szPath);
+    struct statvfs volume;
+    if (statvfs(sFolder.GetText(), &volume) != 0) {
+        return VFaultFromErrno(errno);
+    }
+    uint64_t uRoom = uint64_t{volume.f_bavail} * volume.f_frsize;
+    struct stat status;
+    if (stat(szPath, &status) == 0) {
+        if (!S_ISREG(status.st_mode)) {
+            return VFileFault::NotAFile;
+        }
+        uRoom += static_cast<uint64_t>(status.st_blocks) * 512;
+        if (access(szPath, W_OK) != 0) {
+            return VFaultFromErrno(errno);
+        }
+    } else if (access(sFolder.GetText(), W_OK | X_OK) != 0) {
+        return VFaultFromErrno(errno);
+    }
+    return uRoom < uSize ? VFileFault::NoRoom : VFileFault::None;
+}
+
+VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace)
+{
+    struct stat status = {};
+    VPosixFile present; // held locked until the new file stands in its place
+    if (stat(szPath, &status) == 0) {
+        if (!S_ISREG(status.st_mode)) {
+            return VFileFault::NotAFile;
+        }
+        if (!bReplace) {
+            return VFileFault::Exists;
+        }
+        const VFileFault fault = present.OpenLocked(szPath, O_RDWR, 0);
+        if (fault != VFileFault::None) {
+            return fault;
+        }
+    }
+    const VString sPath = FinalPath(szPath);
+    VString sNew = sPath;
+    sNew.Append(".new-");
+    sNew.AppendNumber(static_cast<uint32_t>(getpid()));
+    const VFileFault fault = WriteNew(sNew.GetText(), pBytes, uSize, status.st_mode & 07777);
+    if (fault != VFileFault::None) {
+        return fault;
+    }
+    return PutInPlace(sNew.GetText(), sPath.GetText(), bReplace);
+}

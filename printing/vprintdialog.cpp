@@ -1,0 +1,100 @@
+#include "printing/vprintdialog.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace {
+
+WORD ToWord(int n)
+{
+    return static_cast<WORD>(std::clamp(n, 0, 0xFFFF));
+}
+
+// The copies and their order in a device mode, while the memory is locked.
+class LockedCopies
+{
+public:
+    explicit LockedCopies(HGLOBAL hDevMode) : m_hDevMode(hDevMode)
+    {
+        constexpr size_t uNeeded = offsetof(DEVMODEA, dmCollate) + sizeof(DEVMODEA::dmCollate);
+        if (hDevMode != nullptr && GlobalSize(hDevMode) >= uNeeded) {
+            m_pMode = static_cast<DEVMODEA*>(GlobalLock(hDevMode));
+        }
+    }
+    LockedCopies(const LockedCopies&) = delete;
+    LockedCopies& operator=(const LockedCopies&) = delete;
+    ~LockedCopies()
+    {
+        if (m_pMode != nullptr) {
+            GlobalUnlock(m_hDevMode);
+        }
+    }
+
+    // Null when there is no device mode, or one too short for the two fields.
+    DEVMODEA* Get() const { return m_pMode; }
+
+private:
+    HGLOBAL m_hDevMode;
+    DEVMODEA* m_pMode = nullptr;
+};
+
+} // namespace
+
+PRINTDLGA VPrintDialog::MakeRecord(HWND hOwner, DWORD uFlags, bool bSetup)
+{
+    PRINTDLGA record = {};
+    record.lStructSize = sizeof record;
+    record.hwndOwner = hOwner;
+    record.hDevMode = m_hDevMode;
+    record.hDevNames = m_hDevNames;
+    record.nFromPage = ToWord(m_nFirstPage);
+    record.nToPage = ToWord(m_nLastPage);
+    record.nMinPage = ToWord(m_nLowestPage);
+    record.nMaxPage = ToWord(m_nHighestPage);
+    record.nCopies = ToWord(m_nCopies);
+    record.lCustData = HookData();
+    record.lpfnPrintHook = &HookProc<PRINTDLGA>;
+    record.lpfnSetupHook = &HookProc<PRINTDLGA>;
+    record.Flags = uFlags | (bSetup ? PD_PRINTSETUP | PD_ENABLESETUPHOOK : PD_ENABLEPRINTHOOK) |
+                   (m_bCollate ? PD_COLLATE : 0U);
+    const LockedCopies copies(m_hDevMode);
+    if (DEVMODEA* pMode = copies.Get()) {
+        record.Flags |= PD_USEDEVMODECOPIESANDCOLLATE;
+        pMode->dmCopies = static_cast<short>(std::clamp(m_nCopies, 1, 0x7FFF));
+        pMode->dmCollate = static_cast<short>(m_bCollate ? DMCOLLATE_TRUE : DMCOLLATE_FALSE);
+    }
+    return record;
+}
+
+void VPrintDialog::TakeBack(const PRINTDLGA& record)
+{
+    m_hDevMode = record.hDevMode;
+    m_hDevNames = record.hDevNames;
+    if (record.hDC != nullptr) {
+        m_surface.Attach(record.hDC, true);
+    }
+    m_nFirstPage = record.nFromPage;
+    m_nLastPage = record.nToPage;
+    m_nLowestPage = record.nMinPage;
+    m_nHighestPage = record.nMaxPage;
+    m_nCopies = record.nCopies;
+    m_bCollate = (record.Flags & PD_COLLATE) != 0;
+    if ((record.Flags & PD_USEDEVMODECOPIESANDCOLLATE) != 0) {
+        const LockedCopies copies(m_hDevMode);
+        if (const DEVMODEA* pMode = copies.Get()) {
+            m_nCopies = pMode->dmCopies;
+            m_bCollate = pMode->dmCollate == DMCOLLATE_TRUE;
+        }
+    }
+}
+
+bool VPrintDialog::Run(HWND hOwner, DWORD uFlags, bool bSetup)
+{
+    PRINTDLGA record = MakeRecord(hOwner, uFlags, bSetup);
+    OnBeforeShow(record);
+    if (!PrintDlgA(&record)) {
+        return false;
+    }
+    TakeBack(record);
+    return true;
+}
