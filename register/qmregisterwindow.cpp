@@ -1,10 +1,9 @@
 #include "register/qmregisterwindow.h"
-#include "account/qmmerge.h"
 
+#include "account/qmmerge.h"
 #include "account/qmsystemfont_win.h"
 #include "base/vtext.h"
 #include "entry/qmtransactiondialog.h"
-#include "exchange/qmexchange.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdiframewindow.h"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks layout, portability and the rules of .clang-tidy, all of which must hold without exception.
+# Checks layout, portability, which folder includes which, and the rules of .clang-tidy, all of which must hold without exception.
 # Needs a build of preset native. Appends its counts as "PASSED FAILED SKIPPED" to the file COUNTS.
 # Usage: lint.sh [COUNTS]
 set -euo pipefail
@@ -30,6 +30,8 @@ check_format() {
 began=$SECONDS
 check layout check_format
 check portability python3 -B scripts/check_portable.py build/native
+check includes python3 -B scripts/check_includes.py
+check "of the checks" python3 -B -m unittest discover -s tests/scripts
 check clang-tidy python3 -B scripts/tidy.py build/native
 [[ -z ${1:-} ]] || echo "$passed $failed 0" >>"$1"
 echo "lint: $passed passed, $failed failed, 0 skipped ($((SECONDS - began)) s)"

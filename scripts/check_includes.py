@@ -1,0 +1,91 @@
+#!/usr/bin/env python3
+"""Checks which folder includes which. Prints each include that ROOMS does not allow; exit code 1 if
+there is any. An include of the own folder is always allowed.
+
+Usage: check_includes.py [FOLDER]   (without FOLDER: this repository)
+"""
+
+import re
+import sys
+from collections.abc import Iterator
+from pathlib import Path
+
+from compiledsources import REPO
+
+# What each folder may include: the whole architecture. An arrow that is not here is an error, and
+# so is a folder that is not here. "portable" stands for the folders in PORTABLE.
+#
+# The portability check sees to the rest: what qmktool, fuzz, bench and tests/core include of a
+# folder with a Windows half is that folder's portable half.
+PORTABLE = "base account settings entry tools register exchange reports"
+ROOMS = {
+    "base": "",
+    "account": "base",
+    "toolkit": "base",
+    "settings": "base toolkit",
+    "printing": "base toolkit settings",
+    "entry": "base account toolkit resources",
+    "tools": "base account toolkit resources settings",
+    # The window asks for the password of its account by the dialog in tools.
+    "register": "base account toolkit resources entry printing tools",
+    # The review of an import is a register of its own kind.
+    "exchange": "base account toolkit resources register",
+    "reports": "base account toolkit resources printing",
+    "help": "base toolkit resources settings",
+    "shell": f"{PORTABLE} toolkit resources printing help",
+    "resources": "",
+    "qmktool": PORTABLE,
+    "fuzz": PORTABLE,
+    "bench": PORTABLE,
+    "tests/support": PORTABLE,
+    "tests/core": f"{PORTABLE} tests/support",
+    # The program from outside: what it is made of for Windows is not at hand there.
+    "tests/e2e": f"{PORTABLE} tests/support resources",
+    "tests/win": f"{PORTABLE} tests/support resources toolkit printing help shell",
+}
+
+SUFFIXES = (".h", ".cpp", ".rc")
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"')
+
+
+def room_of(path: Path) -> str:
+    """The folder that a file below the root counts to; empty for one that stands in none."""
+    depth = 2 if path.parts[0] == "tests" else 1
+    return "/".join(path.parts[:depth]) if len(path.parts) > depth else ""
+
+
+def sources(root: Path) -> Iterator[Path]:
+    for path in sorted(root.rglob("*")):
+        name = path.relative_to(root)
+        if path.suffix in SUFFIXES and name.parts[0] != "build":
+            yield name
+
+
+def problems_in(root: Path, name: Path) -> Iterator[tuple[int, str]]:
+    room = room_of(name)
+    if room not in ROOMS:
+        # What is compiled into every test program before all else includes nothing of ours.
+        if room or name.parts[0] != "tests":
+            yield 0, f"stands in a folder that {Path(__file__).name} does not know"
+        return
+    allowed = {room, *ROOMS[room].split()}
+    text = (root / name).read_text(encoding="utf-8", errors="replace")
+    for number, line in enumerate(text.splitlines(), 1):
+        match = INCLUDE.match(line)
+        if match and room_of(Path(match[1])) not in allowed:
+            yield number, f"{room} must not include {match[1]}"
+
+
+def findings(root: Path) -> list[str]:
+    return [f"{name}:{number}: {what}"
+            for name in sources(root) for number, what in problems_in(root, name)]
+
+
+def main() -> int:
+    found = findings(Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else REPO)
+    print("\n".join(found), end="\n" if found else "")
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
