@@ -30,6 +30,7 @@ check_format() {
 began=$SECONDS
 check layout check_format
 check portability python3 -B scripts/check_portable.py build/native
+check help python3 -B scripts/check_help.py
 check includes python3 -B scripts/check_includes.py
 check "of the checks" python3 -B -m unittest discover -s tests/scripts
 check clang-tidy python3 -B scripts/tidy.py build/native

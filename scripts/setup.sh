@@ -16,10 +16,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 declare -rA PACKAGES=(
     [run]="g++ cmake ninja-build libexpat1-dev"
     [window]="g++ cmake ninja-build dpkg-dev g++-mingw-w64-x86-64-win32
-              fonts-wine fonts-liberation wine wine64 xvfb imagemagick x11-utils"
+              fonts-wine fonts-liberation wine wine64 xvfb imagemagick x11-utils fp-utils"
     [test]="python3 dpkg-dev googletest clang-format clang-tidy
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
-            fonts-wine fonts-liberation wine wine64 xvfb"
+            fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin"
     [bench]="libbenchmark-dev"
     [fuzz]="clang libclang-rt-14-dev"
     [debootstrap]="debootstrap mount"

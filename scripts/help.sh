@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Compiles the help: its pages with the pictures of docs/images make one file.
+# Usage: help.sh STAGE OUT.chm   (STAGE is a folder that this script empties and fills)
+set -euo pipefail
+
+repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+stage=${1:?usage: help.sh STAGE OUT.chm}
+out=${2:?usage: help.sh STAGE OUT.chm}
+
+rm -rf "$stage"
+mkdir -p "$stage/images"
+cp -r "$repo"/help/html "$repo"/help/quillmark.hh? "$stage"
+cp "$repo"/docs/images/*.png "$stage/images"
+# chmcmd finds the files of a project from the folder that it stands in. It warns of a missing file
+# and goes on; what it made then is taken away.
+if ! log=$(cd "$stage" && chmcmd --no-html-scan quillmark.hhp 2>&1) || [[ $log == *Warning* ]]; then
+    echo "$log" >&2
+    exit 1
+fi
+cp "$stage/quillmark.chm" "$out"
