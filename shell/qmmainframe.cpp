@@ -7,6 +7,15 @@
 #include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
 
+namespace {
+
+bool IsLimited(uint32_t uPeriod)
+{
+    return uPeriod > QM_ACCNT_DISPLAY_ALL && uPeriod <= QM_ACCNT_DISPLAY_DATE_RANGE;
+}
+
+} // namespace
+
 QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
 {
     HINSTANCE hModule = GetApplication().GetResourceModule();
@@ -17,42 +26,6 @@ QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
     RegisterArrangeCommands({IDM_WINDOW_CASCADE, IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL,
                              IDM_WINDOW_PREVIOUS, IDM_WINDOW_NEXT, IDM_FILE_CLOSE,
                              IDM_FILE_CLOSEALL});
-    MakeFilters();
-}
-
-void QMMainFrame::MakeFilters()
-{
-    constexpr struct
-    {
-        VFileDialog QMMainFrame::*pDialog;
-        const char* szDescription;
-        const char* szExtension;
-    } aFilters[] = {
-        {&QMMainFrame::m_openDialog, "Quillmark Files (*.qmk)", "qmk"},
-        {&QMMainFrame::m_openDialog, "All Files (*.*)", "*"},
-        {&QMMainFrame::m_saveDialog, "Quillmark File (*.qmk)", "qmk"},
-        {&QMMainFrame::m_saveDialog, "Quillmark File 1.0 (*.qmk)", "qmk"},
-        {&QMMainFrame::m_saveDialog, "Quillmark File 1.1 (*.qmk)", "qmk"},
-        {&QMMainFrame::m_saveDialog, "Quillmark File 2.0 (*.qmk)", "qmk"},
-        {&QMMainFrame::m_saveDialog, "All Files (*.*)", "*"},
-    };
-    for (const auto& filter : aFilters) {
-        (this->*filter.pDialog).AddFilter(filter.szDescription, filter.szExtension);
-    }
-    constexpr struct
-    {
-        const char* szDescription;
-        const char* szExtension;
-    } aFormats[] = {
-        {"Quicken Interchange Format (*.qif)", "qif"},
-        {"Extensible Markup Language (*.xml)", "xml"},
-        {"Comma Separated Value (*.csv)", "csv"},
-        {"Text File (*.txt)", "txt"},
-    };
-    for (const auto& format : aFormats) {
-        m_importDialog.AddFilter(format.szDescription, format.szExtension);
-        m_exportDialog.AddFilter(format.szDescription, format.szExtension);
-    }
 }
 
 QMMainFrame::~QMMainFrame()
@@ -196,6 +169,33 @@ void QMMainFrame::RestoreBars()
     m_settings.WriteFlags();
 }
 
+bool QMMainFrame::TakePeriod(UINT uId)
+{
+    QMRegisterWindow* pActive = GetActiveRegister();
+    if (pActive == nullptr || m_pPeriodBar == nullptr) {
+        return false;
+    }
+    const auto uPeriod = static_cast<uint32_t>(m_pPeriodBar->GetSelection());
+    QMDate dtFrom;
+    QMDate dtTo;
+    if (uPeriod == QM_ACCNT_DISPLAY_DATE_RANGE && !IsLimited(m_uPreviousPeriod)) {
+        // The range begins as that of all transactions.
+        pActive->SetPeriod(QM_ACCNT_DISPLAY_ALL, dtFrom, dtTo, false);
+        pActive->SetPeriod(QM_ACCNT_DISPLAY_DATE_RANGE, dtFrom, dtTo, true);
+        m_pPeriodBar->SetDates(dtFrom, dtTo);
+    } else if (IsLimited(uPeriod)) {
+        m_pPeriodBar->GetDates(dtFrom, dtTo);
+        pActive->SetPeriod(uPeriod, dtFrom, dtTo, true);
+    } else {
+        pActive->SetPeriod(QM_ACCNT_DISPLAY_ALL, dtFrom, dtTo, true);
+    }
+    if (uId == IDC_TB_PERIOD) {
+        pActive->SetFocus();
+    }
+    m_uPreviousPeriod = uPeriod;
+    return true;
+}
+
 // ---- Messages.
 
 bool QMMainFrame::PreTranslate(MSG& message)
@@ -258,12 +258,7 @@ LRESULT QMMainFrame::OnNotify(UINT uId, NMHDR* pHeader)
 
 void QMMainFrame::ShowTooltip(NMTTDISPINFOA& info)
 {
-    VString sText = ResourceString(static_cast<UINT>(info.hdr.idFrom));
-    const int32_t lLineFeed = sText.Find('\n');
-    if (lLineFeed >= 0) {
-        sText = sText.Mid(static_cast<uint32_t>(lLineFeed) + 1);
-    }
-    VCopyText(info.szText, sText.GetText());
+    VCopyText(info.szText, GetCommandText(static_cast<UINT>(info.hdr.idFrom)).sTooltip.GetText());
     info.lpszText = info.szText;
 }
 
@@ -286,6 +281,13 @@ bool QMMainFrame::OnClose(bool /*bForced*/)
 QMRegisterWindow* QMMainFrame::GetActiveRegister() const
 {
     return static_cast<QMRegisterWindow*>(GetActiveChild());
+}
+
+VString QMMainFrame::TakeUntitledName()
+{
+    VString sName("Untitled");
+    sName.AppendNumber(m_uNextUntitled++);
+    return sName;
 }
 
 void QMMainFrame::OnChildCreated(VMDIChildWindow& child)

@@ -10,7 +10,8 @@
 #include "settings/qmrecentlist.h"
 #include "settings/qmsettings.h"
 #include "shell/qmbars.h"
-#include "toolkit/vfiledialog.h"
+#include "shell/qmcommand.h"
+#include "shell/qmfiledialogs.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vsplashwindow.h"
 
@@ -42,6 +43,8 @@ public:
     // the user gave up counts as done.
     bool ImportFile(const char* szPath, QMRegisterWindow& document);
     bool ExportFile(const char* szPath, QMRegisterWindow& document);
+    // ImportFile, and its failure in a box.
+    void ImportInto(QMRegisterWindow& document, const VString& sPath);
 
     // ---- Recent files.
 
@@ -58,6 +61,23 @@ public:
     // The folder in which the file dialogs start.
     void SetCurrentDirectory(const char* szPath) { m_settings.SetCurrentDirectory(szPath); }
     void SetChildMaximized(bool bMaximized);
+
+    // ---- For the commands' functions.
+
+    QMSettings& GetSettings() { return m_settings; }
+    QMFileDialogs& GetFileDialogs() { return m_fileDialogs; }
+    // Null for none.
+    QMRegisterWindow* GetActiveRegister() const;
+    // In the order of their creation.
+    const std::vector<QMRegisterWindow*>& GetDocuments() const { return m_apChildren; }
+    // "Untitled" with the next number, which is then used up.
+    VString TakeUntitledName();
+    // The register on top shows the period that the Transactions Bar shows; the command is that of
+    // the control that changed. False without a register.
+    bool TakePeriod(UINT uId);
+    // Shows a box with a sentence. TellOf's has a file's name between its two parts.
+    void Tell(const char* szText);
+    void TellOf(const char* szFront, const VString& sName, const char* szBehind);
 
     // ---- Virtual operations.
 
@@ -78,69 +98,25 @@ public:
     void OnChildGone(VMDIChildWindow& child) override;
 
 private:
-    struct Command;
-    static const Command aCommands[];
-    static const Command* FindCommand(UINT uId);
-
     // ---- Coming up.
 
     void ShowSplash();
     void HideSplash();
-    void MakeFilters();
     void MakeToolbar();
     void MakePeriodBar();
     void RestoreBars();
     void OpenFirstDocuments();
     void NotePlace(bool bExtent);
     QMRegisterOptions RegisterOptions() const;
-    QMRegisterWindow* GetActiveRegister() const;
     LRESULT TakeArguments(const COPYDATASTRUCT* pData);
     void ProcessArgument(const char* szArgument);
     void ImportFromArgument(const char* szOrder);
     void ShowTooltip(NMTTDISPINFOA& info);
-    void Tell(const char* szText);
-    // A sentence about a file: its name stands between the two parts.
-    void TellOf(const char* szFront, const VString& sName, const char* szBehind);
 
-    // ---- Commands. The id is that of the command; false is said in the box of the table.
+    // ---- Commands.
 
-    bool IsStopped(const Command& command);
-    bool RunCommand(const Command& command, UINT uId);
-    bool IsEnabled(const Command& command, UINT uId) const;
-    bool NewDocument(UINT uId);
-    bool OpenDocuments(UINT uId);
-    bool SaveDocument(UINT uId);
-    bool SaveDocumentAs(UINT uId);
-    bool SaveAllDocuments(UINT uId);
-    bool ImportTransactions(UINT uId);
-    bool ExportTransactions(UINT uId);
-    bool SetPassword(UINT uId);
-    bool OpenRecentCommand(UINT uId);
-    bool Exit(UINT uId);
-    bool ToggleToolbarBand(UINT uId);
-    bool TogglePeriodBand(UINT uId);
-    bool ToggleStatusBar(UINT uId);
-    bool ToggleGridLines(UINT uId);
-    bool ToggleShadedLines(UINT uId);
-    bool ToggleColumn(UINT uId);
-    bool AddTransaction(UINT uId);
-    bool EditTransactions(UINT uId);
-    bool RemoveTransactions(UINT uId);
-    bool ToggleTag(UINT uId);
-    bool AutoSizeColumns(UINT uId);
-    bool ShowAbout(UINT uId);
-    bool TakePeriod(UINT uId);
-
-    bool IsToolbarShown(UINT uId) const;
-    bool IsPeriodBarShown(UINT uId) const;
-    bool IsStatusBarShown(UINT uId) const;
-    bool HasGridLines(UINT uId) const;
-    bool HasShadedLines(UINT uId) const;
-    bool HasColumn(UINT uId) const;
-
-    bool SaveUnder(QMRegisterWindow& document);
-    bool RunExchangeDialog(VFileDialog& dialog, bool bOpen);
-    void ImportInto(QMRegisterWindow& document, const VString& sPath);
+    void RunCommand(const QMCommand& command, UINT uId);
+    bool IsEnabled(const QMCommand& command, UINT uId) const;
 
     VString m_sArguments;
     QMSettings m_settings;
@@ -154,10 +130,7 @@ private:
     std::unique_ptr<VToolbar> m_pToolbar;
     std::unique_ptr<QMTBTrans> m_pPeriodBar;
     uint32_t m_uPreviousPeriod = 0; // of the Transactions Bar before its last change
-    VFileDialog m_openDialog;
-    VFileDialog m_saveDialog;
-    VFileDialog m_importDialog;
-    VFileDialog m_exportDialog;
+    QMFileDialogs m_fileDialogs;
     VSplashWindow* m_pSplash = nullptr; // live only as long as the user lets it
     UINT m_uClientId = 0;
     UINT m_uFirstChildId = 0;

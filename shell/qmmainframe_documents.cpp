@@ -1,6 +1,5 @@
-// The frame's roads to an open document - a name, a command line, a new account - and to its file.
+// The frame's roads to an open document: a name, a command line, a new account.
 
-#include "account/qmaccountformat.h"
 #include "base/vfilesystem.h"
 #include "base/vstringlist.h"
 #include "resources/resource.h"
@@ -10,31 +9,12 @@
 namespace {
 
 constexpr DWORD uChildStyle = 0x50CF0000;
-constexpr char szExtension[] = "qmk";
-constexpr char szSaveFailed[] = "Failed to save file '";
-constexpr char szEnd[] = "'.";
 
 VString LongName(const VString& sName)
 {
     char szLong[260];
     const DWORD uLength = GetLongPathNameA(sName.GetText(), szLong, sizeof szLong);
     return uLength > 0 && uLength < sizeof szLong ? VString(szLong) : sName;
-}
-
-// By the line of the dialog's type list, from 1 on; 0 keeps the account's version.
-int32_t VersionOfFilter(uint32_t uLine)
-{
-    switch (uLine) {
-        case 1:
-            return 0;
-        case 2:
-            return QM_VERSION_1_0;
-        case 3:
-            return QM_VERSION_1_1;
-        default:
-            // Who picks all files on purpose gets the newest format.
-            return QM_VERSION_2_0;
-    }
 }
 
 bool IsOption(const char* szArgument)
@@ -135,83 +115,4 @@ void QMMainFrame::ImportFromArgument(const char* szOrder)
     if (OpenDocument(szPart == nullptr ? "" : szPart) && GetActiveRegister() != nullptr) {
         ImportInto(*GetActiveRegister(), sImported);
     }
-}
-
-bool QMMainFrame::NewDocument(UINT /*uId*/)
-{
-    VString sName("Untitled");
-    sName.AppendNumber(m_uNextUntitled++);
-    const bool bDone = CreateDocument(sName.GetText(), true);
-    if (!bDone) {
-        Tell("Failed to open new Quillmark file.");
-    }
-    return bDone;
-}
-
-bool QMMainFrame::OpenDocuments(UINT /*uId*/)
-{
-    if (!m_openDialog.Run(GetHandle(), true, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY, "",
-                          m_settings.GetCurrentDirectory().GetText(), szExtension)) {
-        return true;
-    }
-    const VWaitCursor wait;
-    SetCurrentDirectory(m_openDialog.GetDirectory().GetText());
-    VString sPath;
-    while (m_openDialog.NextPath(sPath)) {
-        if (!ActivateIfOpen(sPath.GetText(), true) && !CreateDocument(sPath.GetText(), false)) {
-            TellOf("Failed to open file '", sPath, "'.");
-            return false;
-        }
-    }
-    return true;
-}
-
-// ---- Saving.
-
-bool QMMainFrame::SaveDocument(UINT /*uId*/)
-{
-    QMRegisterWindow& document = *GetActiveRegister();
-    const VString sPath = document.GetFullName();
-    if (!FileExists(sPath.GetText())) {
-        return SaveUnder(document);
-    }
-    const bool bDone = document.GetDocument().Save();
-    if (!bDone) {
-        TellOf(szSaveFailed, sPath, szEnd);
-    }
-    return bDone;
-}
-
-bool QMMainFrame::SaveDocumentAs(UINT /*uId*/)
-{
-    return SaveUnder(*GetActiveRegister());
-}
-
-// A cancelled dialog counts as done.
-bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
-{
-    if (!m_saveDialog.Run(GetHandle(), false, OFN_HIDEREADONLY, document.GetFullName().GetText(),
-                          m_settings.GetCurrentDirectory().GetText(), szExtension)) {
-        return true;
-    }
-    const VWaitCursor wait;
-    SetCurrentDirectory(m_saveDialog.GetDirectory().GetText());
-    const VString& sPath = m_saveDialog.GetPath();
-    if (!document.SaveAs(sPath.GetText(), VersionOfFilter(m_saveDialog.GetFilterIndex()))) {
-        TellOf(szSaveFailed, sPath, szEnd);
-        return false;
-    }
-    AddRecent(sPath.GetText());
-    RebuildRecentMenu();
-    return true;
-}
-
-bool QMMainFrame::SaveAllDocuments(UINT /*uId*/)
-{
-    for (QMRegisterWindow* pChild : m_apChildren) {
-        if (!pChild->IsReadOnly() && !pChild->GetDocument().Save()) {
-            TellOf(szSaveFailed, pChild->GetFileName(), szEnd);
-        }
-    }
-    return true;
 }

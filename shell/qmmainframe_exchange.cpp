@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr char szExtension[] = "qif";
-
 // The result box: what was done, with how many transactions, and the file on a line of its own.
 void ShowResult(HWND hWnd, const char* szSentence, const char* szPath, const char* szCaption)
 {
@@ -77,39 +75,4 @@ void QMMainFrame::ImportInto(QMRegisterWindow& document, const VString& sPath)
     if (!ImportFile(sPath.GetText(), document)) {
         TellOf("Failed to import transactions from file\n'", sPath, "'.");
     }
-}
-
-// False for a cancel.
-bool QMMainFrame::RunExchangeDialog(VFileDialog& dialog, bool bOpen)
-{
-    if (!dialog.Run(GetHandle(), bOpen, OFN_HIDEREADONLY, "",
-                    m_settings.GetCurrentDirectory().GetText(), szExtension)) {
-        return false;
-    }
-    SetCurrentDirectory(dialog.GetDirectory().GetText());
-    return true;
-}
-
-bool QMMainFrame::ImportTransactions(UINT /*uId*/)
-{
-    QMRegisterWindow& document = *GetActiveRegister();
-    if (RunExchangeDialog(m_importDialog, true)) {
-        const VWaitCursor wait;
-        ImportInto(document, m_importDialog.GetPath());
-    }
-    return true;
-}
-
-bool QMMainFrame::ExportTransactions(UINT /*uId*/)
-{
-    QMRegisterWindow& document = *GetActiveRegister();
-    if (!RunExchangeDialog(m_exportDialog, false)) {
-        return true;
-    }
-    const VWaitCursor wait;
-    const VString& sPath = m_exportDialog.GetPath();
-    if (!ExportFile(sPath.GetText(), document)) {
-        TellOf("Failed to export transactions to file\n'", sPath, "'.");
-    }
-    return true;
 }

@@ -95,8 +95,3 @@ bool QMMainFrame::OpenRecent(UINT uCommand)
     RebuildRecentMenu();
     return true;
 }
-
-bool QMMainFrame::OpenRecentCommand(UINT uId)
-{
-    return OpenRecent(uId);
-}

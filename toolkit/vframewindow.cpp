@@ -232,11 +232,7 @@ void VFrameWindow::ShowPrompt(HMENU hMenu, UINT uItem, UINT uFlags)
             }
             sPrompt = szText;
         } else {
-            sPrompt = ResourceString(uItem);
-            const int32_t lLineFeed = sPrompt.Find('\n');
-            if (lLineFeed >= 0) {
-                sPrompt = sPrompt.Left(static_cast<uint32_t>(lLineFeed));
-            }
+            sPrompt = GetCommandText(uItem).sPrompt;
         }
         const int32_t lTab = sPrompt.Find('\t');
         if (lTab >= 0) {

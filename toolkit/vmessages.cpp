@@ -14,6 +14,17 @@ VString ResourceString(UINT uId, HINSTANCE hModule)
     return {szText, nLength > 0 ? static_cast<uint32_t>(nLength) : 0};
 }
 
+VCommandText GetCommandText(UINT uCommand)
+{
+    const VString sText = ResourceString(uCommand);
+    const int32_t lLineFeed = sText.Find('\n');
+    if (lLineFeed < 0) {
+        return {sText, sText};
+    }
+    const auto uLineFeed = static_cast<uint32_t>(lLineFeed);
+    return {sText.Left(uLineFeed), sText.Mid(uLineFeed + 1)};
+}
+
 int MessageBox(HWND hWindow, const char* szText, const char* szCaption, UINT uFlags)
 {
     HWND hFocus = GetFocus();

@@ -12,6 +12,15 @@
 // module is the application's resource module unless given.
 VString ResourceString(UINT uId, HINSTANCE hModule = nullptr);
 
+// What a command's string says: its prompt before the first line feed, its tooltip after it. A
+// string without a line feed is both; a command without a string has neither.
+struct VCommandText
+{
+    VString sPrompt;
+    VString sTooltip;
+};
+VCommandText GetCommandText(UINT uCommand);
+
 // Shows a message box and gives the focus back to the window that had it. Returns the button. The
 // short form has the application's name for a caption.
 int MessageBox(HWND hWindow, const char* szText, const char* szCaption, UINT uFlags);

@@ -37,6 +37,22 @@ TEST(ResourceString, LoadsByItsId)
     EXPECT_EQ(Text(ResourceString(IDS_SHORT, GetModuleHandleA(nullptr))), "A short text");
 }
 
+TEST(CommandText, IsSplitAtItsFirstLineFeed)
+{
+    const VCommandText both = GetCommandText(IDS_PROMPT_AND_TIP);
+    EXPECT_EQ(Text(both.sPrompt), "The prompt");
+    EXPECT_EQ(Text(both.sTooltip), "The tip\nmore");
+}
+
+TEST(CommandText, ServesAsBothWithoutALineFeed)
+{
+    const VCommandText one = GetCommandText(IDS_SHORT);
+    EXPECT_EQ(Text(one.sPrompt), "A short text");
+    EXPECT_EQ(Text(one.sTooltip), "A short text");
+    EXPECT_EQ(Text(GetCommandText(IDS_MISSING).sPrompt), "");
+    EXPECT_EQ(Text(GetCommandText(IDS_MISSING).sTooltip), "");
+}
+
 TEST(ResourceString, IsEmptyForNothing)
 {
     EXPECT_EQ(Text(ResourceString(0)), "");

@@ -1,0 +1,199 @@
+// The commands of the File menu.
+
+#include "base/vfilesystem.h"
+#include "resources/resource.h"
+#include "shell/qmcommand.h"
+#include "shell/qmmainframe.h"
+#include "toolkit/vmessages.h"
+
+namespace {
+
+constexpr char szAccountExtension[] = "qmk";
+constexpr char szExchangeExtension[] = "qif";
+constexpr char szSaveFailed[] = "Failed to save file '";
+constexpr char szEnd[] = "'.";
+
+// ---- New and open.
+
+bool NewDocument(QMCommandContext& context)
+{
+    const VString sName = context.frame.TakeUntitledName();
+    const bool bDone = context.frame.CreateDocument(sName.GetText(), true);
+    if (!bDone) {
+        context.frame.Tell("Failed to open new Quillmark file.");
+    }
+    return bDone;
+}
+
+bool OpenDocuments(QMCommandContext& context)
+{
+    QMMainFrame& frame = context.frame;
+    VFileDialog& dialog = frame.GetFileDialogs().open;
+    if (!dialog.Run(frame.GetHandle(), true, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY, "",
+                    frame.GetSettings().GetCurrentDirectory().GetText(), szAccountExtension)) {
+        return true;
+    }
+    const VWaitCursor wait;
+    frame.SetCurrentDirectory(dialog.GetDirectory().GetText());
+    VString sPath;
+    while (dialog.NextPath(sPath)) {
+        if (!frame.ActivateIfOpen(sPath.GetText(), true) &&
+            !frame.CreateDocument(sPath.GetText(), false)) {
+            frame.TellOf("Failed to open file '", sPath, szEnd);
+            return false;
+        }
+    }
+    return true;
+}
+
+// ---- Save.
+
+// A cancelled dialog counts as done.
+bool SaveUnder(QMMainFrame& frame, QMRegisterWindow& document)
+{
+    VFileDialog& dialog = frame.GetFileDialogs().save;
+    if (!dialog.Run(frame.GetHandle(), false, OFN_HIDEREADONLY, document.GetFullName().GetText(),
+                    frame.GetSettings().GetCurrentDirectory().GetText(), szAccountExtension)) {
+        return true;
+    }
+    const VWaitCursor wait;
+    frame.SetCurrentDirectory(dialog.GetDirectory().GetText());
+    const VString& sPath = dialog.GetPath();
+    if (!document.SaveAs(sPath.GetText(), QMVersionOfFilter(dialog.GetFilterIndex()))) {
+        frame.TellOf(szSaveFailed, sPath, szEnd);
+        return false;
+    }
+    frame.AddRecent(sPath.GetText());
+    frame.RebuildRecentMenu();
+    return true;
+}
+
+bool SaveDocument(QMCommandContext& context)
+{
+    QMRegisterWindow& document = *context.pDocument;
+    const VString sPath = document.GetFullName();
+    if (!FileExists(sPath.GetText())) {
+        return SaveUnder(context.frame, document);
+    }
+    const bool bDone = document.GetDocument().Save();
+    if (!bDone) {
+        context.frame.TellOf(szSaveFailed, sPath, szEnd);
+    }
+    return bDone;
+}
+
+bool SaveDocumentAs(QMCommandContext& context)
+{
+    return SaveUnder(context.frame, *context.pDocument);
+}
+
+bool SaveAllDocuments(QMCommandContext& context)
+{
+    for (QMRegisterWindow* pDocument : context.frame.GetDocuments()) {
+        if (!pDocument->IsReadOnly() && !pDocument->GetDocument().Save()) {
+            context.frame.TellOf(szSaveFailed, pDocument->GetFileName(), szEnd);
+        }
+    }
+    return true;
+}
+
+// ---- Import and export.
+
+// False for a cancel.
+bool RunExchangeDialog(QMMainFrame& frame, VFileDialog& dialog, bool bOpen)
+{
+    if (!dialog.Run(frame.GetHandle(), bOpen, OFN_HIDEREADONLY, "",
+                    frame.GetSettings().GetCurrentDirectory().GetText(), szExchangeExtension)) {
+        return false;
+    }
+    frame.SetCurrentDirectory(dialog.GetDirectory().GetText());
+    return true;
+}
+
+bool ImportTransactions(QMCommandContext& context)
+{
+    VFileDialog& dialog = context.frame.GetFileDialogs().importFrom;
+    if (RunExchangeDialog(context.frame, dialog, true)) {
+        const VWaitCursor wait;
+        context.frame.ImportInto(*context.pDocument, dialog.GetPath());
+    }
+    return true;
+}
+
+bool ExportTransactions(QMCommandContext& context)
+{
+    VFileDialog& dialog = context.frame.GetFileDialogs().exportTo;
+    if (!RunExchangeDialog(context.frame, dialog, false)) {
+        return true;
+    }
+    const VWaitCursor wait;
+    const VString& sPath = dialog.GetPath();
+    if (!context.frame.ExportFile(sPath.GetText(), *context.pDocument)) {
+        context.frame.TellOf("Failed to export transactions to file\n'", sPath, szEnd);
+    }
+    return true;
+}
+
+bool SetPassword(QMCommandContext& context)
+{
+    context.pDocument->SetPassword();
+    return true;
+}
+
+constexpr QMCommand aCommands[] = {
+    {.uFirst = IDM_FILE_NEW, .pRun = NewDocument},
+    {.uFirst = IDM_FILE_OPEN, .pRun = OpenDocuments},
+    // The toolkit's frame closes.
+    {.uFirst = IDM_FILE_CLOSE, .offered = QMOffered::WithDocument},
+    {.uFirst = IDM_FILE_CLOSEALL, .offered = QMOffered::WithDocument},
+    {
+        .uFirst = IDM_FILE_SAVE,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::WritableDocument,
+        .szWhat = "save file",
+        .pRun = SaveDocument,
+    },
+    {
+        .uFirst = IDM_FILE_SAVEAS,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::WritableDocument,
+        .szWhat = "save file",
+        .pRun = SaveDocumentAs,
+    },
+    {.uFirst = IDM_FILE_SAVEALL, .offered = QMOffered::WithDocument, .pRun = SaveAllDocuments},
+    {
+        // Kept: an account in read-only mode takes imports all the same.
+        .uFirst = IDM_FILE_IMPORT,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "import file",
+        .pRun = ImportTransactions,
+    },
+    {
+        .uFirst = IDM_FILE_EXPORT,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "export file",
+        .pRun = ExportTransactions,
+    },
+    {
+        .uFirst = IDM_FILE_PASSWORD,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "set password",
+        .pRun = SetPassword,
+    },
+    {
+        .uFirst = IDM_FILE_RECENT_FIRST,
+        .uLast = IDM_FILE_RECENT_LAST,
+        .pRun = [](QMCommandContext& context) { return context.frame.OpenRecent(context.uId); },
+    },
+    {
+        .uFirst = IDM_FILE_EXIT,
+        .pRun = [](QMCommandContext& context) { return context.frame.OnClose(true); },
+    },
+};
+
+} // namespace
+
+constinit const QMCommandTable fileCommands(aCommands);
