@@ -1,4 +1,5 @@
-// A file descriptor with an owner; for the POSIX halves of the file classes only.
+// VPosixFile: owns a file descriptor and closes it. Only the POSIX halves of the file classes use
+// it.
 #pragma once
 
 #include <sys/types.h>
@@ -7,6 +8,7 @@
 
 #include "base/vfilesystem.h"
 
+// The fault that an error number of errno stands for; Other for an unknown one.
 VFileFault VFaultFromErrno(int nError);
 
 class VPosixFile
@@ -18,13 +20,15 @@ public:
     VPosixFile& operator=(const VPosixFile&) = delete;
     ~VPosixFile() { Close(); }
 
-    // On a fault the object stays closed.
+    // Opens the file as open does, with nFlags and uMode of open. On a fault the object stays
+    // closed.
     VFileFault Open(const char* szPath, int nFlags, mode_t uMode);
-    // As Open, and refuses anything but a regular file that nobody else holds locked.
+    // Opens the file and locks it. Refuses anything but a regular file, and a file that somebody
+    // else holds locked.
     VFileFault OpenLocked(const char* szPath, int nFlags, mode_t uMode);
     void Close();
     int Get() const { return m_nFile; }
-    // Hands the descriptor over to the caller.
+    // Gives the descriptor to the caller, who closes it. The object is closed then.
     int Release()
     {
         const int nFile = m_nFile;
@@ -32,7 +36,8 @@ public:
         return nFile;
     }
 
-    // Goes on until every byte is written.
+    // Writes all uSize bytes, in as many steps as the system needs. On a fault some of them may be
+    // written.
     VFileFault WriteAll(const void* pBytes, size_t uSize);
 
 private:

@@ -1,10 +1,11 @@
-// A file handle with an owner; for the Windows halves of the file classes only.
+// VWinFile: owns a file handle and closes it. Only the Windows halves of the file classes use it.
 #pragma once
 
 #include <windows.h>
 
 #include "base/vfilesystem.h"
 
+// The fault that GetLastError stands for; Other for an unknown one.
 VFileFault VFaultFromLastError();
 
 class VWinFile
@@ -16,11 +17,12 @@ public:
     VWinFile& operator=(const VWinFile&) = delete;
     ~VWinFile() { Close(); }
 
-    // Opens a disk file with no sharing; on a fault the object stays closed.
+    // Opens a file on a disk with no sharing, by CreateFile with uAccess and uDisposition. On a
+    // fault the object stays closed.
     VFileFault Open(const char* szPath, DWORD uAccess, DWORD uDisposition);
     void Close();
     HANDLE Get() const { return m_hFile; }
-    // Hands the handle over to the caller.
+    // Gives the handle to the caller, who closes it. The object is closed then.
     HANDLE Release()
     {
         const HANDLE hFile = m_hFile;
@@ -28,7 +30,8 @@ public:
         return hFile;
     }
 
-    // Goes on until every byte is written.
+    // Writes all uSize bytes, in as many steps as Windows needs. On a fault some of them may be
+    // written.
     VFileFault WriteAll(const void* pBytes, size_t uSize);
 
 private:

@@ -4,7 +4,7 @@
 
 namespace {
 
-// One text of the buffer; moves p behind its zero, or to the end.
+// Takes one text of the buffer and moves p after its zero byte, or to the end when there is none.
 VString TakeText(const char*& p, const char* pEnd)
 {
     const auto uRest = static_cast<size_t>(pEnd - p);

@@ -1,4 +1,4 @@
-// VFileSelection: what the system's file dialog leaves in its buffer after a multiple selection.
+// VFileSelection: reads the buffer that the file dialog of Windows fills.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,17 @@
 
 struct VFileSelection
 {
-    VString sPath;      // of a single file; empty for several
-    VString sDirectory; // of the files, without a backslash at its end
-    VString sNames;     // of the files, with a tab between
+    VString sPath;      // of a single file; empty when the user chose several
+    VString sDirectory; // the folder of several files, without a backslash at its end
+    VString sNames;     // the names of several files, with a tab between them
 
-    // Reads a buffer of uSize bytes: one full path, or a folder and then names, with a zero behind
-    // each and two behind the last. pIsFile tells a file from a folder. False when no file is
-    // named. Nothing is read past the end of the buffer, whatever stands in it.
+    // Reads a buffer of uSize bytes. It holds one full path, or a folder and then the names in it.
+    // Each text ends with a zero byte, and a second zero byte follows the last. pIsFile tells
+    // whether a path is a file or a folder. Returns false when the buffer names no file. The buffer
+    // may hold anything: nothing after its end is read.
     bool Read(const char* pBuffer, size_t uSize, bool (*pIsFile)(const char* szPath));
 
-    // The path of one of the names: in the folder, unless the name has a path of its own.
+    // The full path of one of the names. A name that has a path of its own is returned as it is;
+    // any other is a name in sDirectory.
     static VString Join(const VString& sDirectory, const char* szName);
 };

@@ -1,5 +1,5 @@
-// The little that the program asks of the file system beyond an account's own file. Names are bytes
-// in the system's code page.
+// What the program asks of the file system, apart from the account's own file (QMFile). Names are
+// bytes in the code page of the system.
 #pragma once
 
 #include <cstddef>
@@ -7,38 +7,41 @@
 
 #include "base/vstring.h"
 
-// Why the system refused a file.
+// Why the system refused to open, read or write a file.
 enum class VFileFault
 {
     None,
     NameTooLong,
-    NotFound, // the file or its folder
-    NotAFile, // a folder or a device
+    NotFound, // the file or its folder does not exist
+    NotAFile, // it is a folder, a pipe or a device
     Exists,
-    Locked, // open elsewhere
+    Locked, // another program has it open, or this one has it open already
     NoAccess,
     NoRoom,
     Other,
 };
 
-// A phrase for the end of a sentence, such as "no such file or folder"; empty for None.
+// A phrase that ends a sentence, such as "no such file or folder". Empty for None.
 const char* VFileFaultText(VFileFault fault);
 
-// "\" on Windows, "/" elsewhere.
+// The character between the parts of a path: "\" on Windows, "/" elsewhere.
 extern const char VPathSeparator;
 
 // True for an existing regular file; false for a folder, and for an empty or null path.
 bool FileExists(const char* szPath);
 
-// Splits behind the last separator: the folder keeps it, and is empty when there is none.
+// Splits a path after its last separator. The folder keeps the separator; it is empty when the path
+// has none.
 void VSplitPath(const char* szPath, VString& sFolder, VString& sFileName);
 
-// Tells what would keep a file of uSize bytes from taking the place of szPath, without touching
-// anything: the folder, the permission, the room on the volume (with what the present file gives
-// back counted in).
+// Tests whether a file of uSize bytes could take the place of szPath, without touching anything:
+// whether the folder exists, whether the user may write there, and whether the volume has room. The
+// room that the present file would give back counts as free. Returns the first fault found. None is
+// no promise: the write itself may still fail.
 VFileFault VCanReplaceFile(const char* szPath, uint64_t uSize);
 
-// Writes a whole file so that szPath is never seen half written: the bytes go to a new file beside
-// it, which then takes its name. An existing file is refused unless bReplace is set, one that is
-// open elsewhere always. On a fault nothing is changed.
+// Writes a whole file so that nobody ever sees szPath half written. The bytes go to a new file
+// beside it, and that file then takes the name szPath. A file that exists is refused unless
+// bReplace is set. A file that somebody has open is always refused. On a fault szPath is as it was
+// before.
 VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace);

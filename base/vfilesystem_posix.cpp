@@ -44,7 +44,7 @@ VFileFault VFaultFromErrno(int nError)
 
 VFileFault VPosixFile::Open(const char* szPath, int nFlags, mode_t uMode)
 {
-    // A pipe without a partner must be refused, not waited for.
+    // Opening a pipe whose other end nobody has open would wait for ever. O_NONBLOCK makes it fail.
     m_nFile = open(szPath, nFlags | O_CLOEXEC | O_NONBLOCK, uMode);
     return m_nFile < 0 ? VFaultFromErrno(errno) : VFileFault::None;
 }
@@ -100,7 +100,7 @@ VString FolderOf(const char* szPath)
     return sFolder.IsEmpty() ? VString(".") : sFolder;
 }
 
-// Writes the neighbour that is to become the file; nothing of it stays on a fault.
+// Writes the new file that will take the name. On a fault the new file is removed again.
 VFileFault WriteNew(const char* szNew, const void* pBytes, size_t uSize, mode_t uMode)
 {
     VPosixFile file;
@@ -121,8 +121,8 @@ VFileFault WriteNew(const char* szNew, const void* pBytes, size_t uSize, mode_t 
     return fault;
 }
 
-// Gives the finished neighbour its final name, or removes it. link, unlike rename, never takes the
-// place of a file that came up in the meantime.
+// Gives the finished new file its final name, or removes it on a fault. Without bReplace it uses
+// link: unlike rename, link fails when a file of that name has appeared since it was tested.
 VFileFault PutInPlace(const char* szNew, const char* szPath, bool bReplace)
 {
     const int nResult = bReplace ? rename(szNew, szPath) : link(szNew, szPath);
@@ -133,7 +133,7 @@ VFileFault PutInPlace(const char* szNew, const char* szPath, bool bReplace)
     return fault;
 }
 
-// The file itself where szPath is a link to it, so that the link stays.
+// Follows szPath where it is a symbolic link, so that the file is replaced and the link stays.
 VString FinalPath(const char* szPath)
 {
     const std::unique_ptr<char, decltype(&free)> szFinal(realpath(szPath, nullptr), &free);
@@ -174,7 +174,7 @@ VFileFault VCanReplaceFile(const char* szPath, uint64_t uSize)
 VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace)
 {
     struct stat status = {};
-    VPosixFile present; // held locked until the new file stands in its place
+    VPosixFile present; // locked until the new file has taken its name
     if (stat(szPath, &status) == 0) {
         if (!S_ISREG(status.st_mode)) {
             return VFileFault::NotAFile;

@@ -80,7 +80,8 @@ VFileFault VWinFile::WriteAll(const void* pBytes, size_t uSize)
 
 namespace {
 
-// With drive and folders spelled out; empty when the system cannot tell.
+// The folder of szPath with its drive and all its folders. Empty when Windows cannot tell it, or
+// when it is longer than MAX_PATH.
 VString FolderOf(const char* szPath)
 {
     char szFull[MAX_PATH];
@@ -153,7 +154,8 @@ VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize,
         if (!bReplace) {
             return VFileFault::Exists;
         }
-        // Found out beforehand: a file that is open elsewhere or read-only stays.
+        // MoveFileEx would replace a read-only file or fail late on an open one. Opening the file
+        // first finds both out before anything is written.
         VWinFile present;
         const VFileFault fault = present.Open(szPath, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
         if (fault != VFileFault::None) {

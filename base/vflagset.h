@@ -1,4 +1,4 @@
-// VFlagSet: a word of 32 flags with one saved state.
+// VFlagSet: a word of 32 flags that can note its state once and go back to it.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ public:
     bool Test(uint32_t uMask) const { return (m_uFlags & uMask) != 0; }
     uint32_t Get() const { return m_uFlags; }
 
-    // Save notes the whole word, and Restore goes back to what was noted last (0 at first).
+    // Save notes the whole word. Restore sets the word that was noted last, or 0 when none was.
     void Save() { m_uSaved = m_uFlags; }
     void Restore() { m_uFlags = m_uSaved; }
 

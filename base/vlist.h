@@ -1,4 +1,5 @@
-// VList: a singly linked list through a link that lies in its elements. The list does not own them.
+// VList: a singly linked list. Each element holds the link to the next, in its member pLink. The
+// list does not own its elements. An element can be in one such list at a time.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +19,8 @@ public:
 
     void AddTail(T* pItem) { InsertAfter(m_pTail, pItem); }
 
-    // Behind pPrevious, which is in the list; a null pPrevious makes the item the head.
+    // Inserts the item after pPrevious, which must be in the list. With a null pPrevious the item
+    // becomes the head.
     void InsertAfter(T* pPrevious, T* pItem)
     {
         T*& pSlot = pPrevious == nullptr ? m_pHead : pPrevious->*pLink;
@@ -30,7 +32,7 @@ public:
         ++m_lCount;
     }
 
-    // Unlinks the item; false when it is not in the list.
+    // Unlinks the item. Returns false when it is not in the list.
     bool Remove(T* pItem)
     {
         T* pPrevious = nullptr;

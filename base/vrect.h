@@ -1,4 +1,5 @@
-// VRect: a rectangle in pixels, right and bottom edge not part of it.
+// VRect: a rectangle in pixels, with the origin at the top left. The right and the bottom edge are
+// outside it.
 #pragma once
 
 #include <cstdint>

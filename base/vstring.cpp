@@ -123,7 +123,8 @@ bool VString::AppendBytes(const char* pSource, uint32_t uCount)
     if (uCount == 0) {
         return true;
     }
-    // Growing may move the buffer away from under a source that lies in it.
+    // The source may lie in this buffer, and realloc may move the buffer. So the place is noted as
+    // an offset.
     const bool bInside =
         m_pBuffer != nullptr && pSource >= m_pBuffer && pSource < m_pBuffer + m_uLength;
     const size_t uOffset = bInside ? static_cast<size_t>(pSource - m_pBuffer) : 0;

@@ -11,11 +11,11 @@ public:
     static constexpr uint32_t uNoLimit = 0xFFFFFFFF;
     static constexpr uint32_t uDefaultBlockSize = 64;
 
-    // Set in the status once memory ran out; stays until Clear resets it.
+    // A bit of GetStatus. It is set when memory ran out and stays until Clear resets it.
     static constexpr uint32_t uStatusOutOfMemory = 1;
 
     VString() = default;
-    // A null text counts as empty; at most uMaxLength characters are taken.
+    // Copies at most uMaxLength characters of the text. A null text counts as empty.
     VString(const char* szText, uint32_t uMaxLength = uNoLimit);
     VString(const VString& other);
     VString(VString&& other) noexcept;
@@ -25,45 +25,45 @@ public:
     VString& operator=(VString&& other) noexcept;
     VString& operator=(const char* szText);
 
-    // Assigning and appending answer false when memory ran out; the text is then as it was. The
-    // source may lie inside this text.
+    // Assigning and appending return false when memory ran out. The text is then as it was before.
+    // The source may lie inside this text.
     bool Assign(const char* szText, uint32_t uMaxLength = uNoLimit);
     bool Append(const char* szText, uint32_t uMaxLength = uNoLimit);
     bool Append(const VString& other);
     bool AppendCharacter(char c);
     bool AppendNumber(uint32_t uNumber);
 
-    // Never null; valid until the text changes.
+    // Never null. The pointer is valid until the text changes.
     const char* GetText() const { return m_pBuffer == nullptr ? "" : m_pBuffer; }
     uint32_t GetLength() const { return m_uLength; }
     uint32_t GetCapacity() const { return m_uCapacity; }
     bool IsEmpty() const { return m_uLength == 0; }
     const VFlagSet& GetStatus() const { return m_status; }
 
-    // The step of growth in bytes; 0 stands for the default.
+    // The buffer grows in steps of this many bytes; 0 stands for the default.
     void SetBlockSize(uint32_t uBlockSize) { m_uBlockSize = uBlockSize; }
 
-    // The terminator for an index at or past the end.
+    // The character at uIndex; the terminating zero for an index at or after the end.
     char GetAt(uint32_t uIndex) const { return uIndex < m_uLength ? m_pBuffer[uIndex] : '\0'; }
 
-    // Index of the first or last occurrence; -1 for none.
+    // The index of the first or of the last occurrence; -1 when there is none.
     int32_t Find(char c, bool bMatchCase = true) const;
     int32_t FindLast(char c, bool bMatchCase = true) const;
 
-    // Parts of the text; what lies outside it is left out.
+    // Parts of the text. Characters asked for outside it are left out.
     VString Left(uint32_t uCount) const { return Mid(0, uCount); }
     VString Mid(uint32_t uStart, uint32_t uCount = uNoLimit) const;
     VString Right(uint32_t uCount) const;
 
     int CompareNoCase(const char* szText) const;
 
-    // White space is taken off at both ends, or at one.
+    // Take white space off both ends, off the beginning, or off the end.
     void Trim();
     void TrimLeft();
     void TrimRight();
     void ToLower();
 
-    // Empties the text, keeping the buffer unless bFreeBuffer is set.
+    // Empties the text. The buffer is freed, unless bFreeBuffer is false.
     void Clear(bool bFreeBuffer = true, bool bResetStatus = true);
 
 protected:
@@ -78,7 +78,7 @@ private:
 
     VFlagSet m_status;
     char* m_pBuffer = nullptr;
-    uint32_t m_uLength = 0;   // without the zero
+    uint32_t m_uLength = 0;   // characters, without the terminating zero
     uint32_t m_uCapacity = 0; // bytes allocated
     uint32_t m_uBlockSize = uDefaultBlockSize;
 };

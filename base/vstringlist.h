@@ -1,4 +1,4 @@
-// VStringList: splits a copy of a text at a separator and hands out one token after the other.
+// VStringList: splits a copy of a text at a separator and returns one token after the other.
 #pragma once
 
 #include "base/vstring.h"
@@ -8,8 +8,8 @@ class VStringList
 public:
     VStringList(const char* szText, char cSeparator);
 
-    // The next token, valid until the next call; null behind the last. Two separators in a row
-    // have an empty token between them; a separator at the very end has none behind it.
+    // The next token, valid until the next call; null after the last. Two separators in a row have
+    // an empty token between them. A separator at the very end has no token after it.
     const char* Next();
 
 private:

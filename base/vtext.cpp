@@ -91,14 +91,15 @@ double VParseDouble(const char* szText)
     if (p < pEnd && (*p == '-' || *p == '+')) {
         ++p;
     }
-    // from_chars would take "inf", "nan" and a second sign as well.
+    // from_chars would also read "inf", "nan" and a second minus sign.
     if (p == pEnd || (!VIsDigit(*p) && *p != '.')) {
         return 0;
     }
     double dValue = 0;
     const auto result = std::from_chars(p, pEnd, dValue, std::chars_format::general);
     if (result.ec == std::errc::result_out_of_range) {
-        // The same code stands for too large and for too small; only the run-time library tells.
+        // from_chars gives the same code for a number that is too large and for one that is too
+        // small. strtod tells them apart.
         dValue = strtod(p, nullptr);
     }
     return bNegative ? -dValue : dValue;

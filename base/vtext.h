@@ -1,5 +1,5 @@
-// Comparing and reading plain 8-bit text. Letters are those of ASCII, whatever the locale: account
-// files and exchange files must read the same everywhere.
+// Comparing and reading plain 8-bit text. Only the letters of ASCII have upper and lower case,
+// whatever the locale is: account files and exchange files must read the same on every machine.
 #pragma once
 
 #include <cstddef>
@@ -20,17 +20,18 @@ inline bool VIsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-// Below 0, 0 or above 0 as a sorts before, equal to or behind b, by character code (0 to 255).
+// Compares by character code (0 to 255). Returns a number below 0, 0, or above 0 as the first text
+// sorts before, equal to or after the second.
 int VCompare(const char* szA, const char* szB);
 
-// The same with upper-case letters taken as lower-case ones.
+// The same, with upper-case letters taken as lower-case ones.
 int VCompareNoCase(const char* szA, const char* szB);
 
-// True when szText begins with szPrefix, ignoring case.
+// Whether szText begins with szPrefix, ignoring case.
 bool VBeginsWithNoCase(const char* szText, const char* szPrefix);
 
-// Copies szSource into an array of uSize bytes, cut to uSize - 1 characters, and fills the rest
-// with zeroes. szSource may be null, which empties the array.
+// Copies szSource into an array of uSize bytes. The text is cut to uSize - 1 characters, and the
+// rest of the array is filled with zero bytes. A null szSource empties the array.
 void VCopyText(char* pInto, size_t uSize, const char* szSource);
 
 template <size_t uSize>
@@ -39,12 +40,13 @@ void VCopyText(char (&szInto)[uSize], const char* szSource)
     VCopyText(szInto, uSize, szSource);
 }
 
-// The run-time library's rule for whole numbers: leading white space and one sign are passed over,
-// digits count up to the first other character, none give 0. A number outside the 32-bit range
-// stops at its end of the range. Reading ends at pEnd, or at the terminator when pEnd is null.
+// Reads a whole number as the C library's strtol does: it passes over leading white space and one
+// sign, and stops at the first character that is no digit. Without a digit it returns 0. A number
+// outside the range of 32 bits gives the end of the range. Reading stops at pEnd, or at the
+// terminating zero when pEnd is null.
 int32_t VParseInteger(const char* szText, const char* pEnd = nullptr);
 
-// Reads a decimal number with optional sign, fraction and exponent behind leading white space; 0
-// for a text that begins with none. Words and hexadecimal forms are not numbers here. A number too
-// large for a double gives infinity with its sign.
+// Reads a decimal number with an optional sign, fraction and exponent, after leading white space.
+// Returns 0 for a text that begins with no number. Unlike strtod it reads neither words such as
+// "inf" nor hexadecimal numbers. A number too large for a double gives infinity with its sign.
 double VParseDouble(const char* szText);
