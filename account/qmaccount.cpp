@@ -25,10 +25,12 @@ bool QMAccount::Write()
     if (!Create()) {
         return false;
     }
-    // The file's bytes were made beforehand and go out in one piece, so that the time in which the
-    // old contents are gone is as short as it can be.
+    // All bytes of the file are ready before the file is created anew, and go out by one call. So
+    // the old contents are gone for as short a time as can be.
     QMFile::Write(image.pBytes.get(), image.uSize);
     header.bReserved = 0;
+    // A byte 0xDF comes back from the file as a blank (see qmscramble.h). The header in memory
+    // follows the file.
     QMScramble(&header, sizeof header);
     QMUnscramble(&header, sizeof header);
     if (!store.IsEmpty()) {

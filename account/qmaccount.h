@@ -1,4 +1,4 @@
-// QMAccount: the document behind one register: an account and the file it lives in.
+// QMAccount: an account together with the file that it lives in.
 #pragma once
 
 #include <cstdint>
@@ -10,25 +10,30 @@
 class QMAccount : public QMAccountData, public QMFile
 {
 public:
-    // A new account of format 2.0; its file stays closed.
+    // Makes a new account of format 2.0. The file is not opened.
     explicit QMAccount(const char* szFileName);
 
-    // Opens the file unless it is open, and reads it whole; the file stays open, on failure too.
-    // False when it cannot be opened, is no account file, or is damaged. QMAccountReader, which
-    // does the work, can tell more.
+    // Opens the file, unless it is open, and reads all of it. The file stays open and locked, even
+    // when reading fails. Returns false when the file cannot be opened, is not an account file, or
+    // is damaged. Use QMAccountReader to learn which.
     bool Read();
 
-    // Writes the file anew. False when it is not open, when the version is below 1.0, or when it
-    // cannot be made anew; whatever can be known of that beforehand is tested before the old
-    // contents are touched. From then on the results of writing are not looked at. The header in
-    // memory ends up as reading the file would give it; the store's cursor ends on the last
-    // transaction.
+    // Creates the file anew and writes the account to it. Returns false when the file is not open,
+    // when the version is below 1.0, or when the file cannot be created anew. What can be known of
+    // that is tested before the old contents are touched.
+    //
+    // Kept: after the file was created anew, a failing write still returns true. The old contents
+    // are gone by then, and the account in memory is what the user has left: the caller goes on as
+    // after a save.
+    //
+    // Afterwards the header in memory is what reading the file would give, and the store's cursor
+    // is on the last transaction.
     bool Write();
 
-    // Copies everything but the file; false without memory.
+    // Copies everything but the file. Returns false when memory ran out.
     bool CopyFrom(const QMAccount& other);
 
-    // Sets the format version to 4096, 4352 or 8192; any other value is ignored. Returns the
+    // Sets the format version to 4096, 4352 or 8192, and ignores any other value. Returns the
     // version now in force.
     int32_t SetVersion(int32_t lNewVersion);
 

@@ -53,7 +53,8 @@ void QMSetHeaderFont(QMAccountHeader& header, const QMSystemFont& font)
     VCopyText(header.szFontFace, font.szFace);
     header.lFontStyle = FontStyle(font);
     if (font.nDotsPerInch > 0) {
-        // Rounded to the nearest, halves away from zero; the height of a font is negative.
+        // The height that Windows gives is negative: the height of the characters, without the
+        // space above. lround rounds halves away from zero.
         header.lFontSize = static_cast<int32_t>(
             -std::lround(static_cast<double>(font.nHeight) * nPointsPerInch / font.nDotsPerInch));
     }

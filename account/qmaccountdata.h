@@ -1,4 +1,5 @@
-// QMAccountData: an account's particulars, the saved look of its register, and its transactions.
+// QMAccountData: the particulars of an account, the saved look of its register, and its
+// transactions.
 #pragma once
 
 #include <cstddef>
@@ -21,17 +22,18 @@ inline constexpr uint32_t QM_ACCNT_DISPLAY_CURRENT_MONTH = 2;
 inline constexpr uint32_t QM_ACCNT_DISPLAY_CURRENT_YEAR = 3;
 inline constexpr uint32_t QM_ACCNT_DISPLAY_DATE_RANGE = 4;
 
-// Goes to the file as one block, so its layout is the file's: little-endian, without padding of
-// the compiler's. Texts end with a zero within their array and are filled up with zeroes; widths
-// are pixels; colours are 0x00BBGGRR; flags are 0 or 1.
+// The header block of the account file. It is written as one block, so its layout is that of the
+// file: little-endian, and without padding added by the compiler. Each text ends with a zero byte
+// within its array, and the rest of the array is zero. Widths are pixels, colours are 0x00BBGGRR,
+// flags are 0 or 1.
 struct QMAccountHeader
 {
     char szAccountNumber[32];
     QMDate dtOpened;
-    float fMinimumBalance; // kept and shown only: no balance takes it into account
+    float fMinimumBalance; // stored and shown only; no balance uses it
     uint8_t bReadOnly;
     uint8_t bReserved;
-    char szPassword[16]; // empty for none
+    char szPassword[16]; // empty for an account without a password
     char szBankName[128];
     char szBankAddress[128];
     char szBankCity[64];
@@ -85,28 +87,32 @@ static_assert(offsetof(QMAccountHeader, bGridLines) == 1030);
 static_assert(offsetof(QMAccountHeader, szFontFace) == 1080);
 static_assert(offsetof(QMAccountHeader, dtPeriodTo) == 1248);
 
-// The header of a new account: every column shown but Category, grid lines and shading on, the
-// font fields empty.
+// The header of a new account. Every column but Category is shown, grid lines and shading are on,
+// and the font fields are empty.
 QMAccountHeader QMDefaultHeader();
 
-// Sets the font fields: points from the pixel height, and one style bit at most, the first of bold
-// (a weight of exactly 700), italic, underline and strike-out. What the system could not tell stays
-// as it is.
+// Sets the font fields of the header. The size in points is worked out from the height in pixels. A
+// field that the system could not tell stays as it is.
+//
+// Kept: only one style bit is set, the first that applies of bold (a weight of exactly 700),
+// italic, underline and strike-out.
 void QMSetHeaderFont(QMAccountHeader& header, const QMSystemFont& font);
 
-// Ends every text of the header within its array. Returns how many ran over.
+// Puts a zero byte at the end of every text array of the header that has none. Returns how many had
+// none.
 int32_t QMTerminateHeaderTexts(QMAccountHeader& header);
 
 class QMAccountData
 {
 public:
-    // A new account, with the system's font for its register.
+    // Makes a new account whose register has the font of the system.
     QMAccountData();
     QMAccountData(const QMAccountData&) = delete;
     QMAccountData& operator=(const QMAccountData&) = delete;
     virtual ~QMAccountData() = default;
 
-    // Copies header and transactions; false without memory for the latter.
+    // Copies the header and the transactions. Returns false when there was no memory for the
+    // transactions.
     virtual bool AssignFrom(const QMAccountData& other);
 
     QMAccountHeader header;

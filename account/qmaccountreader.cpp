@@ -87,7 +87,8 @@ bool QMAccountReader::ReadHeader(QMByteReader& reader)
     if (!reader.TakeNumber(uSize)) {
         return Fail(QMReadFault::Truncated);
     }
-    // A shorter header leaves the rest of the account's own as it is.
+    // A header shorter than ours comes from an older program. The fields that it lacks keep the
+    // account's defaults.
     QMAccountHeader header = m_account.header;
     if (uSize > sizeof header) {
         return Fail(QMReadFault::HeaderTooLong);

@@ -1,4 +1,4 @@
-// QMAccountReader: reads an account file and tells what it found.
+// QMAccountReader: reads an account file and reports what it found there.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 enum class QMReadFault
 {
     None,
-    CannotOpen, // the file's own fault tells why
+    CannotOpen, // QMFile::GetFault tells why
     WrongMagic,
     WrongVersion,
     HeaderTooLong,
@@ -19,23 +19,23 @@ enum class QMReadFault
     OutOfMemory,
 };
 
-// A phrase for the end of a sentence; empty for None and CannotOpen.
+// A phrase that ends a sentence, such as "it ends too early". Empty for None and CannotOpen.
 const char* QMReadFaultText(QMReadFault fault);
 
 struct QMReadReport
 {
     QMReadFault fault = QMReadFault::None;
-    int32_t lFaultEntry = -1; // entry of the file, from 0, in which a fault came up
-    int32_t lCount = 0;       // entries that the file announces; none for a negative number
+    int32_t lFaultEntry = -1; // the entry with the fault, counted from 0; -1 for none
+    int32_t lCount = 0; // entries that the file announces; 0 where it announces a negative number
 
-    // What was mended, in how many entries; the file itself is left alone.
-    int32_t lClearedDates = 0; // cleared before the date of the transaction: set to that date
-    int32_t lVoided = 0;       // voided and cleared: set to not cleared
-    int32_t lHeaderTexts = 0;  // header texts without an end: cut to their field
-    int32_t lTexts = 0;        // texts with a zero byte within: cut there
+    // What the reader mended in memory, and in how many entries. The file is not changed.
+    int32_t lClearedDates = 0; // date cleared before the date: set to the date
+    int32_t lVoided = 0;       // voided and yet cleared: set to not cleared
+    int32_t lHeaderTexts = 0;  // header texts without a terminating zero: cut to their field
+    int32_t lTexts = 0;        // texts with a zero byte inside: they end there
 
-    bool bInOrder = true;        // entries stand in date order
-    uint64_t uTrailingBytes = 0; // behind the last entry
+    bool bInOrder = true;        // the entries are in date order
+    uint64_t uTrailingBytes = 0; // bytes after the last entry
 
     bool IsMended() const { return lClearedDates + lVoided + lHeaderTexts + lTexts > 0; }
 };
@@ -45,10 +45,11 @@ class QMAccountReader
 public:
     explicit QMAccountReader(QMAccount& account) : m_account(account) {}
 
-    // As QMAccount::Read. Whatever stops it, the store then holds, in order, what came before.
+    // Does what QMAccount::Read promises. When reading stops at a fault, the store holds the
+    // entries before it, in date order.
     bool Read();
 
-    // The same from bytes that come from elsewhere; the account's file plays no part.
+    // Reads from another source. The account's file is neither opened nor read.
     bool ReadFrom(QMByteSource& source);
 
     const QMReadReport& GetReport() const { return m_report; }

@@ -1,4 +1,4 @@
-// Makes the bytes of an account file.
+// Makes the bytes of an account file in memory.
 #pragma once
 
 #include <cstddef>
@@ -8,12 +8,12 @@
 
 struct QMFileImage
 {
-    std::unique_ptr<unsigned char[]> pBytes; // null when there was no memory
+    std::unique_ptr<unsigned char[]> pBytes; // null when memory ran out
     size_t uSize = 0;
 };
 
-// How many bytes that takes.
+// How many bytes the file of this account takes.
 size_t QMAccountImageSize(const QMAccount& account);
 
-// The whole file in the account's format version. The account is left as it is.
+// Makes the whole file in the account's format version. The account is not changed.
 QMFileImage QMMakeAccountImage(const QMAccount& account);

@@ -1,4 +1,5 @@
-// Where the readers of files take their bytes from, and a buffer before it.
+// QMByteSource: where the reader of an account file takes its bytes from. QMByteReader reads one
+// through a buffer.
 #pragma once
 
 #include <cstddef>
@@ -12,14 +13,15 @@ class QMByteSource
 public:
     virtual ~QMByteSource() = default;
 
-    // Bytes from the beginning to the end; -1 when they cannot be told.
+    // The number of bytes from the beginning to the end; -1 when it is not known.
     virtual int64_t GetSize() = 0;
 
-    // The next bytes; fewer than asked for at the end only, -1 on failure.
+    // Reads the next bytes and returns how many: fewer than uSize at the end only, and -1 on
+    // failure.
     virtual int64_t ReadSome(void* pBuffer, size_t uSize) = 0;
 };
 
-// An open file, which it does not own, from the beginning.
+// Reads an open file from its beginning. The file stays the caller's.
 class QMFileSource : public QMByteSource
 {
 public:
@@ -32,7 +34,7 @@ private:
     bool m_bReady;
 };
 
-// Bytes in memory, which it does not own.
+// Reads bytes in memory. They stay the caller's.
 class QMMemorySource : public QMByteSource
 {
 public:
@@ -46,22 +48,23 @@ private:
     size_t m_uPosition = 0;
 };
 
-// Reads a source through a buffer and knows what is left of it.
+// Reads a source through a buffer, and knows how much of the source is left. A length in a file is
+// compared with that before anything is allocated.
 class QMByteReader
 {
 public:
     explicit QMByteReader(QMByteSource& source);
 
-    // False when there was no memory for the buffer: nothing can be taken then.
+    // Returns false when there was no memory for the buffer. Take then always fails.
     bool HasMemory() const { return m_pBuffer != nullptr; }
 
-    // Bytes not taken yet, as the source's size promised.
+    // How many bytes were not taken yet, by the size that the source gave.
     uint64_t GetRemaining() const { return m_uRemaining; }
 
-    // Takes uSize bytes; false, with the target in no certain state, when there are fewer.
+    // Takes uSize bytes. Returns false when there are fewer; what pInto holds is then not defined.
     bool Take(void* pInto, size_t uSize);
 
-    // Takes one number as it stands.
+    // Takes one little-endian number.
     template <class T>
     bool TakeNumber(T& number)
     {

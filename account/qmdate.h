@@ -3,13 +3,13 @@
 
 #include <cstdint>
 
-// The platform's SYSTEMTIME, and filed as such. Only year (four digits), month (1 to 12) and day
-// (1 to 31) carry meaning: comparisons look at nothing else.
+// A date, laid out as SYSTEMTIME of Windows, and written to files so. Only year (four digits),
+// month (1 to 12) and day (1 to 31) have a meaning. The comparisons look at nothing else.
 struct QMDate
 {
     uint16_t wYear = 0;
     uint16_t wMonth = 0;
-    uint16_t wDayOfWeek = 0; // 0 Sunday to 6 Saturday, where a clock filled it in
+    uint16_t wDayOfWeek = 0; // 0 Sunday to 6 Saturday, if it came from a clock
     uint16_t wDay = 0;
     uint16_t wHour = 0;
     uint16_t wMinute = 0;
@@ -27,7 +27,7 @@ constexpr QMDate QMMakeDate(uint16_t wYear, uint16_t wMonth, uint16_t wDay)
     return date;
 }
 
-// Year, month and day as one number that sorts as the dates do.
+// Year, month and day as one number. Numbers made so sort as the dates do.
 inline constexpr uint64_t QM_DATE_KEY_MAX = 0xFFFFFFFFFFFF;
 constexpr uint64_t QMDateKey(const QMDate& date)
 {
@@ -54,26 +54,30 @@ constexpr bool QMDateIsBeforeOrEqual(const QMDate& a, const QMDate& b)
 {
     return !QMDateIsAfter(a, b);
 }
-// Both ends belong to the range.
+// Whether the date is in the range. Both ends belong to the range.
 constexpr bool QMDateIsInRange(const QMDate& date, const QMDate& from, const QMDate& to)
 {
     return QMDateIsAfterOrEqual(date, from) && QMDateIsBeforeOrEqual(date, to);
 }
 
-// What QMCheckDate finds, as bits.
+// The bits that QMCheckDate returns.
 inline constexpr uint32_t QM_DATE_FAULT_DAY = 1;
-inline constexpr uint32_t QM_DATE_FAULT_MONTH = 2; // the day is then not tested
+inline constexpr uint32_t QM_DATE_FAULT_MONTH = 2; // the day is not tested then
 inline constexpr uint32_t QM_DATE_FAULT_YEAR = 4;
 
-// Tests month, day and year (1752 to 3000); 29 February is right in every year. 0 for a good date.
+// Tests the month, the day of that month, and the year (1752 to 3000). Returns 0 for a good date.
+//
+// Kept: 29 February is a good date in every year. Account files hold such dates, and a register
+// must go on showing them.
 uint32_t QMCheckDate(const QMDate& date);
 
-// Reads month, day and year from a text such as 3/14/2004. The separator is the first of "/", "-"
-// and "." that the text holds, tried in that order; month, day and year are the numbers in front
-// of its first occurrence, between first and last, and behind the last. With one occurrence the
-// number behind it is both day and year. No range is tested and no century added; a number that
-// the field cannot hold reads as 65535. An empty or null text, or one without a separator, leaves
-// the date as it is.
+// Reads month, day and year from a text such as 3/14/2004. The separator is "/" if the text holds
+// one, else "-", else ".". The month is the number before the first separator, the day is the one
+// after it, and the year is the one after the last separator. No range is tested and no century is
+// added. A number that the field cannot hold reads as 65535. An empty or null text, or one without
+// a separator, leaves the date as it is.
+//
+// Kept: in a text with one separator, the number after it is both the day and the year.
 void QMParseDate(const char* szText, QMDate& date);
 
 // Today by the local clock, with the day of the week.

@@ -1,4 +1,4 @@
-// Between the program's dates and the platform's.
+// Converts between the program's dates and SYSTEMTIME. The two have the same layout.
 #pragma once
 
 #include <windows.h>

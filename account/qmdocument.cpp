@@ -12,8 +12,8 @@ std::unique_ptr<QMAccount> MakeAccount(const char* szFullName)
     return std::unique_ptr<QMAccount>(new (std::nothrow) QMAccount(szFullName));
 }
 
-// A copy of the account under another name, in a file of its own that is closed again. A file that
-// has that name already is left alone when it can be known that the copy will not go through.
+// Writes a copy of the account under another name and closes that file again. A file of that name
+// is not touched when it is known beforehand that the copy cannot be written.
 bool WriteCopy(const QMAccount& account, const char* szFullName, int32_t lVersion)
 {
     const auto pCopy = MakeAccount(szFullName);

@@ -1,5 +1,5 @@
-// QMDocument: an account that is being worked on: where it lives, whether it has unsaved changes,
-// and the ways to save it.
+// QMDocument: an account that the user works on. It knows the account's folder and file name and
+// whether there are unsaved changes, and it saves the account.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +16,8 @@ public:
     QMDocument& operator=(const QMDocument&) = delete;
     virtual ~QMDocument() = default;
 
-    // Takes an account over; folder and file name come from its file's name. The document counts
-    // as not modified.
+    // Takes an account over. Its file's name gives the folder and the file name. The document is
+    // not modified afterwards.
     void SetAccount(std::unique_ptr<QMAccount> pAccount);
 
     // Null before SetAccount.
@@ -25,40 +25,41 @@ public:
     const QMAccount* GetAccount() const { return m_pAccount.get(); }
 
     const VString& GetFileName() const { return m_sFileName; }
-    // With its trailing separator; empty for an account that was never saved.
+    // The folder, with a separator at its end. Empty for an account that was never saved.
     const VString& GetFolder() const { return m_sFolder; }
     VString GetFullName() const;
 
-    // The bare file name, with " *" behind it while there are unsaved changes.
+    // The file name without its folder. " *" follows it while there are unsaved changes.
     VString GetTitle() const;
 
     bool IsModified() const { return m_bModified; }
     void MarkModified();
     void ClearModified();
 
-    // The header, null without an account; bMarkModified first marks the document modified.
+    // The header; null without an account. bMarkModified marks the document as modified first.
     QMAccountHeader* GetHeader(bool bMarkModified);
-    // Whether the user protected the account; false without one.
+    // Whether the user has made the account read-only; false without an account. This is a mark in
+    // the header. It has nothing to do with the file's own permissions.
     bool IsReadOnly() const;
     void GetPeriod(uint32_t& uSelection, QMDate& dtFrom, QMDate& dtTo) const;
 
-    // Copies for those who must not work on the account itself; false, or a count of -1, without
-    // an account or memory.
+    // Copy the account, or its transactions alone, for a report, an export or a printout. Return
+    // false, or a count of -1, when there is no account or memory ran out.
     bool CopyAccount(QMAccountData& into) const;
     int32_t GetTransactions(QMTransactionStore& into) const;
 
-    // Writes the account's file, made if it does not exist; an older format becomes 2.0. On false
-    // the document is modified as before.
+    // Writes the account to its file, and creates the file if it does not exist. An account of an
+    // older format becomes one of format 2.0. On false the document is as modified as before.
     bool Save();
 
-    // Writes the account under another name, in the format of that version word if it is a known
-    // one, and goes on with what was written, read back: a format without categories drops them
-    // here too. On false, file, name and account are as before. The present file cannot be named:
-    // it is open.
+    // Writes the account under another name, in the format version lVersion if that is a known one.
+    // The document then goes on with what was written, read back: a format without categories drops
+    // them here too. On false the file, the name and the account are as before. The file that the
+    // document has open cannot be named: it is locked.
     bool SaveAs(const char* szFullName, int32_t lVersion);
 
 protected:
-    // The title, or the modified state it shows, was set.
+    // Called when the title may have changed: the name was set, or the modified state was set.
     virtual void OnTitleChanged() {}
 
 private:

@@ -1,4 +1,4 @@
-// QMEditList: a small ordered list of texts, such as earlier entries to choose from.
+// QMEditList: a small ordered list of texts, such as earlier descriptions to choose from.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,15 @@
 #include "base/vlist.h"
 #include "base/vstring.h"
 
-// The flag word.
+// Bits of the flag word.
 inline constexpr uint32_t QM_EDIT_ASCENDING = 1; // descending when clear
 inline constexpr uint32_t QM_EDIT_UNIQUE = 4;
-inline constexpr uint32_t QM_EDIT_EXACT = 8;     // case counts in every comparison
-inline constexpr uint32_t QM_EDIT_UNSORTED = 16; // new items go to the tail; sorting bit ignored
+inline constexpr uint32_t QM_EDIT_EXACT = 8; // comparisons tell upper case from lower case
+inline constexpr uint32_t QM_EDIT_UNSORTED =
+    16; // a new item goes to the tail; QM_EDIT_ASCENDING is ignored
 
-// The registers' two ways: in alphabetical order, or in the order of arrival.
+// The two orders in which a register offers earlier texts: alphabetical, or the order in which they
+// were added.
 inline constexpr uint32_t QM_EDIT_ALPHABETICAL = QM_EDIT_ASCENDING | QM_EDIT_UNIQUE;
 inline constexpr uint32_t QM_EDIT_BY_ARRIVAL = QM_EDIT_UNIQUE | QM_EDIT_UNSORTED;
 
@@ -34,23 +36,25 @@ public:
 
     void SetFlags(uint32_t uFlags) { m_uFlags = uFlags; }
 
-    // Makes an item of the text and puts it in its place. Returns it, owned by the list; null for a
-    // null text, a duplicate that the flags refuse, or lack of memory.
+    // Makes an item of the text and puts it in its place. Returns the item, which the list owns;
+    // null for a null text, for a duplicate when QM_EDIT_UNIQUE is set, and when memory ran out.
     QMEditItem* Add(const char* szText);
 
-    // Puts an item in its place and owns it from then on; false when it is refused as a duplicate,
-    // and the item stays the caller's. An empty text goes to the head, and others stop in front of
-    // one that is there.
+    // Puts an item in its place, and the list then owns it. Returns false when it is refused as a
+    // duplicate; the item is still the caller's then.
+    //
+    // Kept: in a sorted list an empty text goes to the head. An item that is added later stops
+    // before an empty text and so may come out of order.
     bool Insert(QMEditItem* pItem);
 
-    // The first item of that text; null for none.
+    // The first item with that text; null when there is none.
     QMEditItem* Find(const char* szText) const;
 
     QMEditItem* First() const { return m_items.GetHead(); }
     static QMEditItem* Next(const QMEditItem* pItem) { return pItem->pNext; }
     int32_t GetCount() const { return m_items.GetCount(); }
 
-    // Unlinks the item and, with bDestroy, deletes it; without, it is the caller's again.
+    // Unlinks the item. With bDestroy the item is deleted, otherwise the caller owns it again.
     void Remove(QMEditItem* pItem, bool bDestroy);
 
 private:

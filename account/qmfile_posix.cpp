@@ -19,7 +19,8 @@ VFileFault OpenDescriptor(const char* szFileName, int nFlags, intptr_t& hFile)
 
 VFileFault CreateDescriptor(const char* szFileName, intptr_t& hFile)
 {
-    // Emptied only once it is locked: a file that another program holds must stay as it is.
+    // O_TRUNC would empty the file before it is locked. A file that another program holds must stay
+    // as it is.
     const VFileFault fault = OpenDescriptor(szFileName, O_RDWR | O_CREAT, hFile);
     if (fault != VFileFault::None) {
         return fault;

@@ -1,6 +1,6 @@
 #include "account/qmheaderfields.h"
 
-// The compiler knows where a field lies and how long it is; only its kind must be said.
+// The compiler works out the offset and the size of a field. Only its kind is stated.
 #define FIELD(kind, name)                                                                         \
     {                                                                                             \
 #name, QMHeaderKind::kind, offsetof(QMAccountHeader, name), sizeof(QMAccountHeader::name) \

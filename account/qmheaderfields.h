@@ -1,4 +1,4 @@
-// The fields of an account's header by name, for all who treat them alike.
+// A table of the header's fields by name, for code that treats all fields alike.
 #pragma once
 
 #include <cstddef>
@@ -22,8 +22,8 @@ struct QMHeaderField
     const char* szName;
     QMHeaderKind kind;
     size_t uOffset;
-    size_t uSize; // bytes, a text's terminator included
+    size_t uSize; // in bytes; the terminating zero of a text included
 };
 
-// In the order of the file; reserved bytes are left out.
+// The fields in the order of the file. Reserved bytes are not in the table.
 std::span<const QMHeaderField> QMHeaderFields();

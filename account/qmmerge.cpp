@@ -35,8 +35,8 @@ int32_t QMMergeMarked(QMTransactionStore& from, QMTransactionStore& into)
         into.InsertBehind(std::move(pCopy));
         ++lCount;
     }
-    // Appended first and put in order once: finding each place by itself takes as many steps as
-    // the account is long.
+    // All are appended first and then sorted once. Add would search the place of each, which takes
+    // as many steps as the account is long.
     if (lCount > 0 && into.Resort(into.GetSortMode()) < 0) {
         RemoveLast(into, lCount);
         return -1;

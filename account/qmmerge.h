@@ -1,13 +1,13 @@
-// The merge of an import into an account: it touches the two stores and nothing else.
+// Merges an import into an account. It touches the two stores and nothing else.
 #pragma once
 
 #include <cstdint>
 
 #include "account/qmtransactionstore.h"
 
-// Copies the transactions of one store that carry the mark of the import review into an account's
-// store, which keeps its dates in order, as if Add were called for one after the other, and takes
-// their marks off. Nothing is tested: neither for duplicates nor for values that an entry by hand
-// would be refused for. Returns their count, with the account's cursor on the one added last; below
-// 0, with nothing added, for lack of memory.
+// Copies the marked transactions of one store into the store of an account. The import review marks
+// them with QM_TRANS_FLAG_IMPORT; the marks are taken off. The result is the same as calling Add
+// for each in turn. Nothing is tested: duplicates come in, and so do values that the entry dialog
+// would refuse. Returns how many were copied, with the account's cursor on the last of them. When
+// memory runs out it returns a number below 0 and adds nothing.
 int32_t QMMergeMarked(QMTransactionStore& from, QMTransactionStore& into);

@@ -8,11 +8,11 @@
 
 namespace {
 
-// From here on every double is a whole number.
+// Every double from this one on is a whole number.
 constexpr double dWhole = 4503599627370496.0; // 2^52
 
-// Nearest whole number, halves to the even one, with the sign of the operand. Adding and taking off
-// 2^52 leaves no room for a fraction in between, so the unit's own rounding does the work.
+// Rounds to the nearest whole number, and a half to the even one. The sign stays. A sum with 2^52
+// has no bits left for a fraction, so the addition itself rounds.
 double RoundHalfEven(double dValue)
 {
     const double dMagnitude = std::fabs(dValue);
@@ -22,10 +22,11 @@ double RoundHalfEven(double dValue)
     return std::copysign((dMagnitude + dWhole) - dWhole, dValue);
 }
 
-// The cents of dValue as "%.2f" would print them; false when that takes the long way.
+// The cents of dValue as "%.2f" prints them. Returns false when only printf can tell.
 bool FindCents(double dValue, uint64_t& uCents)
 {
-    // Below this the product is off by less than 2^-11, far inside the margin kept around a half.
+    // Below this limit the product is off by less than 2^-11. The margin around a half is far wider
+    // than that.
     constexpr double dLimit = 1e12;
     constexpr double dMargin = 0.499;
     const double dProduct = std::fabs(dValue) * 100;
@@ -41,8 +42,9 @@ bool FindCents(double dValue, uint64_t& uCents)
 
 double QMRoundToCents(float fAmount)
 {
-    // 24 bits of a float times the 7 bits of 100 fit a double, so the product is exact, and so is
-    // the rounding; the division then gives the double nearest to the cents, as parsing would.
+    // A float has 24 bits and 100 has 7, so their product fits into a double exactly. The rounding
+    // is exact too. The division then gives the double nearest to the cents, which is what reading
+    // the printed text gives.
     return RoundHalfEven(static_cast<double>(fAmount) * 100) / 100;
 }
 

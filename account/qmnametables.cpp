@@ -12,7 +12,7 @@ struct TypeEntry
     QMSide side;
 };
 
-// By QMTransactionType.
+// The types, indexed by QMTransactionType.
 constexpr TypeEntry aTypes[QM_TRANS_TYPE_COUNT] = {
     {"Check", QMSide::Debit},
     {"Deposit", QMSide::Credit},
@@ -57,8 +57,8 @@ constexpr NameEntry aTypeNames[] = {
     {"interest", QM_TRANS_INTEREST_PAID},
 };
 
-// "Date" stands first and so takes "Date Cleared" too: that role is never found. Files written for
-// this program rely on it, so the order stays.
+// Kept: "Date" comes first and so also matches "Date Cleared", whose role is therefore never
+// returned. Files written for this program rely on that. Do not reorder the table.
 constexpr NameEntry aFieldNames[] = {
     {"Date", QM_ROLE_DATE},
     {"Number", QM_ROLE_NUMBER},

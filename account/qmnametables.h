@@ -1,5 +1,5 @@
-// The names that transactions, files and columns go by: one table of the twelve types, and the two
-// tables by which texts from outside are told apart.
+// The names of transaction types and of columns in files: a table of the twelve types, and two
+// tables by which texts in exchange files are recognised.
 #pragma once
 
 #include <cstdint>
@@ -28,13 +28,13 @@ enum class QMSide
     Credit
 };
 
-// A type's label, such as "Direct Deposit"; null for a value outside the table.
+// The label of a type, such as "Direct Deposit"; null for an unknown type.
 const char* QMTypeLabel(int32_t lType);
 
-// The side of the register on which a type falls; None for a value outside the table.
+// The side of the register on which a type stands; None for an unknown type.
 QMSide QMTypeSide(int32_t lType);
 
-// What a heading of an exchange file stands for.
+// What a column heading, or an XML element, of an exchange file stands for.
 enum QMFieldRole : int32_t
 {
     QM_ROLE_DATE = 0,
@@ -53,7 +53,7 @@ enum QMFieldRole : int32_t
     QM_ROLE_DATE_CLEARED = 13,
 };
 
-// The QMTransactionType or QMFieldRole of the first entry with which the text begins, ignoring
-// case; -1 for none and for a null text.
+// Find the first entry of the table with which the text begins, ignoring case. Return its
+// QMTransactionType or its QMFieldRole; -1 when there is none, and for a null text.
 int32_t LookupTypeName(const char* szText);
 int32_t LookupFieldName(const char* szText);

@@ -1,10 +1,10 @@
-// QMNodeList: a doubly linked list that owns its nodes and has one cursor in it.
+// QMNodeList: a doubly linked list that owns its nodes and has one cursor.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 
-// Anything that can stand in a QMNodeList. Copying the object copies no links.
+// The base of everything that can be in a QMNodeList. Copying such an object copies no links.
 class QMListNode
 {
 public:
@@ -14,7 +14,8 @@ public:
     QMListNode& operator=(const QMListNode&) { return *this; }
     virtual ~QMListNode() = default;
 
-    // The hook by which the list copies one node's contents into another; does nothing here.
+    // Copies the contents of another node into this one. A derived class overrides it; this one
+    // does nothing.
     virtual void CopyNode(const QMListNode& /*other*/) {}
 
     QMListNode* GetNext() const { return m_pNext; }
@@ -26,8 +27,8 @@ private:
     QMListNode* m_pPrevious = nullptr;
 };
 
-// All users of a list share its cursor: a walk leaves it wherever the walk ended. A position is a
-// count of steps from the first node, from 0.
+// A list has one cursor, which all its users share: after a walk the cursor is where the walk
+// ended. A position is the number of steps from the first node, so the first has position 0.
 class QMNodeList
 {
 public:
@@ -36,41 +37,45 @@ public:
     QMNodeList& operator=(const QMNodeList&) = delete;
     virtual ~QMNodeList();
 
-    // Makes this list a copy of the other one; false when it cannot.
+    // Makes this list a copy of the other one. Returns false when it cannot.
     virtual bool AssignFrom(const QMNodeList& other) = 0;
 
-    // Link a new node beside the cursor and set the cursor on it. In front, the position stays;
-    // behind, it goes up by one, and is 0 in a list that was empty. The list must be empty or have
-    // its cursor on a node.
+    // Link a new node before or after the node at the cursor, and set the cursor on the new node.
+    // InsertBefore leaves the position as it is. InsertBehind raises it by one, or sets it to 0 in
+    // an empty list. The list must be empty, or its cursor must be on a node.
     virtual void InsertBefore(std::unique_ptr<QMListNode> pNode);
     virtual void InsertBehind(std::unique_ptr<QMListNode> pNode);
 
-    // Deletes the node at the cursor. The cursor goes to the node that followed, or to the new last
-    // node. Returns the position then, and -1 when no node is at the cursor.
+    // Deletes the node at the cursor. The cursor then is on the node that followed, or on the last
+    // node when none followed. Returns the new position; -1 when there is no node at the cursor any
+    // more, or there was none.
     virtual int32_t Remove();
 
     // Deletes all nodes.
     virtual void Clear();
 
-    // Through the node's copy hook; false when no node is at the cursor.
+    // Copy between the node at the cursor and another node, by CopyNode. Return false when no node
+    // is at the cursor.
     virtual bool CopyCurrentTo(QMListNode& node) const;
     virtual bool CopyToCurrent(const QMListNode& node);
 
-    // On an empty list these leave the cursor on nothing, with position 0 and -1.
+    // Set the cursor on the first or the last node. In an empty list the cursor is then on no node,
+    // and the position is 0 (First) or -1 (Last).
     void First();
     void Last();
 
-    // Move the cursor by lSteps. False for a negative count, and when the end comes first: the
-    // cursor is then on the last (or first) node. A count of 0 gives true.
+    // Move the cursor by lSteps nodes. Return false for a negative count, and when the list ends
+    // before that many steps: the cursor is then on the last (or the first) node. A count of 0
+    // returns true.
     bool Next(int32_t lSteps = 1);
     bool Previous(int32_t lSteps = 1);
 
-    // Sets the cursor on a position, from whichever of head, cursor and tail is nearest; false when
-    // there is no such position, and the cursor stays.
+    // Sets the cursor on a position. The walk starts from the nearest of the head, the cursor and
+    // the tail. Returns false, and leaves the cursor where it is, when there is no such position.
     bool MoveTo(int32_t lPosition);
 
-    // Looks for the node from the head and sets the cursor on it. Returns its position; -1 when the
-    // node is null or not in the list, and the cursor stays.
+    // Searches the node from the head and sets the cursor on it. Returns its position. Returns -1,
+    // and leaves the cursor where it is, when the node is null or not in this list.
     int32_t Seek(const QMListNode* pNode);
 
     bool IsFirst() const { return m_pCurrent == m_pHead; }
@@ -84,19 +89,21 @@ protected:
     QMListNode* GetHead() const { return m_pHead; }
     QMListNode* GetTail() const { return m_pTail; }
 
-    // Sets the cursor on a node of this list whose position the caller knows.
+    // Sets the cursor on a node of this list. The caller knows the node's position; it is not
+    // checked.
     void SetCursor(QMListNode* pNode, int32_t lPosition);
 
-    // Deletes all nodes here and takes over the other list's nodes and cursor; the other is then
-    // empty.
+    // Deletes all nodes of this list and takes over the nodes and the cursor of the other list,
+    // which is empty then.
     void TakeNodesFrom(QMNodeList& other);
 
-    // Relinks the nodes in the order that nodeAt(position) names, each of them once. The cursor
-    // stays on its node and takes that node's new position.
+    // Relinks the nodes in a new order. nodeAt(i) returns the node for position i, and must return
+    // each node once. The cursor stays on its node and takes the node's new position.
     template <class F>
     void Relink(F nodeAt)
     {
-        // The nodes lie in memory in another order than they are linked in here.
+        // The nodes are not linked in the order in which they lie in memory. Fetching some nodes
+        // ahead hides the time that this costs.
         constexpr int32_t lAhead = 16;
         m_pHead = m_pTail = nullptr;
         for (int32_t i = 0; i < m_lCount; ++i) {

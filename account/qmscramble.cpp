@@ -7,16 +7,17 @@ namespace {
 
 constexpr unsigned char cBlank = 0x20;
 
-// Complements the four bytes of a word, all but blanks.
+// Complements each of the four bytes of a word, except blanks.
 uint32_t ComplementWord(uint32_t uWord)
 {
     constexpr uint32_t uLowBits = 0x7F7F7F7F;
-    const uint32_t uOdd = uWord ^ 0x20202020; // zero bytes are the blanks
+    const uint32_t uOdd = uWord ^ 0x20202020; // a blank gives a zero byte
     const uint32_t uOthers = ((((uOdd & uLowBits) + uLowBits) | uOdd) & ~uLowBits) >> 7;
     return uWord ^ (uOthers * 0xFF);
 }
 
-// Complementing and reversing a group do not mind each other's order, so one pass serves both ways.
+// Complementing and reversing can be done in either order with the same result, so one function
+// serves both ways.
 void Convert(void* pRegion, size_t uSize)
 {
     auto* p = static_cast<unsigned char*>(pRegion);

@@ -1,14 +1,15 @@
-// The light scrambling of texts in account files: it keeps them from being read by chance, no more.
+// The scrambling of texts in account files. It keeps a text from being read at a glance. It
+// protects nothing.
 #pragma once
 
 #include <cstddef>
 
-// Both work in place on uSize bytes; a null region does nothing. Scrambling complements every byte
-// but the blank (0x20) and then reverses each whole group of four bytes; unscrambling does the
-// reverse, in the reverse order.
+// Both work in place on uSize bytes and do nothing for a null region. QMScramble complements every
+// byte but the blank (0x20), and then reverses each whole group of four bytes. QMUnscramble
+// reverses the groups first, and then complements.
 //
-// The two are no exact pair, and must not be made one: 0xDF scrambles to 0x20, which unscrambling
-// leaves alone, so every 0xDF comes back as a blank. Files of this format are written and read
-// that way everywhere.
+// Kept: the two are not exact opposites. 0xDF scrambles to 0x20, and unscrambling leaves 0x20
+// alone. So every 0xDF (a sharp s in Windows-1252) comes back as a blank. Files of this format are
+// written and read so everywhere: a "better" pair would misread them.
 void QMScramble(void* pRegion, size_t uSize);
 void QMUnscramble(void* pRegion, size_t uSize);

@@ -20,10 +20,10 @@ void QMSortedNodes::Sort()
             ++auCounts[nDigit][Digit(m_pEntries[u].uKey, nDigit)];
         }
     }
-    // From the last digit to the first; each pass keeps the order of the one before.
+    // From the lowest digit to the highest. Each pass keeps the order that the pass before it made.
     for (int nDigit = 0; m_uCount > 0 && nDigit < nDigits; ++nDigit) {
         const size_t uFirst = Digit(m_pEntries[0].uKey, nDigit);
-        if (auCounts[nDigit][uFirst] < m_uCount) { // otherwise all have the same there
+        if (auCounts[nDigit][uFirst] < m_uCount) { // otherwise all keys have the same digit here
             SortByDigit(nDigit, auCounts[nDigit]);
         }
     }

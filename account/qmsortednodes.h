@@ -1,4 +1,4 @@
-// Nodes of a list with their date keys, to be sorted in a time that grows with their number alone.
+// QMSortedNodes: sorts nodes by their date keys in a time that grows in proportion to their number.
 #pragma once
 
 #include <cstddef>
@@ -10,17 +10,17 @@ class QMListNode;
 class QMSortedNodes
 {
 public:
-    // Room for uCount nodes.
+    // Allocates room for uCount nodes.
     explicit QMSortedNodes(size_t uCount);
 
     bool HasMemory() const { return m_pEntries != nullptr && m_pSpare != nullptr; }
 
-    // The key is at most QM_DATE_KEY_MAX. No more nodes than there is room for.
+    // Adds a node. The key must be at most QM_DATE_KEY_MAX, and there must be room.
     void Add(uint64_t uKey, QMListNode* pNode) { m_pEntries[m_uCount++] = {uKey, pNode}; }
 
     void Reverse();
 
-    // By key, the lowest first; nodes of one key stay in their order.
+    // Sorts by key, the lowest first. Nodes with the same key keep their order.
     void Sort();
 
     QMListNode* Get(size_t uIndex) const { return m_pEntries[uIndex].pNode; }
@@ -32,7 +32,7 @@ private:
         QMListNode* pNode;
     };
 
-    // The key is taken apart into digits of eight bits.
+    // The key is sorted digit by digit; a digit has eight bits.
     static constexpr int nDigits = 6;
     static constexpr size_t uValues = 256;
 

@@ -1,11 +1,13 @@
-// The font that the system gives to windows, from which a new register takes its own.
+// The font of the system, from which a new register takes its own.
 #pragma once
 
 struct QMSystemFont
 {
-    bool bKnown = false; // nothing else counts when the font could not be queried
+    bool bKnown =
+        false; // false when the font could not be queried; the other fields then mean nothing
     char szFace[128] = {};
-    int nHeight = 0; // pixels, negative for the height of the characters
+    int nHeight =
+        0; // pixels; negative for the height of the characters without the space above them
     int nWeight = 0;
     bool bItalic = false;
     bool bUnderline = false;
@@ -13,5 +15,5 @@ struct QMSystemFont
     int nDotsPerInch = 0; // vertical; 0 when the display could not be queried
 };
 
-// Never known on a system without windows.
+// Queries the font of the system. On a system without windows bKnown is false.
 QMSystemFont QMQuerySystemFont();

@@ -1,9 +1,9 @@
-// The platform's font records as a QMSystemFont; for Windows files only.
+// Converts the font records of Windows into a QMSystemFont. For Windows files only.
 #pragma once
 
 #include <windows.h>
 
 #include "account/qmsystemfont.h"
 
-// nDotsPerInch as in QMSystemFont.
+// nDotsPerInch has the meaning that it has in QMSystemFont.
 QMSystemFont QMDescribeFont(const LOGFONTA& record, int nDotsPerInch);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Bytes that a number may take in its column, terminator included.
+// The most bytes that an amount takes in its column, terminating zero included.
 constexpr size_t uMoneyTextSize = 32;
 
 constexpr struct
@@ -25,7 +25,7 @@ constexpr struct
     {QM_TRANS_FLAG_NOT_CLEARED, "NC"},
 };
 
-// Builds a text in a buffer of QM_FIELD_TEXT_SIZE bytes; what does not fit is cut.
+// Builds a text in a buffer of QM_FIELD_TEXT_SIZE bytes. A text that does not fit is cut.
 class TextBuilder
 {
 public:
@@ -38,7 +38,7 @@ public:
         m_uLength += uLength;
     }
 
-    // Right aligned in nWidth characters, filled with cFill.
+    // Adds a number, right-aligned in nWidth characters. cFill fills the space before it.
     void AddNumber(uint32_t uNumber, ptrdiff_t nWidth, char cFill)
     {
         char szDigits[10];
@@ -91,7 +91,8 @@ size_t FormatNumber(const QMTransactionFields& fields, char* szBuffer)
         return FormatText("     ", szBuffer);
     }
     if (fields.lNumber > INT32_MAX) {
-        // The column prints a signed number, and a damaged file may hold one beyond that.
+        // The column prints the number with a sign. Only a damaged file can hold one that is
+        // negative then.
         const auto lNumber = static_cast<int32_t>(fields.lNumber);
         return static_cast<size_t>(snprintf(szBuffer, QM_FIELD_TEXT_SIZE, "%5d", lNumber));
     }
@@ -100,7 +101,7 @@ size_t FormatNumber(const QMTransactionFields& fields, char* szBuffer)
     return builder.Finish();
 }
 
-// The date faults of a mask, moved to their places in Validate's.
+// Moves the bits of QMCheckDate to the places that they have in the result of Validate.
 uint32_t DateFaults(const QMDate& date)
 {
     const uint32_t uFound = QMCheckDate(date);
@@ -187,7 +188,7 @@ int32_t QMTransaction::FormatField(uint32_t uKind, char* szBuffer, bool bAppendV
                 return FormatText(szCategory, szBuffer);
             case QM_FIELD_TAG:
                 return FormatTag(szBuffer);
-            default: // the caller lets nothing but the last kind through
+            default: // QM_FIELD_DATE_CLEARED: the test below lets no other kind through
                 return FormatDate(dtCleared, szBuffer);
         }
     };
@@ -201,7 +202,7 @@ size_t QMTransaction::FormatDescription(char* szBuffer, bool bAppendVoided) cons
         builder.Add(szDescription);
     } else {
         builder.Add(QMTypeLabel(lType));
-        // A single character says no more than the label and is left out.
+        // Kept: a description of a single character is left out.
         if (szDescription[0] != '\0' && szDescription[1] != '\0') {
             builder.Add(" - ");
             builder.Add(szDescription);

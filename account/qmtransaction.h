@@ -8,12 +8,13 @@
 #include "account/qmnametables.h"
 #include "account/qmnodelist.h"
 
-// Tag flags. Note the sense of the last: set means that the bank has not cleared it yet.
+// Tag flags. QM_TRANS_FLAG_NOT_CLEARED has the reverse sense of the others: when it is set, the
+// bank has not cleared the transaction yet.
 inline constexpr uint32_t QM_TRANS_FLAG_VOIDED = 1;
 inline constexpr uint32_t QM_TRANS_FLAG_EXPENSE = 2;
 inline constexpr uint32_t QM_TRANS_FLAG_TAX = 4;
 inline constexpr uint32_t QM_TRANS_FLAG_NOT_CLEARED = 16;
-// A mark of the import review; it never enters an account.
+// The import review marks a transaction with it. It never gets into an account.
 inline constexpr uint32_t QM_TRANS_FLAG_IMPORT = 0x10000000;
 
 enum QMFieldKind : uint32_t
@@ -31,11 +32,11 @@ enum QMFieldKind : uint32_t
     QM_FIELD_COUNT = 10,
 };
 
-// Bytes that hold the text of any field, terminator included.
+// The size of a buffer that can hold the text of any field, terminating zero included.
 inline constexpr size_t QM_FIELD_TEXT_SIZE = 256;
 
-// What Validate finds, as bits. The texts have places in the mask and no tests: a fixed array
-// cannot hold a wrong one.
+// The bits that Validate returns. The texts have bits too, but no tests: an array of fixed size
+// cannot hold a wrong text.
 inline constexpr uint32_t QM_FAULT_TYPE = 1;
 inline constexpr uint32_t QM_FAULT_DAY = 2;
 inline constexpr uint32_t QM_FAULT_MONTH = 4;
@@ -51,13 +52,13 @@ inline constexpr uint32_t QM_FAULT_CATEGORY = 512;
 inline constexpr uint32_t QM_MAX_CHECK_NUMBER = 9999999;
 inline constexpr float QM_MAX_AMOUNT = 1e10F;
 
-// What a transaction holds, laid out as in the account file: the numbers and dates up to dtCleared
-// are filed as they stand. Texts end with a zero within their array.
+// The fields of a transaction, laid out as in the account file: the part up to dtCleared is written
+// as it is in memory. Each text ends with a zero byte within its array.
 struct QMTransactionFields
 {
     int32_t lType = QM_TRANS_CHECK;
     QMDate dtDate = QMMakeDate(2000, 1, 1);
-    uint32_t lNumber = 1000; // check number; kept for every type
+    uint32_t lNumber = 1000; // check number; every type has one, only a check shows it
     float fAmount = 0;       // dollars, never negative: the type gives the sign
     uint32_t lFlags = QM_TRANS_FLAG_NOT_CLEARED;
     QMDate dtCleared = QMMakeDate(2000, 1, 1);
@@ -72,11 +73,11 @@ static_assert(sizeof(QMTransactionFields) == 688);
 class QMTransaction : public QMListNode, public QMTransactionFields
 {
 public:
-    // Back to the state of a new transaction: a check of 1 January 2000, number 1000, amount 0, not
-    // cleared, no texts.
+    // Sets the values of a new transaction: a check of 1 January 2000 with the number 1000 and the
+    // amount 0, not cleared, without texts.
     void SetDefaults();
 
-    // Takes over everything but the place in a list.
+    // Copies all fields. The place in a list stays.
     void CopyFrom(const QMTransactionFields& other);
 
     bool IsTypeValid() const { return QMTypeLabel(lType) != nullptr; }
@@ -84,31 +85,34 @@ public:
     bool IsCreditType() const { return QMTypeSide(lType) == QMSide::Credit; }
     bool HasFlag(uint32_t uFlag) const { return (lFlags & uFlag) != 0; }
 
-    // Dollars rounded to cents as printing does it. All sums and comparisons of money use this.
+    // The amount in dollars, rounded to cents by QMRoundToCents. All sums and comparisons of money
+    // use it.
     double GetRoundedAmount() const;
 
-    // Adds this transaction into two running sums: a debit type is taken off, a credit type added.
-    // A voided one counts in neither, one not cleared in dAvailable only. Returns the new dBalance.
+    // Adds this transaction to two running sums. A debit type is subtracted and a credit type is
+    // added. A voided transaction changes neither sum. One that is not cleared changes dAvailable
+    // only. Returns the new dBalance.
     double ApplyToBalances(double& dBalance, double& dAvailable) const;
 
-    // The text of a field (QMFieldKind) as the register shows it, in a buffer of at least
-    // QM_FIELD_TEXT_SIZE bytes. bAppendVoided adds "   (voided)" to a voided description; dBalance
-    // is what the balance field shows. Returns the buffer; null, with an empty text, when the type
-    // or the kind is unknown.
+    // Writes the text of a field (a QMFieldKind) as the register shows it into szBuffer, which must
+    // have QM_FIELD_TEXT_SIZE bytes. bAppendVoided adds " (voided)" to the description of a voided
+    // transaction. dBalance is what the balance field shows. Returns szBuffer; null, with an empty
+    // text in szBuffer, for an unknown type or kind.
     char* GetFieldText(uint32_t uKind, char* szBuffer, bool bAppendVoided, double dBalance) const;
 
-    // The same, returning the length of the text, or -1.
+    // The same, but returns the length of the text, or -1.
     int32_t FormatField(uint32_t uKind, char* szBuffer, bool bAppendVoided, double dBalance) const;
 
-    // Sets the tag 1, 2, 4 or 16. Voided, expense and tax shut one another out, and a voided
-    // transaction is always not cleared.
+    // Sets the tag 1, 2, 4 or 16. At most one of voided, expense and tax is set: setting one clears
+    // the others. A voided transaction is always not cleared.
     void SetTag(uint32_t uTag);
 
-    // The QM_FAULT_ bits of what keeps this from being a proper entry; 0 for none.
+    // The QM_FAULT_ bits of everything that is wrong with this transaction; 0 when nothing is.
     uint32_t Validate() const;
 
-    // Fill a field from text; an empty or null text leaves it as it is. Dates follow QMParseDate.
-    // Commas in an amount are passed over, and a text that holds no number reads as 0.
+    // Read a field from a text. An empty or null text leaves the field as it is. Dates are read by
+    // QMParseDate. An amount may have commas, which are ignored; a text without a number reads as
+    // 0.
     void ParseDate(const char* szText);
     void ParseClearedDate(const char* szText);
     void ParseNumber(const char* szText);

@@ -55,7 +55,8 @@ bool QMTransactionStore::AssignFrom(const QMNodeList& other)
         pMarkedCopy = p == pMarked ? pCopy.get() : pMarkedCopy;
         filler.Add(std::move(pCopy));
     }
-    // The position comes out of the ordering, which looks for the cursor's node anyway.
+    // PutInOrder, called by Finish, keeps the cursor on its node and works out the position. So the
+    // position given here need not be that of the copy.
     if (pMarkedCopy != nullptr) {
         SetCursor(pMarkedCopy, pOther->GetPosition());
     }
@@ -82,8 +83,8 @@ int32_t QMTransactionStore::Add(std::unique_ptr<QMTransaction> pTransaction)
     } else {
         SeekPlaceFromEnd(uKey);
     }
-    // The cursor stands where the walk stopped. A walk past the end stopped on the outermost
-    // transaction, and the new one goes to the far side of that.
+    // The cursor is where the walk stopped. Where it walked past the end, it is on the outermost
+    // transaction, and the new one belongs beyond that.
     const bool bStopped = !IsEmpty() && uKey >= GetKey(*GetCurrentNode());
     if (IsEmpty() || bStopped != bDescending) {
         InsertBehind(std::move(pTransaction));
@@ -158,7 +159,7 @@ bool QMTransactionStore::PutInOrder(Ties ties)
     for (auto* p = static_cast<QMTransaction*>(GetHead()); p != nullptr; p = NextOf(p)) {
         nodes.Add(GetKey(*p) ^ uMirror, p);
     }
-    // Where the newest come first, Add puts a new one in front of its equals.
+    // In a descending store Add puts a new transaction before those of its day.
     if (IsDescending() && ties == Ties::AsAdded) {
         nodes.Reverse();
     }
@@ -255,7 +256,8 @@ void QMStoreFiller::Add(std::unique_ptr<QMTransaction> pTransaction)
     const bool bFits = m_store.IsDescending() ? m_store.IsEmpty() : uKey >= m_uLastKey;
     m_bInOrder = m_bInOrder && bFits;
     m_uLastKey = uKey;
-    // Nothing but this object moves the cursor meanwhile, so it stands on the last one.
+    // Nobody else moves the cursor in the meantime, so it is on the transaction that was appended
+    // last.
     m_store.InsertBehind(std::move(pTransaction));
 }
 

@@ -1,4 +1,5 @@
-// QMTransactionStore: the transactions of one account, kept in order by the rule of insertion.
+// QMTransactionStore: the transactions of one account. Add keeps them in the order of the sort
+// mode.
 #pragma once
 
 #include <cstdint>
@@ -9,44 +10,45 @@
 
 class QMEditList;
 
-// Which order the store keeps. Accounts use the first; the others serve copies made for reports.
-// Any other value acts as the first.
+// The order that the store keeps. Accounts use QM_SORT_DATE. The others serve copies made for
+// reports. An unknown value acts as QM_SORT_DATE.
 enum QMSortMode : int32_t
 {
-    QM_SORT_DATE = 0,               // oldest first, a new one behind those of its day
-    QM_SORT_DATE_DESCENDING = 1,    // newest first, a new one in front of those of its day
-    QM_SORT_CLEARED = 2,            // as 0, by the date cleared
-    QM_SORT_CLEARED_DESCENDING = 3, // as 1, by the date cleared
+    QM_SORT_DATE = 0,               // oldest first; a new one goes after those of its day
+    QM_SORT_DATE_DESCENDING = 1,    // newest first; a new one goes before those of its day
+    QM_SORT_CLEARED = 2,            // like QM_SORT_DATE, by the date cleared
+    QM_SORT_CLEARED_DESCENDING = 3, // like QM_SORT_DATE_DESCENDING, by the date cleared
 };
 
 class QMTransactionStore : public QMNodeList
 {
 public:
-    // Takes over the other store's sort mode and copies its transactions, each to its place; the
-    // cursor ends on the copy of the one on which the other's cursor stands. False for lack of
-    // memory, and when the other list is no store.
+    // Takes the other store's sort mode and copies its transactions, each to its place. The cursor
+    // is then on the copy of the transaction at the other's cursor. Returns false when memory ran
+    // out, and when the other list is no QMTransactionStore.
     bool AssignFrom(const QMNodeList& other) override;
 
-    // The same result for a store that is in order, without a copy: the transactions move over and
-    // the other store is empty afterwards.
+    // Moves the transactions of the other store, which must be in order, into this one without
+    // copying them. The other store is empty then.
     void TakeFrom(QMTransactionStore& other);
 
-    // Puts a transaction in its place and sets the cursor on it. Returns its position; -1 when it
-    // is null or when the store holds transactions but has no cursor: it is then deleted.
+    // Puts a transaction in its place and sets the cursor on it. Returns its position. Returns -1,
+    // and deletes the transaction, when it is null or when the cursor of a store that is not empty
+    // is on no transaction.
     int32_t Add(std::unique_ptr<QMTransaction> pTransaction);
 
-    // Copies the transaction at the cursor. Returns its position, or -1 without one.
+    // Copies the transaction at the cursor. Returns its position; -1 when there is none.
     int32_t GetCurrent(QMTransaction& into) const;
 
-    // The transaction at the cursor, still owned by the store; null without one.
+    // The transaction at the cursor, which the store owns; null when there is none.
     QMTransaction* GetCurrentNode() const;
 
-    // Writes over the transaction at the cursor. Without bReposition nothing moves, so a changed
-    // date leaves the store out of order until Resort. With it the transaction goes to its place.
-    // Returns its position; -1 without a transaction at the cursor or without memory.
+    // Replaces the transaction at the cursor. Without bReposition it stays where it is, so a
+    // changed date leaves the store out of order until Resort is called. With bReposition it moves
+    // to its place. Returns its position; -1 when there is none at the cursor, or memory ran out.
     int32_t ReplaceCurrent(const QMTransaction& transaction, bool bReposition);
 
-    // Calls f(transaction) for each from the first to the last; the cursor stays.
+    // Calls f(transaction) for each transaction, from the first to the last. The cursor stays.
     template <class F>
     void ForEach(F f) const
     {
@@ -55,26 +57,29 @@ public:
         }
     }
 
-    // Sets the mode and puts everything in its order, those of one day as they stood before.
-    // Returns the cursor's position: the cursor stays on its transaction. Returns -1, with nothing
-    // changed but the mode, without memory.
+    // Sets the sort mode and sorts everything by it. Transactions of one day keep their order. The
+    // cursor stays on its transaction; its position is returned. When memory ran out it returns -1,
+    // and nothing but the mode has changed.
     int32_t Resort(int32_t lMode);
     int32_t GetSortMode() const { return m_lSortMode; }
 
-    // Looks from the first transaction on for a check of that number. True with the cursor on it;
-    // otherwise false with the cursor on the last transaction.
+    // Searches a check of that number, from the first transaction on. Returns true with the cursor
+    // on that check, or false with the cursor on the last transaction.
     bool HasCheckNumber(uint32_t uNumber);
 
-    // One more than the number of the last check in the store's order; 1000 when there is none, and
-    // when that check has the number 0. The cursor ends on that check, or on the first transaction.
+    // The number of the last check in the store's order, plus one. It is 1000 when there is no
+    // check, and when that check has the number 0. The cursor is then on that check, or on the
+    // first transaction.
     uint32_t NextCheckNumber();
 
-    // Adds the texts of a field (QMFieldKind) to the list, from the last transaction to the first,
-    // until lLimit of them were accepted. Empty texts are passed over. Always true.
+    // Adds the texts of a field (a QMFieldKind) to the list, from the last transaction to the
+    // first, until the list has accepted lLimit of them. Empty texts are left out. Always returns
+    // true.
     bool FillEditList(QMEditList& list, uint32_t uKind, int32_t lLimit);
 
-    // Tags of the transaction at the cursor, which there must be. The first two return the flags as
-    // they were, the third whether the transaction is now not cleared, the last true.
+    // Change the flags of the transaction at the cursor; there must be one. The first two return
+    // the flags as they were before. ToggleCleared returns whether the transaction is not cleared
+    // now. ClearImportMark returns true.
     uint32_t SetCleared(bool bCleared);
     uint32_t SetImportMark(bool bMarked);
     bool ToggleCleared();
@@ -83,7 +88,7 @@ public:
 private:
     friend class QMStoreFiller;
 
-    // How those of one day come to stand: as Add one by one would leave them, or as they stood.
+    // How transactions of one day are ordered: as Add one by one would leave them, or as they are.
     enum class Ties
     {
         AsAdded,
@@ -100,8 +105,8 @@ private:
     int32_t m_lSortMode = QM_SORT_DATE;
 };
 
-// Fills an empty store fast, whatever the order of what comes: the transactions are appended as
-// they come and put in order once, exactly as Add one by one would have left them.
+// Fills an empty store in a short time, whatever order the transactions come in. They are appended
+// as they come and sorted once. The result is the same as calling Add for each.
 class QMStoreFiller
 {
 public:
@@ -109,11 +114,11 @@ public:
 
     void Add(std::unique_ptr<QMTransaction> pTransaction);
 
-    // To be called once at the end. The cursor is then on the transaction added last. False without
-    // memory: the store is then empty.
+    // Call it once at the end. The cursor is then on the transaction that was added last. Returns
+    // false when memory ran out; the store is empty then.
     bool Finish();
 
-    // Whether everything came in the store's order.
+    // Whether all transactions came in the store's order.
     bool IsInOrder() const { return m_bInOrder; }
 
 private:
