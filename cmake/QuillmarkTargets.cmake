@@ -45,7 +45,7 @@ function(quillmark_test_options target)
   set(headers <gtest/gtest.h> <functional> <random>)
   if(WIN32)
     # A precompiled header has to be the first that a source includes, so this one is a part of it.
-    list(PREPEND headers ${PROJECT_SOURCE_DIR}/tests/googletest_notification.h)
+    list(PREPEND headers "\"tests/googletest_notification.h\"")
     list(APPEND headers <windows.h> <commctrl.h>)
   endif()
   target_precompile_headers(${target} PRIVATE ${headers})
