@@ -19,7 +19,7 @@ constexpr struct
     {IDB_SIGN_VOIDED, 298, 237},
 };
 
-// The arrows in the order of their strip, then Add, which the strip does not have.
+// The arrows in the order of their strip. Add comes last, and is not in the strip.
 constexpr struct
 {
     int nId;
@@ -30,13 +30,13 @@ constexpr struct
     {IDC_TX_ADD, IDB_BUTTON_ADD},
 };
 
-constexpr int nAlphaVersion = 6; // the first library that draws alpha, and pictures beside a text
+constexpr int nAlphaVersion = 6; // the first version that draws alpha, and pictures beside a text
 constexpr int nAlphaSize = 16;
 constexpr int nStripSize = 10;
 constexpr COLORREF crStripMask = 0xC0C0C0;
 
-// What draws a closed button knows nothing of alpha: it takes all that is not masked for the
-// picture.
+// Windows draws a disabled button without alpha and shows everything that the mask does not cover.
+// So the mask is made from the alpha.
 bool MakeMask(const VBitmap& picture, VBitmap& mask)
 {
     constexpr uint8_t uHalf = 128;
@@ -49,7 +49,7 @@ bool MakeMask(const VBitmap& picture, VBitmap& mask)
     const auto* pAlpha = static_cast<const uint8_t*>(section.dsBm.bmBits) + 3;
     uint8_t aBits[nAlphaSize * nAlphaSize / 8] = {};
     for (int i = 0; i < nAlphaSize * nAlphaSize; ++i) {
-        // Its lines go upwards, the mask's downwards.
+        // The lines of the picture go from bottom to top, those of the mask from top to bottom.
         const int nFlipped = (nAlphaSize - 1 - i / nAlphaSize) * nAlphaSize + i % nAlphaSize;
         if (pAlpha[static_cast<ptrdiff_t>(nFlipped) * 4] < uHalf) {
             aBits[i / 8] = static_cast<uint8_t>(aBits[i / 8] | 0x80 >> i % 8);
@@ -58,7 +58,8 @@ bool MakeMask(const VBitmap& picture, VBitmap& mask)
     return mask.Attach(CreateBitmap(nAlphaSize, nAlphaSize, 1, 1, aBits));
 }
 
-// A missing one leaves the next in its place, so it counts as the end.
+// Stops at the first picture that is missing: each later one would get the index of the one before
+// it.
 bool FillWithAlpha(VImageList& images)
 {
     if (!images.Create(nAlphaSize, nAlphaSize, static_cast<int>(std::size(aButtonPictures)), 1,
@@ -99,7 +100,7 @@ void QMEntryPictures::DrawSigns(VDrawingSurface& surface) const
     VMemorySurface picture(surface);
     for (int i = 0; i < nSigns; ++i) {
         const VSelectScope scope(picture, m_aSigns[i].GetHandle());
-        // The white around a sign lets the dialog's ground through.
+        // SRCAND leaves the dialog's background where the sign is white.
         surface.BitBlt(aSignPlaces[i].x, aSignPlaces[i].y, m_aSigns[i].GetWidth(),
                        m_aSigns[i].GetHeight(), picture, 0, 0, SRCAND);
     }
@@ -110,7 +111,8 @@ bool QMEntryPictures::SetButtons(VDialog& dialog, int nLibraryVersion)
     const bool bAlpha = nLibraryVersion >= nAlphaVersion;
     bool bAll = bAlpha ? FillWithAlpha(m_images) : FillFromStrip(m_images);
     if (!bAlpha) {
-        // The text alone, on the side where it stands beside a picture, too.
+        // Without a picture the text is to stand at the right, where it stands beside a picture
+        // too.
         HWND hAdd = dialog.GetItem(IDC_TX_ADD);
         SetWindowLongPtrA(hAdd, GWL_STYLE, GetWindowLongPtrA(hAdd, GWL_STYLE) | BS_RIGHT);
     }

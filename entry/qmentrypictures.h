@@ -1,25 +1,28 @@
-// The pictures of the transaction dialog: signs beside its boxes, and those on its buttons.
+// QMEntryPictures: the pictures of the transaction dialog: the signs beside its check boxes, and
+// those on its buttons.
 #pragma once
 
 #include "toolkit/vdialog.h"
 #include "toolkit/vgdiobjects.h"
 #include "toolkit/vimagelist.h"
 
-// Must outlive the dialog's window.
+// The object must live longer than the dialog's window, which draws with its pictures.
 class QMEntryPictures
 {
 public:
-    // False when a sign is missing; the others are drawn all the same.
+    // Loads the four signs. Returns false when one is missing; the others are drawn all the same.
     bool LoadSigns();
-    // At fixed pixels of the dialog, beside which its template has the boxes.
+    // Draws the signs. Their places are fixed in pixels; the template puts the check boxes beside
+    // them.
     void DrawSigns(VDrawingSurface& surface) const;
 
-    // Gives the buttons what a control library of that version can show: from 6 on pictures of 16
-    // by 16 with alpha, on all of them; before, arrows alone, of 10 by 10. False when a picture is
-    // missing; its button then has none.
+    // Gives the buttons the pictures that a common-controls library of this version can show. From
+    // version 6 on, all five get one of 16 by 16 pixels with alpha. Before it, the four arrows
+    // alone get one, of 10 by 10 pixels. Returns false when a picture is missing; its button then
+    // has none.
     bool SetButtons(VDialog& dialog, int nLibraryVersion);
 
-    // The first number of the present control library's version.
+    // The first number of the version of the common-controls library that is loaded.
     static int GetLibraryVersion();
 
 private:

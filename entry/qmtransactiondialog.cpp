@@ -36,7 +36,8 @@ constexpr struct
     {IDC_TX_LAST, QMEntryMove::Last},
 };
 
-// One less than the record's arrays hold, and what a number may need.
+// The most characters that can be typed: one less than the array of the record has, or as many as a
+// number needs.
 constexpr struct
 {
     int nId;
@@ -46,14 +47,16 @@ constexpr struct
     {IDC_TX_MEMO, 255},  {IDC_TX_CATEGORY, 127},
 };
 
-// Without the time of day that the control gives too, so that a day always files as the same bytes.
+// The control also gives the time of day. Without it, a date is always written to the file as the
+// same bytes.
 QMDate DateOf(const VDatePicker& picker)
 {
     const SYSTEMTIME time = picker.GetDate();
     return QMMakeDate(time.wYear, time.wMonth, time.wDay);
 }
 
-// A record's other fields may hold anything, and the control looks at them.
+// Only year, month and day are passed on: the other fields of a record may hold anything, and
+// DTM_SETSYSTEMTIME refuses an impossible time of day.
 void ShowDate(VDatePicker& picker, const QMDate& date)
 {
     picker.SetDate(QMToSystemTime(QMMakeDate(date.wYear, date.wMonth, date.wDay)));
@@ -92,11 +95,11 @@ bool QMTransactionDialog::OnInitDialog()
     FillList(m_cboDescription, m_pArgs->lstDescription);
     FillList(m_cboMemo, m_pArgs->lstMemo);
     FillList(m_cboCategory, m_pArgs->lstCategory);
-    // Without its pictures the dialog works as well.
+    // The dialog works without its pictures too, so a missing one is no failure.
     m_pictures.LoadSigns();
     m_pictures.SetButtons(*this, QMEntryPictures::GetLibraryVersion());
     ShowButtons();
-    // To add, the dates stay as the system made them: today.
+    // To add, the date controls keep today, with which Windows makes them.
     ShowFields(m_entry->Begin(), !m_entry->IsAddMode());
     return VDialog::OnInitDialog();
 }
@@ -107,7 +110,8 @@ bool QMTransactionDialog::AttachControls()
         LimitItemText(limit.nId, limit.nCharacters);
     }
     for (const auto& type : aTypes) {
-        // A button that the keyboard only comes by is not pressed by that.
+        // Without BM_SETDONTCLICK a radio button that gets the focus by a key would be pressed by
+        // that.
         SendItem(type.nId, BM_SETDONTCLICK, TRUE);
     }
     return m_cboDescription.Attach(GetItem(IDC_TX_DESCRIPTION)) &&
@@ -128,7 +132,7 @@ void QMTransactionDialog::ShowButtons()
     }
     EnableArrows();
     if (!bAdd) {
-        // Behind the focus that the system gives at the start.
+        // Posted, so that it comes after the focus that Windows sets at the end of WM_INITDIALOG.
         Post(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetItem(IDOK)), TRUE);
     }
 }

@@ -1,4 +1,5 @@
-// The dialog in which transactions are typed: new ones one after another, or given ones to change.
+// QMTransactionDialog: the dialog in which the user adds transactions one after another, or changes
+// given ones.
 #pragma once
 
 #include <optional>
@@ -13,12 +14,12 @@ class QMTransactionDialog : public VDialog
 {
 public:
     QMTransactionDialog() { GetFlags().Set(V_FLAG_PAINTS); }
-    // The window ends here, while the operations below still are this object's.
     ~QMTransactionDialog() override { Detach(); }
 
-    // The block must outlive the call. IDOK or IDCANCEL; -1 without an entry, or when the dialog
-    // could not be made. Entries that were added stay added after Cancel; of those to edit, the
-    // array may then hold some that are not to be used.
+    // Runs the dialog. args must live longer than the call. Returns IDOK or IDCANCEL; -1 when args
+    // holds no entry or the dialog could not be made. To add: what was added stays added, whatever
+    // is returned. To edit: after IDCANCEL the array may hold changes, which the caller must not
+    // use.
     INT_PTR DoModal(HWND hParent, QMTransactionDialogArgs& args);
 
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
@@ -38,7 +39,7 @@ private:
     void OnMove(QMEntryMove move);
     void OnDateChange(UINT uId);
 
-    // False, with a message, when the entry is not a proper one.
+    // Returns false, after a message, when the fields make no valid entry.
     bool Accept();
     QMEntryFields ReadFields() const;
     QMEntryBoxes ReadBoxes() const;
@@ -47,7 +48,7 @@ private:
     void ShowBoxes(const QMEntryBoxes& boxes);
     void EnableArrows();
 
-    QMTransactionDialogArgs* m_pArgs = nullptr; // while the dialog runs
+    QMTransactionDialogArgs* m_pArgs = nullptr; // null unless the dialog runs
     std::optional<QMTransactionEntry> m_entry;
     QMEntryPictures m_pictures;
     VComboBox m_cboDescription;

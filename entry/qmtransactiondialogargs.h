@@ -1,4 +1,4 @@
-// What the transaction dialog is given to work on.
+// QMTransactionDialogArgs: what the transaction dialog works on.
 #pragma once
 
 #include <cstdint>
@@ -6,20 +6,21 @@
 #include "account/qmeditlist.h"
 #include "account/qmtransaction.h"
 
-// Called with an entry that was accepted and the two values that belong to it; may change the
-// entry, which the dialog then shows. False keeps the dialog on the entry as it was typed.
+// Called with an entry that the user has confirmed and the two values that belong to it. It may
+// change the entry; the dialog then shows the changed one. When it returns false the dialog stays
+// on the entry as it was typed.
 using QMCommitEntry = bool (*)(QMTransaction& entry, uintptr_t uUserA, uintptr_t uUserB);
 
-// The arrays are the caller's and hold nCount items each.
+// The caller owns the arrays. Each holds nCount items.
 struct QMTransactionDialogArgs
 {
-    bool bAddMode = true;                   // entry after entry; else nCount entries to change
-    int32_t nCount = 0;                     // 1 to add
-    QMTransaction* pTransactions = nullptr; // accepted entries are written back here
-    QMEditList lstDescription;              // earlier texts, to choose from
+    bool bAddMode = true; // true: add one after another; false: change nCount entries
+    int32_t nCount = 0;   // 1 when adding
+    QMTransaction* pTransactions = nullptr; // confirmed entries are written back here
+    QMEditList lstDescription;              // earlier texts to choose from
     QMEditList lstMemo;
     QMEditList lstCategory;
     const uintptr_t* pUserA = nullptr;
     const uintptr_t* pUserB = nullptr;
-    QMCommitEntry pfnCommit = nullptr; // null accepts every entry
+    QMCommitEntry pfnCommit = nullptr; // null: every entry is accepted
 };

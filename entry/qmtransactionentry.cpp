@@ -9,8 +9,8 @@
 
 namespace {
 
-// The first that holds is shown. Description and memo have their places in the mask and no test; a
-// category has not even a sentence.
+// The first fault that is found gives the sentence. Validate never reports the description and the
+// memo, and the category has no sentence.
 constexpr struct
 {
     uint32_t uFault;
@@ -139,8 +139,8 @@ void QMTransactionEntry::ApplyType(QMEntryFields& fields)
 {
     const QMEntrySwitches switches = QMSwitchesOfType(fields.lType);
     fields.sNumber = switches.bNumber ? NumberText(m_current.lNumber) : VString();
-    // The text of the stored type, not of the one pressed: a stored deposit that becomes a check
-    // shows "Deposit" for the user to overtype.
+    // Kept: the text depends on the stored type, not on the one that was pressed. So a stored
+    // deposit that becomes a check shows "Deposit" as its payee, for the user to overtype.
     fields.sDescription =
         switches.bDescription ? CurrentDescription() : VString(QMTypeLabel(fields.lType));
     if (!switches.bTag) {
@@ -184,15 +184,15 @@ void QMTransactionEntry::Read(const QMEntryFields& fields)
     if (fields.lType >= 0) {
         m_current.lType = fields.lType;
     }
-    // Other types keep number and description as they were stored: what the fields show then is no
-    // entry of the user's.
+    // Other types keep the number and the description that they have. What the fields then show
+    // does not come from the user.
     if (fields.lType == QM_TRANS_CHECK) {
         m_current.lNumber = QMReadCheckNumber(fields.sNumber.GetText());
         VCopyText(m_current.szDescription, fields.sDescription.GetText());
     }
     m_current.dtDate = fields.dtDate;
     m_current.dtCleared = fields.dtCleared;
-    // No separators are passed over here: 1,234.56 reads as 1.
+    // Kept: a comma is not ignored here, unlike in an import: 1,234.56 reads as 1.
     m_current.fAmount = static_cast<float>(VParseDouble(fields.sAmount.GetText()));
     VCopyText(m_current.szMemo, fields.sMemo.GetText());
     VCopyText(m_current.szCategory, fields.sCategory.GetText());

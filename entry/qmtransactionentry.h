@@ -7,7 +7,7 @@
 #include "base/vstring.h"
 #include "entry/qmtransactiondialogargs.h"
 
-// The four check boxes, on or off.
+// The states of the four check boxes.
 struct QMEntryBoxes
 {
     bool bTax = false;
@@ -18,10 +18,11 @@ struct QMEntryBoxes
     bool operator==(const QMEntryBoxes&) const = default;
 };
 
-// What the dialog's fields hold, in the form in which they hold it. As made: all of them cleared.
+// What the dialog's fields hold, in the form in which they hold it. A new object stands for empty
+// fields.
 struct QMEntryFields
 {
-    int32_t lType = -1; // of the radio button that is on; -1 for none
+    int32_t lType = -1; // the type whose radio button is on; -1 for none
     VString sNumber;
     VString sDescription;
     QMDate dtDate;
@@ -32,12 +33,12 @@ struct QMEntryFields
     QMEntryBoxes boxes;
 };
 
-// Which fields the type on show leaves to the user.
+// Which fields the user may change for a type.
 struct QMEntrySwitches
 {
     bool bNumber = false;
     bool bDescription = false;
-    bool bTag = false; // the boxes for tax and expense
+    bool bTag = false; // the check boxes Tax Deductible and Expense
     bool bVoided = true;
     bool bCleared = true;
 
@@ -54,62 +55,68 @@ enum class QMEntryMove
 
 QMEntrySwitches QMSwitchesOfType(int32_t lType);
 
-// The sentence for the gravest of Validate's faults; null for a mask without one that has any.
+// The sentence about the most serious of Validate's faults; null when none of the bits has a
+// sentence.
 const char* QMFaultSentence(uint32_t uFaults);
 
-// The number in front of the first character that is no digit, behind leading white space; 0 for
-// none, and for one that 32 bits cannot hold.
+// Reads a check number: digits after leading white space, up to the first other character. Returns
+// 0 when there are none, and for a number above 32 bits.
 uint32_t QMReadCheckNumber(const char* szText);
 
-// The dialog moves values between its controls and one of these. Of the caller's array, the entry
-// on show has a working copy; only what passed validation goes back into the array.
+// The dialog moves values between its controls and one object of this class. The entry on show is a
+// working copy of one in the caller's array. It goes back into the array only when it is valid.
 class QMTransactionEntry
 {
 public:
-    // The block must outlive this object and hold at least one entry. The first comes on show.
+    // args must live longer than this object and hold at least one entry. The first one is on show.
     explicit QMTransactionEntry(QMTransactionDialogArgs& args);
 
     bool IsAddMode() const { return m_args.bAddMode; }
     int32_t GetIndex() const { return m_nIndex; }
-    // Holds what was read last, even if it was refused.
+    // What was read from the fields last, even if it was refused.
     const QMTransaction& GetCurrent() const { return m_current; }
 
-    // What the dialog shows at its start: an entry to add comes with cleared fields as a check, and
-    // its dates are not to be shown; an entry to edit comes whole.
+    // The fields with which the dialog starts. To add: empty fields with the type Check; the dialog
+    // must not show their dates. To edit: the first entry.
     QMEntryFields Begin();
 
-    // The type that is on was pressed: brings number, description and boxes in line. The number and
-    // an open description show those of the working copy, whatever was typed; a description that is
-    // not open shows the type's name.
+    // The user pressed a type. Sets the number, the description and the boxes for it.
+    //
+    // Kept: what the user typed as number and description is replaced by the values of the working
+    // copy. A type whose description cannot be changed shows its own name there.
     void ApplyType(QMEntryFields& fields);
 
-    // A box was pressed. The one that came on turns off what it shuts out: tax, expense and voided
-    // each other, voided and cleared each other. The cleared date is open while cleared is on.
+    // The user pressed a check box. The one that is newly on turns others off: at most one of tax,
+    // expense and voided is on, and voided and cleared are never on together. The cleared date can
+    // be changed while cleared is on.
     void ApplyBoxes(QMEntryBoxes& boxes);
 
-    // The date was changed: what the cleared date becomes. To add, it follows the date; to edit, it
-    // only never stands before it.
+    // The user changed the date. Returns the new cleared date. To add, it is the same date; to
+    // edit, it changes only where it would be before the date.
     QMDate ClearedDateFor(const QMDate& dtDate, const QMDate& dtCleared) const;
-    // The cleared date was changed: what the date becomes.
+    // The user changed the cleared date. Returns the new date.
     static QMDate DateFor(const QMDate& dtDate, const QMDate& dtCleared);
 
-    // Reads the fields into the working copy and, if that is a proper entry, the copy into the
-    // array. Null, or the sentence that says what is wrong.
+    // Reads the fields into the working copy and, when that is valid, copies it into the array.
+    // Returns null, or the sentence that says what is wrong.
     const char* Accept(const QMEntryFields& fields);
 
-    // Hands the entry on show to the caller's function, if there is one; false when it refused.
+    // Calls the caller's function with the entry on show, if there is a function. Returns false
+    // when it refused.
     bool Commit();
 
-    // After Commit, to add: the entry, which the caller may have changed, as a check.
+    // To add, after Commit: the fields for the next entry, which is a check. The caller's function
+    // may have changed the entry, for instance its number.
     QMEntryFields BeginNext();
 
-    // To edit: whether there is somewhere to go, and the entry there. Accept comes before.
+    // To edit: whether there is an entry in that direction, and the fields of that entry. Call
+    // Accept before Move.
     bool CanMove(QMEntryMove move) const;
     QMEntryFields Move(QMEntryMove move);
 
 private:
     int32_t IndexAfter(QMEntryMove move) const;
-    // As of that type, whatever the working copy's is.
+    // The fields of the working copy, but as if it had that type.
     QMEntryFields ShowCurrent(int32_t lType);
     void TakeEntry();
     void Read(const QMEntryFields& fields);
@@ -118,6 +125,6 @@ private:
     QMTransactionDialogArgs& m_args;
     QMTransaction m_current;
     int32_t m_nIndex = 0;
-    // As last shown: the box that differs is the one that the user has just pressed.
+    // The boxes as last shown. The one that differs now is the one that the user has pressed.
     QMEntryBoxes m_states;
 };
