@@ -1,4 +1,4 @@
-// The columns of a register, in their order on screen.
+// QMColumnTable: the columns of a register, in their order on the screen.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ enum QMColumn : int32_t
     QM_ENTRY_TAG,
     QM_ENTRY_MEMO,
     QM_ENTRY_CATEGORY,
-    QM_ENTRY_FILLER, // takes up the width that the others leave
+    QM_ENTRY_FILLER, // takes the width that the others leave
     QM_ENTRY_COUNT,
 };
 
@@ -41,8 +41,8 @@ enum class QMAlignment
     Centre
 };
 
-// What stands fixed about a column. The two columns of marks have pictures for headings and no
-// text; the filler has no mask bit and no fields.
+// What never changes about a column. The columns Tag and Cleared show marks: they have pictures for
+// headings and no text. The filler column has no mask bit and no fields in the header.
 struct QMColumnInfo
 {
     const char* szName;
@@ -55,27 +55,28 @@ struct QMColumnInfo
 
 const QMColumnInfo& QMGetColumnInfo(QMColumn column);
 
-// By the column's bit; false for one that is no column's.
+// Whether the header shows the column of that mask bit; false for a bit of no column.
 bool QMIsColumnShown(const QMAccountHeader& header, uint32_t uColumn);
 
 // How a register shows its columns at the moment.
 class QMColumnTable
 {
 public:
-    // All hidden, without widths.
+    // All columns are hidden and have no widths.
     QMColumnTable();
 
-    // Takes over visibility and widths; the visible columns get their list indices in order.
+    // Takes visibility and widths from the header. The visible columns get list indices in their
+    // order.
     void LoadFrom(const QMAccountHeader& header);
 
     bool IsVisible(QMColumn column) const { return m_aIndex[column] >= 0; }
-    // -1 for a hidden column.
+    // The index in the list; -1 for a hidden column.
     int32_t GetListIndex(QMColumn column) const { return m_aIndex[column]; }
-    // Pixels.
+    // The width in pixels.
     int32_t GetWidth(QMColumn column) const { return m_aWidth[column]; }
     void SetWidth(QMColumn column, int32_t lWidth) { m_aWidth[column] = lWidth; }
-    // The visible column at a distance from the left edge of the first, by the widths; the filler
-    // behind them all.
+    // The visible column that is lPixels to the right of the left edge of the first, by the widths
+    // here. Beyond all of them it is the filler.
     QMColumn FindColumnAt(int32_t lPixels) const;
     int32_t GetVisibleCount() const { return m_lVisible; }
 

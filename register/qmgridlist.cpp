@@ -7,13 +7,13 @@ namespace {
 constexpr COLORREF crLine = 0xC0C0C0;
 constexpr COLORREF crShade = 0xEBEBEB;
 
-// Dark strokes on white: on plain rows the white lets the row through, on selected ones the
-// strokes come out light.
+// Raster operations for the marks, which are dark strokes on white. SRCAND lets a plain row show
+// through the white. On a selected row MERGEPAINT does that and makes the strokes light.
 constexpr DWORD uRopPlain = 0x8800C6;
 constexpr DWORD uRopSelected = 0xBB0226;
 
-// Pixels at a row's left end that the control does not paint anew, on some systems, when only the
-// row's selection or the focus changed.
+// When only the selection or the focus of a row changes, the list of Wine 8 does not paint this
+// many pixels at the row's left end.
 constexpr int nLeftEnd = 2;
 
 constexpr uint32_t uAllLines = QM_GRID_SHADED | QM_GRID_HORIZONTAL | QM_GRID_VERTICAL;
@@ -39,13 +39,13 @@ bool IsOdd(int nNumber)
 
 } // namespace
 
-// One cell on the screen, and where its row stands.
+// A cell on the screen, and where its row is.
 struct QMGridList::Cell
 {
     int nRow;
     int nColumn;
     VRect rect;
-    VRect area; // what of the list lies below the headings
+    VRect area; // the part of the list below the headings
     bool bTopRow;
     bool bLastRow;
 };
@@ -225,8 +225,8 @@ LRESULT QMGridList::BeforeCell(NMLVCUSTOMDRAW& draw)
     return bAfter ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
 }
 
-// The control paints a background behind texts only, on some systems; a row is shaded or selected
-// in its whole width.
+// The list of Wine 8 paints the background only behind the text. A shaded or selected row must have
+// its colour in its whole width.
 void QMGridList::FillCell(const NMLVCUSTOMDRAW& draw, int nRow)
 {
     VDrawingSurface surface;
@@ -252,7 +252,7 @@ QMGridList::Cell QMGridList::GetCell(int nRow, int nColumn) const
                  GetClientRect(),
                  false,
                  nRow == GetItemCount() - 1};
-    // The bounds of the first column are those of the whole row.
+    // LVIR_BOUNDS of the first column gives the rectangle of the whole row.
     cell.rect.right = cell.rect.left + GetColumnWidth(nColumn);
     cell.bTopRow = nRow == static_cast<int>(Send(LVM_GETTOPINDEX));
     return cell;
@@ -279,7 +279,7 @@ const VBitmap* QMGridList::FindMark(int nColumn, uint32_t uDecoration) const
     const auto Choose = [=](uint32_t uA, const VBitmap& a, uint32_t uB, const VBitmap& b) {
         const bool bA = (uDecoration & uA) != 0;
         const bool bB = (uDecoration & uB) != 0;
-        // Of two that shut one another out, neither is drawn.
+        // A damaged file can have both flags. Neither mark is drawn then.
         return bA == bB ? nullptr : (bA ? &a : &b);
     };
     if (nColumn == m_nImageColumnA) {

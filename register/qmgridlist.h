@@ -1,4 +1,4 @@
-// QMGridList: the list in report form that draws lines, shading, coloured balances and marks
+// QMGridList: a list in report form that draws its lines, shading, coloured balances and marks by
 // itself.
 #pragma once
 
@@ -12,32 +12,33 @@ class QMGridList : public VListControl
 public:
     QMGridList();
 
-    // ---- Virtual operations, behind those of VListControl.
+    // ---- Virtual operations, after those of VListControl.
 
-    // Loads pictures, pen and brush; false when any is missing.
+    // Loads the pictures and makes the pen and the brush. Returns false when one is missing.
     virtual bool OnCreate();
     virtual LRESULT OnCustomDraw(NMLVCUSTOMDRAW* pDraw, LRESULT& lResult);
-    // The decoration word (QM_DECOR_) that a row is painted by: its item data, unless the rows
-    // live elsewhere.
+    // The decoration word (QM_DECOR_ bits) by which a row is painted. It is the item data, unless a
+    // derived class keeps its rows elsewhere.
     virtual uint32_t GetRowDecoration(int nRow) const;
 
     LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
 
     using VListControl::InsertColumn;
-    // The index of the new column; -1 on failure.
+    // Returns the index of the new column; -1 on failure.
     int InsertColumn(int nColumn, const char* szHeading, QMAlignment alignment, int nWidth);
 
     void SetLineFlag(uint32_t uBit, bool bOn);
     uint32_t GetLineFlags() const { return m_nGridFlags; }
     void SetBalanceColors(COLORREF crPositive, COLORREF crNegative);
 
-    // List indices of the columns that are painted specially; -1 for one that is not there.
+    // Sets the list indices of the columns that are painted in a special way; -1 for one that the
+    // list does not have.
     void SetPaintedColumns(int nBalance, int nTag, int nCleared);
 
 private:
     struct Cell;
 
-    // Of a row; -1 for all of them.
+    // Has the left end of a row painted again; of all rows for -1.
     void InvalidateLeftEnd(int nRow);
     void DrawEmptyArea(VDrawingSurface& surface);
     void DrawShading(VDrawingSurface& surface, int nTop, int nFirstStrip, int nRowHeight);

@@ -47,13 +47,15 @@ LRESULT QMRegisterList::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPA
 {
     const LRESULT lResult = QMGridList::DefaultProc(hWnd, uMessage, wParam, lParam);
     if (uMessage == LVM_GETITEMA || uMessage == LVM_GETITEMW) {
-        // The control keeps no data for rows that it does not hold, and never asks for it.
+        // A list of the style LVS_OWNERDATA keeps no item data and does not ask for it. So the
+        // answer comes from the table.
         auto* pItem = reinterpret_cast<LVITEMA*>(lParam);
         if ((pItem->mask & LVIF_PARAM) != 0) {
             pItem->lParam = static_cast<LPARAM>(m_rows.GetDecoration(pItem->iItem));
         }
     } else if (uMessage == WM_NOTIFY) {
-        // Not every system's list hands this on, and only now is the new width in force.
+        // The list of Wine 8 does not pass HDN_ITEMCHANGED on to its parent. Here it is caught on
+        // the way to the list. The new width is in force by now.
         const UINT uCode = reinterpret_cast<NMHDR*>(lParam)->code;
         if (uCode == HDN_ITEMCHANGEDA || uCode == HDN_ITEMCHANGEDW) {
             SendMessageA(GetParent(), WM_NOTIFY, wParam, lParam);
@@ -105,7 +107,7 @@ void QMRegisterList::AdjustFillerColumn()
     if (m_pColumns == nullptr || m_bChangesColumns) {
         return;
     }
-    // The rows are all there by now, in the table.
+    // The model has put all rows into the table by now, so the control can be told their number.
     if (GetItemCount() != m_rows.GetRowCount()) {
         SetItemCount(m_rows.GetRowCount());
     }
@@ -141,8 +143,9 @@ int QMRegisterList::WidestText(int nColumn, const int (&anWidths)[256]) const
 
 void QMRegisterList::AutoSizeAll()
 {
-    // A list without rows of its own measures no more than what is on the screen.
-    constexpr int nMargins = 12; // left and right of a text, as the control keeps them
+    // LVSCW_AUTOSIZE would measure only the rows on the screen, because a list of this style has no
+    // texts of its own. So the texts are measured here.
+    constexpr int nMargins = 12; // left and right of a text together, as the control leaves them
     VClientSurface surface(GetHandle());
     const VSelectScope font(surface, reinterpret_cast<HGDIOBJ>(Send(WM_GETFONT)));
     int anWidths[256];
@@ -182,8 +185,9 @@ bool QMRegisterList::InsertRow(int32_t lRow)
 
 void QMRegisterList::DeleteRows(const int32_t* pRows, int32_t lCount)
 {
-    // At once, whatever their number: the control would tell of each by itself. As behind a single
-    // deletion, the focus is then on the row that followed, and nothing is selected.
+    // The control would send notifications for each single deletion, so it is told only the new
+    // number of rows. As after a single deletion, the focus is then on the row that followed, and
+    // nothing is selected.
     SetItemState(-1, 0, LVIS_SELECTED);
     m_rows.DeleteRows(pRows, lCount);
     SetItemCount(m_rows.GetRowCount());

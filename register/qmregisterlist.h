@@ -1,5 +1,6 @@
-// QMRegisterList: the register's grid. It holds no rows itself: the model fills a table, and the
-// control asks for what is visible, so a long account costs no more to show than a short one.
+// QMRegisterList: the list of a register. It is a list of the style LVS_OWNERDATA: the model fills
+// a table with the rows, and the control asks for the texts that are visible. So a long account is
+// shown as fast as a short one.
 #pragma once
 
 #include "register/qmgridlist.h"
@@ -8,7 +9,8 @@
 class QMRegisterList : public QMGridList, public QMRowList
 {
 public:
-    // Makes the control as a child; false when it or its pictures cannot be had.
+    // Makes the control as a child of parent. Returns false when the control or its pictures cannot
+    // be made.
     bool CreateList(VWindow& parent, UINT uId);
 
     bool OnCreate() override;
@@ -36,28 +38,28 @@ public:
     void SetLineFlag(uint32_t uBit, bool bOn) override { QMGridList::SetLineFlag(uBit, bOn); }
     void Repaint() override { Invalidate(); }
 
-    // The row with the focus; -1 for none.
+    // The row that has the focus; -1 for none.
     int32_t GetFocusedRow() const { return GetNextItem(-1, LVNI_FOCUSED); }
 
-    // Sizes each column to its contents where a text is wider than the heading, else to the
-    // heading.
+    // Sizes each column to its widest text, or to its heading where that is wider.
     void AutoSizeAll();
 
-    // Takes over the widths to which the user dragged the columns, into table and header. True when
-    // any was new.
+    // Copies the widths to which the user dragged the columns into the table and the header.
+    // Returns whether any has changed.
     bool TakeOverWidths(QMColumnTable& columns, QMAccountHeader& header) const;
 
 private:
     void SetHeadingPicture(int nColumn, const VBitmap& picture);
     void MarkChanged();
-    // In pixels, in the list's font: anWidths holds those of its characters.
+    // The width of the column's widest text in pixels. anWidths holds the widths of the 256
+    // characters in the list's font.
     int WidestText(int nColumn, const int (&anWidths)[256]) const;
 
     QMRowTable m_rows;
     VBitmap m_headingCleared;
     VBitmap m_headingTag;
-    const QMColumnTable* m_pColumns = nullptr; // of the last RebuildColumns
-    bool m_bChangesColumns = false;            // the widths at hand are not the user's
-    bool m_bChanged = false;                   // to be painted anew
-    char m_szText[QM_FIELD_TEXT_SIZE] = {};    // of the cell that was asked for last
+    const QMColumnTable* m_pColumns = nullptr; // those of the last RebuildColumns
+    bool m_bChangesColumns = false;            // the program, not the user, is changing the columns
+    bool m_bChanged = false;                   // the list must be painted again
+    char m_szText[QM_FIELD_TEXT_SIZE] = {}; // the text of the cell that the control asked for last
 };

@@ -7,7 +7,8 @@ namespace {
 constexpr const char* aWeekdays[7] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                       "Thursday", "Friday", "Saturday"};
 
-// The columns that show a field as it is; debit and credit share theirs by the type's side.
+// The columns that show a field as it is. Debit and Credit both show the amount; the type decides
+// which.
 constexpr struct
 {
     QMColumn column;
@@ -23,7 +24,7 @@ constexpr struct
 
 } // namespace
 
-// One run of RefreshRows: which columns it writes, and the writing of one row.
+// One run of RefreshRows. It knows which columns are written, and writes a row.
 class QMRegisterModel::Refresh
 {
 public:
@@ -98,7 +99,8 @@ private:
     }
 
     QMRowList& m_rows;
-    int32_t m_aIndex[QM_ENTRY_FILLER]; // list index of each column written, -1 for the others
+    int32_t
+        m_aIndex[QM_ENTRY_FILLER]; // list index of each column that is written; -1 for the others
     char m_szText[QM_FIELD_TEXT_SIZE];
 };
 
@@ -267,7 +269,7 @@ void QMRegisterModel::UpdateStatusBar(bool bClear, const QMDate& dtToday,
         }
         return;
     }
-    // A sum takes at most 309 digits.
+    // A double has at most 309 digits before its point, so the text fits.
     char szText[400];
     const int32_t lSelected = m_rows.GetSelectedCount();
     if (lSelected > 1) {

@@ -1,5 +1,5 @@
-// QMRegisterModel: what the register of one account shows: its rows with their running balance, the
-// display period, the selection's place in the store, and the texts of the status bar.
+// QMRegisterModel: what the register of one account shows: the rows with their running balance, the
+// display period, the row with the focus, and the texts of the status bar.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 #include "register/qmcolumntable.h"
 #include "register/qmrowlist.h"
 
-// The four panes of the status bar that belong to the register on top, numbered from 1.
+// The four panes of the status bar that show the active register. They are numbered from 1.
 class QMStatusPanes
 {
 public:
@@ -18,69 +18,72 @@ public:
     virtual void SetPaneText(int nPane, const char* szText) = 0;
 };
 
-// The store is in date order and a period is one range of dates, so the transactions shown are one
-// stretch of the store: row r of the list is store position GetFirstShown() + r, and nothing else
-// links a row to a transaction.
+// The store is in date order and a period is one range of dates, so the transactions that are shown
+// are one unbroken part of the store. Row r of the list is store position GetFirstShown() + r.
+// Nothing else links a row to a transaction.
 class QMRegisterModel
 {
 public:
-    // Both must outlive the model.
+    // The document and the rows must live longer than the model.
     QMRegisterModel(QMDocument& document, QMRowList& rows) : m_document(document), m_rows(rows) {}
 
-    // Makes the list's rows anew, empty, and with bWithColumns its columns from the header. False
-    // without an account or when the list fails.
+    // Makes the list's rows anew, without texts. With bWithColumns the columns are made anew from
+    // the header too. Returns false when there is no account or the list fails.
     bool RebuildRows(bool bWithColumns);
 
-    // Computes the sums and fills the rows from a store position on, in the visible columns of the
-    // mask; a row's decoration word is replaced whole, by those of its columns in the mask alone.
-    // The sums always start from the first transaction. False without an account, when the store
-    // has transactions but not that position, or when the list fails.
+    // Computes the sums of the whole store and writes the rows from a store position on, in those
+    // visible columns that are in the mask. Returns false when there is no account, when the store
+    // is not empty and has no such position, and when the list fails.
+    //
+    // Kept: the decoration word of a row is replaced as a whole. Columns that are not in the mask
+    // lose their colour and marks until they are refreshed again.
     bool RefreshRows(int32_t lFromPosition, uint32_t uColumnMask, bool bRepaint);
 
-    // Selects one row and sets the store's cursor on its transaction; false when there is no such
-    // row.
+    // Selects one row and sets the store's cursor on its transaction. Returns false when there is
+    // no such row.
     bool SelectRow(int32_t lRow);
 
-    // Takes over the row that has the list's focus (-1 for none) and, for a row, sets the store's
-    // cursor on it. True when it is another one than before.
+    // Notes which row has the focus (-1 for none) and sets the store's cursor on its transaction.
+    // Returns whether it is another row than before.
     bool SetFocusRow(int32_t lRow);
 
-    // Sets the display period and marks the document modified if that changed it. For
-    // QM_ACCNT_DISPLAY_ALL the dates come back as those of the first and the last transaction, or
-    // 1 January 2000 twice for an empty store; the header takes the same. bReload fills the list
-    // anew and selects its last row.
+    // Sets the display period, and marks the document as modified if that changes it. For
+    // QM_ACCNT_DISPLAY_ALL both dates are set to those of the first and of the last transaction; in
+    // an empty store both are 1 January 2000. They go into the header too. With bReload the list is
+    // filled again and its last row is selected.
     void SetPeriod(uint32_t uSelection, QMDate& dtFrom, QMDate& dtTo, bool bReload);
 
-    // Whether the display period applies at all; the header's stays as it is.
+    // Sets whether the display period applies at all. The header keeps its period.
     void SetPeriodFilter(bool bEnabled, bool bReload);
 
-    // Fills list and columns anew and selects the last row, as a window coming up does. False when
-    // the list fails.
+    // Fills the list and its columns and selects the last row, as for a new window. Returns false
+    // when the list fails.
     bool ShowAll();
 
-    // Gives the panes the texts for the present selection and sums, and for dtToday; bClear
-    // empties them.
+    // Gives the panes the texts for the present selection and sums, and for the day dtToday. bClear
+    // empties the panes instead.
     void UpdateStatusBar(bool bClear, const QMDate& dtToday, QMStatusPanes& panes) const;
 
-    // dAvailable or dBalance of the last refresh: with all transactions that are not voided, or
-    // with the cleared ones alone.
+    // The sum of the last refresh. dAvailable counts every transaction that is not voided; dBalance
+    // counts only those of them that are cleared.
     double GetBalance(bool bAvailable) const { return bAvailable ? m_dAvailable : m_dBalance; }
 
-    // Whether the period, where it applies, has room for a date.
+    // Whether a transaction of that date is shown: it is in the period, or the period does not
+    // apply.
     bool IsDateShown(const QMDate& date) const;
 
-    // Store position of the first transaction that has a row; 0 when none has.
+    // The store position of the first transaction that has a row; 0 when none has.
     int32_t GetFirstShown() const { return m_lFirstShown; }
     int32_t GetRowCount() const { return m_rows.GetRowCount(); }
     bool HasSelection() const { return m_rows.GetSelectedCount() > 0; }
-    // -1 when nothing is selected.
+    // The row with the focus; -1 when nothing is selected.
     int32_t GetFocusRow() const { return HasSelection() ? m_lFocusRow : -1; }
-    // The row that had the focus last, selected or not; -1 for none.
+    // The row that had the focus last, whether it is selected or not; -1 for none.
     int32_t GetStoredFocusRow() const { return m_lFocusRow; }
     const QMColumnTable& GetColumns() const { return m_columns; }
     QMColumnTable& GetColumns() { return m_columns; }
 
-    // Option: the balance column counts what is not cleared, too.
+    // An option of the program: the balance column also counts transactions that are not cleared.
     void SetIncludeUncleared(bool bInclude) { m_bIncludeUncleared = bInclude; }
 
 private:

@@ -5,17 +5,17 @@
 
 namespace {
 
-// Earlier texts that the dialog's lists offer at the most.
+// The most earlier texts that each list of the dialog offers.
 constexpr int32_t lEditListLimit = 50;
 
-// What a toggled tag shows in.
+// The columns that a tag changes.
 constexpr uint32_t uTagColumns = QM_COLUMN_BALANCE | QM_COLUMN_TAG | QM_COLUMN_CLEARED;
 
 constexpr char szNumberInUse[] = "Check number already in use.\nWould you like to continue?";
 constexpr char szRemoveOne[] = "Are you sure you want to remove this transaction?";
 constexpr char szRemoveMany[] = "Are you sure you want to remove these transactions?";
 
-// Tax and expense are for money that the user pays out at will.
+// Whether a type can be tagged as tax or expense: only one by which the user pays.
 bool CanBeDeducted(int32_t lType)
 {
     return lType == QM_TRANS_CHECK || lType == QM_TRANS_DIRECT_DEBIT ||
@@ -33,7 +33,7 @@ std::unique_ptr<T[]> MakeArray(int32_t lCount)
     return std::unique_ptr<T[]>(new (std::nothrow) T[static_cast<size_t>(lCount)]());
 }
 
-// Flips a flag of the header and returns it.
+// Changes a flag of the header from 0 to 1 or back, and returns it.
 bool Flip(uint8_t& bFlag)
 {
     bFlag = bFlag == 0 ? 1 : 0;
@@ -108,8 +108,8 @@ bool QMRegisterOperations::AddFromDialog(QMTransaction& entry)
     if (m_model.IsDateShown(entry.dtDate) &&
         m_rows.InsertRow(lPosition - m_model.GetFirstShown())) {
         m_model.RefreshRows(lPosition, QM_COLUMN_ALL, false);
-        // By position, not by row: in a period that begins later the selection lands below the new
-        // row or stays. Users of periods know it so.
+        // Kept: the store position is used as a row number. In a period that begins later, a row
+        // further down is selected, or none. Users of periods know it so.
         m_model.SelectRow(lPosition);
     }
     const QMDate dtDate = entry.dtDate;
@@ -177,7 +177,8 @@ void QMRegisterOperations::StoreEntries(int32_t lCount, const QMTransaction* pEn
                                         const uintptr_t* pPositions)
 {
     QMTransactionStore& store = *GetStore();
-    // All go in by position first, so that none moves in between.
+    // All entries are replaced first and sorted once at the end: a sort in between would change the
+    // positions of the others.
     for (int32_t i = 0; i < lCount; ++i) {
         store.MoveTo(static_cast<int32_t>(pPositions[i]));
         store.ReplaceCurrent(pEntries[i], false);
@@ -214,10 +215,10 @@ bool QMRegisterOperations::RemoveSelection(int32_t lCount)
     if (lCount == 0 || pRows == nullptr) {
         return false;
     }
-    // From the last to the first. Each search goes on from the position before, where a row is
-    // meant: in a period that begins later selected rows are skipped, and past the last of them
-    // comes the transaction in front of the period. The register has always removed so, and an
-    // account must come out the same with every version.
+    // Kept: each search starts from the last store position, where the row number is meant. In a
+    // period that begins later, it passes over selected rows; and when it finds no more, -1 stands
+    // for the transaction before the period. The register has always removed so, and an account
+    // must come out the same from every version.
     int32_t lPosition = -1;
     for (int32_t i = lCount; i-- > 0;) {
         const int32_t lRow = m_rows.GetNextSelected(lPosition);
@@ -231,8 +232,9 @@ bool QMRegisterOperations::RemoveSelection(int32_t lCount)
     }
     m_rows.DeleteRows(pRows.get(), lCount);
     const int32_t lRow = lLeftAt - lFirstShown;
-    // A row number is refreshed from, where a position is meant, and nothing at all behind the
-    // first row: the balances below it stay as they were until something else refreshes them.
+    // Kept: RefreshRows gets a row number where it expects a store position, and is not called at
+    // all when the first row was removed. The balances further down then stay as they were until
+    // something else refreshes them.
     if (!store.IsEmpty() && lRow > 0) {
         m_model.RefreshRows(lRow, QM_COLUMN_ALL, false);
         m_model.SelectRow(lRow);
@@ -276,7 +278,8 @@ void QMRegisterOperations::ToggleTagOfRow(uint32_t uTag, int32_t lRow)
                  "amount of $0.00.",
                  lRow + 1);
         m_view.Tell(szText);
-        // The user's answer may have taken its time: back to the transaction.
+        // While the box was open, something may have moved the store's cursor. Go back to the
+        // transaction.
         store.MoveTo(m_model.GetFirstShown() + lRow);
     } else if (transaction.HasFlag(uTag)) {
         transaction.lFlags &= ~uTag;
@@ -307,8 +310,9 @@ bool QMRegisterOperations::CanToggleTag(uint32_t uTag)
         if (lNext < 0) {
             return true;
         }
-        // In a period that begins later this steps too far, and the command goes by the wrong
-        // transactions from the second row on. Toggling itself tests nothing.
+        // Kept: in a period that begins later this goes too far, so the transactions tested after
+        // the first are not the selected ones. Only whether the command is offered depends on it:
+        // ToggleTag tests nothing.
         pStore->Next(m_model.GetFirstShown() + lNext - lRow);
         lRow = lNext;
     }

@@ -1,4 +1,4 @@
-// QMRegisterOperations: what the user can do to an account in its register, apart from its windows.
+// QMRegisterOperations: what the user can do to an account in its register, without windows.
 #pragma once
 
 #include <memory>
@@ -6,27 +6,27 @@
 #include "entry/qmtransactiondialogargs.h"
 #include "register/qmregistermodel.h"
 
-// Where the operations meet the user.
+// What the operations need of the window: questions, messages and the dialog.
 class QMRegisterView
 {
 public:
     virtual ~QMRegisterView() = default;
 
-    // A question with Yes and No; true for Yes.
+    // Asks a question with Yes and No. Returns true for Yes.
     virtual bool Ask(const char* szQuestion) = 0;
     virtual void Tell(const char* szText) = 0;
-    // True when the dialog ended with OK.
+    // Returns true when the user left the dialog with OK.
     virtual bool RunTransactionDialog(QMTransactionDialogArgs& args) = 0;
-    // The status bar shows the selection and the sums as they are now.
+    // Brings the status bar up to date with the selection and the sums.
     virtual void UpdateStatusBar() = 0;
 };
 
-// The tags that a command toggles are those of QMTransaction. Operations return false for lack of
-// memory, of an account or of what they are to work on; what was done until then stays.
+// Tags are those of QMTransaction::SetTag. The operations return false when memory ran out, when
+// there is no account, and when there is nothing to work on. What was done before that stays done.
 class QMRegisterOperations
 {
 public:
-    // All must outlive this object.
+    // All four must live longer than this object.
     QMRegisterOperations(QMDocument& document, QMRowList& rows, QMRegisterModel& model,
                          QMRegisterView& view)
         : m_document(document), m_rows(rows), m_model(model), m_view(view)
@@ -35,28 +35,29 @@ public:
     void SetConfirmRemove(bool bConfirm) { m_bConfirmRemove = bConfirm; }
     void SetSortEditLists(bool bSort) { m_bSortEditLists = bSort; }
 
-    // Takes entry after entry from the dialog.
+    // Runs the dialog, in which the user adds one transaction after another.
     bool AddTransaction();
 
-    // Adds one entry of the dialog and makes it the next one to type: a check of the same date with
-    // the next number. False when its check number is in use and the user thinks better of it.
+    // Adds an entry to the account. entry then becomes the next one to type: a check of the same
+    // date with the next number. Returns false when the check number is in use and the user answers
+    // No.
     bool AddFromDialog(QMTransaction& entry);
 
-    // Lets the user change the selected transactions; true without a selection, too.
+    // Runs the dialog for the selected transactions. Returns true when nothing is selected, too.
     bool EditTransactions();
 
-    // Removes the selected transactions, after a question if that is asked for. A No counts as
-    // done.
+    // Removes the selected transactions, after a question if the option says so. The answer No
+    // returns true.
     bool RemoveTransactions();
 
-    // Toggles a tag (QM_TRANS_FLAG_) of the selected transactions.
+    // Toggles a tag (a QM_TRANS_FLAG_ bit) of each selected transaction.
     bool ToggleTag(uint32_t uTag);
-    // Whether the command for a tag is offered for the present selection.
+    // Whether the menu offers the tag for the present selection.
     bool CanToggleTag(uint32_t uTag);
 
     void ToggleGridLines();
     void ToggleShadedLines();
-    // By its bit in a column mask.
+    // Shows or hides the column of that mask bit.
     void ToggleColumn(uint32_t uColumn);
 
 private:

@@ -14,7 +14,7 @@ namespace {
 
 constexpr UINT uListId = 100;
 
-// Hands the register's texts to the panes of the frame's status bar.
+// Passes the register's texts on to the panes of the frame's status bar.
 class FramePanes : public QMStatusPanes
 {
 public:
@@ -74,8 +74,8 @@ bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullNam
     if (!CreateChild(frame, szTitle, rect, uStyle, hMenu, hWindowMenu, hAccelerators)) {
         return false;
     }
-    // A document that comes up maximized has its title in the frame's caption only once it is set
-    // anew, on some systems.
+    // Wine 8 does not put the title of a document that comes up maximized into the frame's caption
+    // until the title is set again.
     SetText(szTitle);
     return true;
 }
@@ -117,7 +117,7 @@ void QMRegisterWindow::SetFont(const LOGFONTA& font, COLORREF crText)
     if (pHeader == nullptr || (IsSameFont(font, present) && crText == pHeader->lFontColor)) {
         return;
     }
-    VFont old; // in use until the list has the new one
+    VFont old; // the list uses it until it has the new one
     old.Attach(m_font.Release());
     m_font.Attach(CreateFontIndirectA(&font));
     QMSetHeaderFont(*pHeader, QMDescribeFont(font, VDisplayDotsPerInch()));
@@ -132,7 +132,7 @@ LRESULT QMRegisterWindow::OnSize(UINT /*uType*/, int nWidth, int nHeight)
         m_list.Move({0, 0, nWidth, nHeight});
         m_list.AdjustFillerColumn();
     }
-    // The MDI default keeps the frame's caption and buttons in step.
+    // DefMDIChildProc must see the message too: it keeps the frame's caption and buttons right.
     return V_NOT_HANDLED;
 }
 

@@ -1,4 +1,4 @@
-// QMRegisterWindow: the document window that shows one account's register.
+// QMRegisterWindow: the MDI child window that shows the register of one account.
 #pragma once
 
 #include "account/qmdocument.h"
@@ -6,7 +6,7 @@
 #include "register/qmregisteroperations.h"
 #include "toolkit/vmdichildwindow.h"
 
-// What the frame hands to every register.
+// What the frame gives to every register.
 struct QMRegisterOptions
 {
     COLORREF crBalancePositive;
@@ -14,7 +14,7 @@ struct QMRegisterOptions
     bool bConfirmRemove;
     bool bIncludeUncleared;
     bool bSortEditLists;
-    bool bPeriodFilter; // the Transactions Bar shows
+    bool bPeriodFilter; // true while the Transactions Bar is shown
 };
 
 class QMRegisterWindow : public VMDIChildWindow, private QMRegisterView
@@ -32,9 +32,10 @@ public:
     LRESULT OnNotify(UINT uId, NMHDR* pHeader) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
 
-    // Reads the account of that name, or starts a new one, and makes the window; a password is
-    // asked for. False when the file does not read or the password was not given; the file then
-    // stays open and locked as long as this object lives.
+    // Reads the account of that name, or starts a new one, asks for its password, and makes the
+    // window. Returns false when the file cannot be read or the password was not given.
+    //
+    // Kept: after such a failure the file stays open and locked for as long as this object lives.
     bool LoadAccount(VMDIFrameWindow& frame, const char* szFullName, bool bIsNew,
                      const char* szTitle, const VRect& rect, DWORD uStyle, HMENU hMenu,
                      HMENU hWindowMenu, HACCEL hAccelerators);
@@ -45,40 +46,40 @@ public:
     QMDocument& GetDocument() { return m_document; }
     QMRegisterOperations& GetOperations() { return m_operations; }
     bool HasSelection() const { return m_model.HasSelection(); }
-    // Of the account, which an open window has.
+    // The header of the account. Only an open window has one.
     const QMAccountHeader& GetHeader() const { return m_document.GetAccount()->header; }
     const VString& GetFileName() const { return m_document.GetFileName(); }
 
-    // Gives the register another font and text colour, which go into the account's header; nothing
-    // happens when both are what it has.
+    // Gives the register another font and text colour, and puts both into the account's header.
+    // Does nothing when the register has both already.
     void SetFont(const LOGFONTA& font, COLORREF crText);
 
-    // Saves under another name, in the format of that version word, and shows what was written. On
-    // false nothing is changed.
+    // Saves the account under another name, in the format version lVersion, and shows what was
+    // written. On false nothing has changed.
     bool SaveAs(const char* szFullName, int32_t lVersion);
 
-    // Runs the dialog that sets, changes or removes the account's password.
+    // Runs the dialog that sets, changes or removes the password of the account.
     void SetPassword();
 
-    // Shows all transactions, or those of the account's period alone.
+    // Shows all transactions, or only those of the account's period.
     void SetPeriodFilter(bool bEnabled);
-    // As QMRegisterModel's.
+    // See QMRegisterModel::SetPeriod.
     void SetPeriod(uint32_t uSelection, QMDate& dtFrom, QMDate& dtTo, bool bReload);
 
-    // Sizes each column to its longest text or its heading.
+    // Sizes each column to its widest text or its heading.
     void AutoSizeColumns() { m_list.AutoSizeAll(); }
 
-    // Takes over the transactions that an import review marked; their number, or -1 for lack of
-    // memory.
+    // Merges the transactions that an import review has marked into the account. Returns their
+    // number; -1 when memory ran out.
     int32_t MergeMarked(QMTransactionStore& from);
 
-    // What the frame's command for an account in read-only mode says.
+    // The sentence of every command that a read-only account refuses.
     static constexpr char szReadOnly[] = "This command cannot be performed in read-only mode.";
 
     void UpdateStatusBar(bool bClear);
 
 private:
-    // The document, whose title is the window's.
+    // The document. Its title is the caption of the window.
     class Document : public QMDocument
     {
     public:
@@ -98,7 +99,8 @@ private:
     bool RunTransactionDialog(QMTransactionDialogArgs& args) override;
     void UpdateStatusBar() override { UpdateStatusBar(false); }
 
-    // Of several registers, only the one on top speaks through the frame's bars.
+    // Whether this register is the active one. Only the active register may write to the frame's
+    // bars.
     bool IsOnTop() const;
     bool AskForPassword(const VWindow& owner);
     bool AskToSave();
@@ -114,5 +116,5 @@ private:
     QMRegisterModel m_model;
     QMRegisterOperations m_operations;
     VFont m_font;
-    bool m_bReady = false; // the list stands
+    bool m_bReady = false; // the list has been made
 };

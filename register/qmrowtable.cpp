@@ -117,7 +117,7 @@ uint32_t QMRowTable::Allocate(size_t uSize)
         if (pBlock == nullptr || m_apBlocks.size() >= (UINT32_MAX >> uBlockBits)) {
             return uNoText;
         }
-        // Place 0 stands for no text.
+        // Place 0 means that a cell has no text, so the first block begins with unit 1.
         m_uNextUnit = m_apBlocks.empty() ? 1 : 0;
         m_apBlocks.push_back(std::move(pBlock));
     }

@@ -1,4 +1,4 @@
-// QMRowTable: rows of texts in memory, stored densely enough for a million of them.
+// QMRowTable: rows of texts in memory, compact enough for a million of them.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 #include "register/qmrowlist.h"
 
-// Every text lies in one of a few large blocks of memory, so a row costs no allocation of its own.
-// A text written again takes the old one's place if it fits.
+// The texts lie in a few large blocks of memory, so a row needs no allocation of its own. A text
+// that is written again takes the place of the old one if it fits there.
 class QMRowTable : public QMRowList
 {
 public:
@@ -22,7 +22,8 @@ public:
     bool InsertRow(int32_t lRow) override;
     void DeleteRows(const int32_t* pRows, int32_t lCount) override;
     int32_t GetRowCount() const override { return static_cast<int32_t>(m_aDecorations.size()); }
-    // False outside the table, for a text above 65535 bytes, and without memory.
+    // Returns false for a cell outside the table, for a text of more than 65535 bytes, and when
+    // memory ran out.
     bool SetCellText(int32_t lRow, int32_t lColumn, std::string_view text) override;
     bool SetDecoration(int32_t lRow, uint32_t uDecoration) override;
 
@@ -36,15 +37,15 @@ public:
     void Repaint() override {}
 
     int32_t GetColumnCount() const { return m_lColumns; }
-    // Valid until the table changes; empty outside it.
+    // The text of a cell, valid until the table changes; empty outside the table.
     std::string_view GetCellText(int32_t lRow, int32_t lColumn) const;
-    // 0 outside the table.
+    // The decoration word of a row; 0 outside the table.
     uint32_t GetDecoration(int32_t lRow) const;
-    // -1 for none.
+    // The selected row; -1 for none.
     int32_t GetSelectedRow() const { return m_lSelected; }
 
 private:
-    // In front of each text.
+    // Stored before each text.
     struct Extent
     {
         uint16_t uRoom;
@@ -59,7 +60,8 @@ private:
     char* At(uint32_t uPlace) const;
     uint32_t Allocate(size_t uSize);
 
-    // A text's place: the block in the upper part, the offset in units of uUnit in the lower.
+    // Where a text is: the upper bits hold the number of the block, the lower ones the offset in
+    // it, in units of uUnit bytes.
     static constexpr uint32_t uUnit = 8;
     static constexpr uint32_t uBlockBits = 17;
     static constexpr uint32_t uUnitsPerBlock = 1U << uBlockBits;
@@ -67,8 +69,8 @@ private:
 
     int32_t m_lColumns = 0;
     int32_t m_lSelected = -1;
-    std::vector<uint32_t> m_aCells; // places, row by row
+    std::vector<uint32_t> m_aCells; // the places of the texts, row by row
     std::vector<uint8_t> m_aDecorations;
     std::vector<std::unique_ptr<char[]>> m_apBlocks;
-    uint32_t m_uNextUnit = 0; // in the last block
+    uint32_t m_uNextUnit = 0; // the next free unit of the last block
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Pixels in the bar; the list's height takes in what drops down.
+// Places in the bar, in pixels. The height of the list includes the part that drops down.
 constexpr VRect listPlace = {0, 0, 96, 100};
 constexpr VRect fromLabelPlace = {106, 1, 138, 20};
 constexpr VRect fromPlace = {140, 1, 225, 20};
@@ -17,7 +17,7 @@ constexpr VRect toPlace = {247, 1, 331, 20};
 
 constexpr int anDateControls[] = {IDC_TB_FROMLABEL, IDC_TB_FROM, IDC_TB_TOLABEL, IDC_TB_TO};
 
-// By universal time: near midnight it may be another day here.
+// Kept: today by universal time. Near midnight it can be another day than on the user's clock.
 QMDate UniversalToday()
 {
     SYSTEMTIME time;
@@ -138,7 +138,8 @@ LRESULT QMTBTrans::OnCommand(UINT uNotifyCode, UINT uId, HWND /*hControl*/)
 LRESULT QMTBTrans::OnNotify(UINT uId, NMHDR* pHeader)
 {
     if (pHeader->code == DTN_DATETIMECHANGE) {
-        // A range that ends before it starts goes on as it is: it shows no transactions.
+        // Kept: a range whose end is before its beginning is passed on as it is. The register then
+        // shows no transactions.
         TellOwner(uId);
         return 0;
     }

@@ -1,5 +1,5 @@
-// QMTBTrans: the Transactions Bar, where the user picks the display period of the register on top.
-// It shows that account's period; the account keeps it.
+// QMTBTrans: the Transactions Bar, in which the user chooses the display period of the active
+// register. The bar only shows the period; the account stores it.
 #pragma once
 
 #include "account/qmdate.h"
@@ -9,25 +9,27 @@
 class QMTBTrans : public VWindow
 {
 public:
-    static constexpr int nWidth = 332; // pixels
+    static constexpr int nWidth = 332; // in pixels
     static constexpr int nHeight = 22;
 
-    // Makes the bar as a child of parent, on "All". The owner gets the command IDC_TB_PERIOD,
-    // IDC_TB_FROM or IDC_TB_TO after each change by the user.
+    // Makes the bar as a child of parent, with "All" selected. After each change by the user the
+    // bar sends the owner WM_COMMAND with IDC_TB_PERIOD, IDC_TB_FROM or IDC_TB_TO.
     bool CreateBar(VWindow& parent, VWindow& owner, UINT uId);
 
-    // The period on show: QM_ACCNT_DISPLAY_.
+    // The selected period, one of QM_ACCNT_DISPLAY_.
     int32_t GetSelection() const { return m_list.GetSelection(); }
-    // bNotify acts as if the user had chosen it. A value that is no period changes nothing.
+    // Selects a period; a value that is no period changes nothing. bNotify has the same effects as
+    // a choice by the user.
     void SetSelection(int32_t lSelection, bool bNotify);
 
     void GetDates(QMDate& dtFrom, QMDate& dtTo) const;
     void SetDates(const QMDate& dtFrom, const QMDate& dtTo);
 
-    // The dates can be changed for a range of dates alone.
+    // Enables the two dates for QM_ACCNT_DISPLAY_DATE_RANGE, and disables them for every other
+    // period.
     void UpdateDateControls();
 
-    // Moves the focus inside the bar for the Tab key.
+    // Moves the focus within the bar for the Tab key. The frame is no dialog, so Windows does not.
     bool PreTranslate(MSG& message) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
