@@ -1,4 +1,5 @@
-// VPageSetupDialog: margins and paper, and the system's dialog to set them up.
+// VPageSetupDialog: the margins and the paper, and the dialog of Windows in which the user sets
+// them.
 #pragma once
 
 #include "toolkit/vcommondialog.h"
@@ -6,25 +7,24 @@
 class VPageSetupDialog : public VCommonDialog
 {
 public:
-    // The window ends here, while the operations of this class still are the object's.
     ~VPageSetupDialog() override { Detach(); }
 
-    // Shows the dialog; true on OK, and nothing changes otherwise. Flags are the system's
-    // (PSD_...); PSD_INTHOUSANDTHSOFINCHES is the unit in which this object's values are meant, and
+    // Shows the dialog. Returns true on OK; otherwise nothing has changed. uFlags are those of
+    // PAGESETUPDLG. PSD_INTHOUSANDTHSOFINCHES is the unit of this object's values.
     // PSD_DISABLEMARGINS keeps the margins as they are.
     bool Run(HWND hOwner, DWORD uFlags);
 
-    // Thousandths of an inch; all four sides zero stand for margins that are not set, for which the
-    // dialog proposes its own.
+    // The margins in thousandths of an inch. Four zeroes mean that no margins are set; the dialog
+    // then proposes its own.
     const VRect& GetMargins() const { return m_rcMargins; }
     void SetMargins(const VRect& rcMargins) { m_rcMargins = rcMargins; }
     const VRect& GetMinMargins() const { return m_rcMinMargins; }
     void SetMinMargins(const VRect& rcMinMargins) { m_rcMinMargins = rcMinMargins; }
-    // Of the sheet as it was last reported.
+    // The size of the sheet, as the dialog reported it last.
     const SIZE& GetPaperSize() const { return m_sizePaper; }
 
-    // Both handles are shared with the print dialog and are the print document's, whoever made
-    // them: neither is freed here.
+    // The handles belong to the print document, which shares them with the print dialog. This
+    // object never frees them.
     HGLOBAL GetDeviceMode() const { return m_hDevMode; }
     HGLOBAL GetDeviceNames() const { return m_hDevNames; }
     void SetDevice(HGLOBAL hDevMode, HGLOBAL hDevNames)
@@ -33,9 +33,9 @@ public:
         m_hDevNames = hDevNames;
     }
 
-    // ---- Virtual operation, behind those of VDialog.
+    // ---- Virtual operation, after those of VDialog.
 
-    // May change the record before the dialog is shown.
+    // Called before the dialog is shown. An override may change the record.
     virtual void OnBeforeShow(PAGESETUPDLGA& /*record*/) {}
 
 private:

@@ -10,7 +10,8 @@ WORD ToWord(int n)
     return static_cast<WORD>(std::clamp(n, 0, 0xFFFF));
 }
 
-// The copies and their order in a device mode, while the memory is locked.
+// The fields for copies and collation of a device mode. The memory is locked while this object
+// lives.
 class LockedCopies
 {
 public:
@@ -30,7 +31,7 @@ public:
         }
     }
 
-    // Null when there is no device mode, or one too short for the two fields.
+    // Null when there is no device mode, or when it is too short to have the two fields.
     DEVMODEA* Get() const { return m_pMode; }
 
 private:

@@ -1,5 +1,5 @@
-// VPrintDialog: the system's print dialog and its choice of a printer, with the values that both
-// read and leave. All page numbers count from 1.
+// VPrintDialog: the print dialog of Windows and its choice of a printer, with the values that both
+// take and return. Pages are counted from 1.
 #pragma once
 
 #include "toolkit/vcommondialog.h"
@@ -8,14 +8,13 @@
 class VPrintDialog : public VCommonDialog
 {
 public:
-    // The window ends here, while the operations of this class still are the object's.
     ~VPrintDialog() override { Detach(); }
 
-    // Shows the dialog, or the choice of a printer with bSetup; true on OK. Flags are the system's
-    // (PD_...). With PD_RETURNDEFAULT nothing is shown and the default printer is taken.
+    // Shows the dialog, or with bSetup the choice of a printer. Returns true on OK. uFlags are
+    // those of PRINTDLG. With PD_RETURNDEFAULT nothing is shown and the default printer is taken.
     bool Run(HWND hOwner, DWORD uFlags, bool bSetup = false);
 
-    // Both handles are the print document's, whoever made them: neither is freed here.
+    // The handles belong to the print document. This object never frees them.
     HGLOBAL GetDeviceMode() const { return m_hDevMode; }
     HGLOBAL GetDeviceNames() const { return m_hDevNames; }
     void SetDevice(HGLOBAL hDevMode, HGLOBAL hDevNames)
@@ -24,7 +23,7 @@ public:
         m_hDevNames = hDevNames;
     }
 
-    // Of the printer, where a run asked for one (PD_RETURNDC, PD_RETURNIC).
+    // The printer's surface, after a run with PD_RETURNDC or PD_RETURNIC.
     VDrawingSurface& GetSurface() { return m_surface; }
 
     int GetFirstPage() const { return m_nFirstPage; }
@@ -42,9 +41,9 @@ public:
     void SetCopies(int nCopies) { m_nCopies = nCopies; }
     void SetCollated(bool bCollate) { m_bCollate = bCollate; }
 
-    // ---- Virtual operation, behind those of VDialog.
+    // ---- Virtual operation, after those of VDialog.
 
-    // May change the record before the dialog is shown.
+    // Called before the dialog is shown. An override may change the record.
     virtual void OnBeforeShow(PRINTDLGA& /*record*/) {}
 
 private:

@@ -1,6 +1,6 @@
 #include "settings/qmrecentlist.h"
 
-// -1 for none.
+// The slot that holds the path; -1 when none does.
 int QMRecentList::Find(const char* szPath) const
 {
     for (int nSlot = 0; nSlot < QM_RECENT_COUNT; ++nSlot) {

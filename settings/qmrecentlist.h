@@ -1,20 +1,20 @@
-// QMRecentList: the files that were opened or saved, latest first, straight on the slots that hold
-// them: there is no copy in memory.
+// QMRecentList: the files that were opened or saved, the latest first. It works directly on the
+// slots that store them and keeps no copy in memory.
 #pragma once
 
 #include "base/vstring.h"
 
 inline constexpr int QM_RECENT_COUNT = 10;
-// The text of a free slot; those are the last ones.
+// The text of a free slot. Free slots come after all others.
 inline constexpr char QM_RECENT_EMPTY[] = "Empty";
 
-// Where the texts are kept. Slots count from 0.
+// Where the texts are stored. Slots are counted from 0.
 class QMRecentSlots
 {
 public:
     virtual ~QMRecentSlots() = default;
 
-    // False, with the text as it was, when the slot cannot be read.
+    // Reads a slot. Returns false, and leaves sText as it is, when the slot cannot be read.
     virtual bool Read(int nSlot, VString& sText) const = 0;
     virtual void Write(int nSlot, const char* szText) = 0;
 };
@@ -22,17 +22,17 @@ public:
 class QMRecentList
 {
 public:
-    // The slots must outlive the list.
+    // The slots must live longer than the list.
     explicit QMRecentList(QMRecentSlots& slots) : m_slots(slots) {}
 
-    // Puts a file on top: one that is there already moves up, a new one pushes the last out. What
-    // cannot be read is not moved.
+    // Puts a file at the top. A file that is in the list already moves up; a new one pushes out the
+    // last. A slot that cannot be read is not moved.
     void Add(const char* szPath);
 
-    // Takes a file out; the ones behind it move up.
+    // Removes a file. Those after it move up.
     void Remove(const char* szPath);
 
-    // How many slots in front hold files: the first free or missing one ends them.
+    // How many slots hold files. The first slot that is free or missing ends the count.
     int GetCount() const;
 
 private:

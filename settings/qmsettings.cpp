@@ -14,7 +14,8 @@ constexpr char szRecentKey[] = "Software\\Tarn Software\\Quillmark\\Recent File 
 
 constexpr char szFallbackDirectory[] = "C:\\Program Files\\Tarn Software\\Quillmark";
 
-// A stored -1 is the same as none.
+// VRegKey::ReadNumber returns the default for a missing value, so a stored -1 counts as missing
+// too.
 constexpr DWORD uMissing = static_cast<DWORD>(-1);
 
 void ReadOver(const VRegKey& key, const char* szName, DWORD& uValue)
@@ -90,7 +91,8 @@ void QMSettings::WriteDefaults()
     }
     VRegKey settings;
     if (settings.Create(szSettingsKey)) {
-        // In memory the current directory stays empty until a dialog sets it.
+        // Kept: only the registry gets this value. In memory the current directory stays empty
+        // until a file dialog sets it.
         settings.WriteText("Directory - Current", m_sInstallDirectory.GetText());
         settings.WriteText("Directory - Install", m_sInstallDirectory.GetText());
         settings.WriteNumber("Flags", m_uFlags);
@@ -165,7 +167,7 @@ void QMSettings::WritePosition(const int (&anNumbers)[4]) const
 
 VRect QMSettings::GetPosition() const
 {
-    // Far beyond any screen, and still safe to add up.
+    // Far outside any screen, and small enough that sums do not overflow.
     constexpr int nLimit = 100000;
     int anNumbers[4] = {};
     if (!ReadPosition(anNumbers)) {

@@ -1,5 +1,6 @@
-// What the program remembers between runs, in the current user's branch of the registry. Each value
-// is written at the moment it changes; no failure is ever reported.
+// QMSettings: what the program remembers between runs, in the registry of the current user. Each
+// value is written when it changes. No failure is ever reported: without the registry, the values
+// in memory serve for this run.
 #pragma once
 
 #include <windows.h>
@@ -9,24 +10,24 @@
 #include "settings/qmrecentlist.h"
 #include "toolkit/vregkey.h"
 
-// The platform's headers give this name to a macro of theirs.
+// windows.h defines a macro of this name, which would rename the function below.
 #undef SetCurrentDirectory
 
-// Bits of Flags.
+// Bits of the value "Flags".
 inline constexpr DWORD QM_FLAG_FRAME_MAXIMIZED = 1;
 inline constexpr DWORD QM_FLAG_CHILD_MAXIMIZED = 2;
 inline constexpr DWORD QM_FLAG_TOOLBAR = 4;
 inline constexpr DWORD QM_FLAG_STATUS_BAR = 8;
 inline constexpr DWORD QM_FLAG_TRANSACTIONS_BAR = 16;
 
-// Bits of Options - General.
+// Bits of the value "Options - General".
 inline constexpr DWORD QM_OPTION_RELOAD_LAST_FILE = 1;
 inline constexpr DWORD QM_OPTION_CONFIRM_REMOVE = 2;
 inline constexpr DWORD QM_OPTION_SHOW_SPLASH = 4;
 inline constexpr DWORD QM_OPTION_INCLUDE_UNCLEARED = 8;
 inline constexpr DWORD QM_OPTION_SORT_EDIT_LISTS = 16;
 
-// The slots of the recent files in the registry. Without their key nothing is read or written.
+// The recent files in the registry. Without their key nothing is read and nothing is written.
 class QMRegistrySlots : public QMRecentSlots
 {
 public:
@@ -43,13 +44,15 @@ private:
 class QMSettings
 {
 public:
-    // Reads what is there over the defaults. True on the very first start: every default is then
-    // written, the directories taken from the program's own path.
+    // Reads the values that exist; the others keep their defaults. Returns true on the very first
+    // start. Every default is then written, and the directories are taken from the path of the
+    // program.
     bool Load();
 
     DWORD GetFlags() const { return m_uFlags; }
     void SetFlag(DWORD uFlag, bool bSet);
-    // The word as the registry has it now, if it is there, into memory.
+    // Reads "Flags" again from the registry into memory. Returns false when the value does not
+    // exist.
     bool ReloadFlags();
     void WriteFlags() const;
 
@@ -60,9 +63,11 @@ public:
     void SetCurrentDirectory(const char* szPath);
     const VString& GetInstallDirectory() const { return m_sInstallDirectory; }
 
-    // The frame's place when it is not maximized; empty when none is remembered.
+    // The place of the frame when it is not maximized, in pixels of the screen. Empty when none is
+    // stored.
     VRect GetPosition() const;
-    // Replace one half of the place that is remembered; where none is, nothing is made.
+    // Replace the left and top, or the width and height, of the stored place. When no place is
+    // stored, they do nothing.
     void WriteOrigin(int nLeft, int nTop) const;
     void WriteExtent(int nWidth, int nHeight) const;
 
@@ -74,7 +79,7 @@ private:
     DWORD m_uFlags = QM_FLAG_CHILD_MAXIMIZED | QM_FLAG_TOOLBAR | QM_FLAG_STATUS_BAR;
     DWORD m_uOptionsGeneral =
         QM_OPTION_RELOAD_LAST_FILE | QM_OPTION_CONFIRM_REMOVE | QM_OPTION_INCLUDE_UNCLEARED;
-    DWORD m_uOptionsPrinting = 3; // page numbers, bank name
+    DWORD m_uOptionsPrinting = 3; // bit 0: page numbers, bit 1: bank name
     COLORREF m_crBalancePositive = 8760651;
     COLORREF m_crBalanceNegative = 2638537;
     VString m_sCurrentDirectory;

@@ -8,13 +8,13 @@ namespace {
 
 constexpr int aPasswordEdits[] = {IDC_PW_CURRENT, IDC_PW_NEW, IDC_PW_NEWAGAIN};
 
-// The fields that the dialog has.
+// Prepares those of the three password fields that the dialog has.
 void PrepareEdits(VDialog& dialog)
 {
     for (const int nId : aPasswordEdits) {
         if (dialog.GetItem(nId) != nullptr) {
             dialog.LimitItemText(nId, QM_PASSWORD_LENGTH);
-            // Newer systems would show another sign of their own.
+            // With version 6 of the common controls, Windows would show a round bullet of its own.
             dialog.SendItem(nId, EM_SETPASSWORDCHAR, '*');
             dialog.SetItemText(nId, "");
         }
@@ -26,7 +26,7 @@ void ShowRefusal(HWND hDialog, const char* szSentence)
     MessageBox(hDialog, szSentence, MB_OK | MB_ICONINFORMATION);
 }
 
-// Tells of a wrong password; the third ends the dialog.
+// Says that the password is wrong, and ends the dialog at the third time.
 void Refuse(VDialog& dialog, const QMPasswordCheck& check, const char* szSentence)
 {
     ShowRefusal(dialog.GetHandle(), szSentence);
@@ -95,7 +95,7 @@ bool QMSetPasswordDialog::OnOK()
     if (!IsCurrentGiven() || !IsNewGiven()) {
         return false;
     }
-    // The second entry's form: the two may differ in case.
+    // Kept: the second entry is taken. The two may differ in case.
     m_strNew = GetItemText(IDC_PW_NEWAGAIN);
     return true;
 }

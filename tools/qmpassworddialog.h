@@ -1,4 +1,5 @@
-// The two dialogs for an account's password: asking for it, and setting it.
+// The two dialogs for the password of an account: QMPasswordDialog asks for it, QMSetPasswordDialog
+// sets it.
 #pragma once
 
 #include "toolkit/vdialog.h"
@@ -7,8 +8,9 @@
 class QMPasswordDialog : public VDialog
 {
 public:
-    // Asks for the password of what has that name (empty for no name). IDOK when it was given,
-    // IDCANCEL otherwise, which the third wrong entry is, too.
+    // Asks for the password of the file szName; an empty name is left out of the text. Returns IDOK
+    // when the right password was given, and IDCANCEL otherwise. The third wrong entry ends the
+    // dialog with IDCANCEL.
     INT_PTR DoModal(HWND hParent, const char* szPassword, const char* szName);
 
     bool OnInitDialog() override;
@@ -22,11 +24,11 @@ private:
 class QMSetPasswordDialog : public VDialog
 {
 public:
-    // Asks for the present password, if there is one, and for a new one. IDOK when there is a new
-    // one for GetPassword, IDCANCEL otherwise.
+    // Asks for the present password, if there is one, and for a new one. Returns IDOK when the user
+    // gave a new one, which GetPassword then copies; IDCANCEL otherwise.
     INT_PTR DoModal(HWND hParent, const char* szCurrentPassword);
 
-    // Copies the new password; an empty one turns the protection off.
+    // Copies the new password. An empty one removes the protection.
     void GetPassword(char (&szField)[QM_PASSWORD_LENGTH + 1]) const;
 
     bool OnInitDialog() override;

@@ -1,11 +1,12 @@
-// What counts as the right password, how often one may be tried, and what a new one must be.
+// The rules for passwords: which entry is right, how often the user may try, and what a new
+// password must be.
 #pragma once
 
 #include <cstdint>
 
 #include "base/vstring.h"
 
-// Characters that can be typed.
+// The most characters of a password.
 inline constexpr int QM_PASSWORD_LENGTH = 15;
 
 class QMPasswordCheck
@@ -13,13 +14,14 @@ class QMPasswordCheck
 public:
     static constexpr int32_t lMaxTries = 3;
 
-    // An empty password needs no check.
+    // An empty szExpected means that there is no password to check.
     explicit QMPasswordCheck(const char* szExpected) : m_strExpected(szExpected) {}
 
     bool IsNeeded() const { return !m_strExpected.IsEmpty(); }
-    // Ignores case; an empty entry is wrong, whatever the password. A wrong one counts as a try.
+    // Whether the entry is right. Upper and lower case are the same. An empty entry is always
+    // wrong. A wrong entry counts as a try.
     bool Accepts(const char* szEntry);
-    // No further try is to be given.
+    // Whether the user has no try left.
     bool IsSpent() const { return m_nTries >= lMaxTries; }
 
 private:
@@ -29,10 +31,12 @@ private:
 
 enum class QMNewPassword
 {
-    None, // both entries are empty: protection is to be turned off
+    None, // both entries are empty: the protection is to be removed
     Differ,
     Agree
 };
 
-// Two entries of a new password agree in spite of their case.
+// Compares the two entries of a new password.
+//
+// Kept: two entries that differ only in case agree. QMSetPasswordDialog takes the second one.
 QMNewPassword QMJudgeNewPassword(const char* szFirst, const char* szSecond);
