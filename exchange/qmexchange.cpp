@@ -91,5 +91,9 @@ const char* QMExportObstacle(QMExchangeKind kind, const QMTransactionStore& stor
         return "the last transaction is voided, and a QIF file cannot end with one that it leaves "
                "out";
     }
+    if (kind == QMExchangeKind::Xml && !pLast->IsTypeValid()) {
+        return "the last transaction is of an unknown type, and an XML file cannot end with one "
+               "that it leaves out";
+    }
     return nullptr;
 }

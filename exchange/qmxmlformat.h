@@ -20,7 +20,8 @@ public:
 
     // Writes the store from its first transaction on, which leaves its cursor on the last; one of
     // an unknown type is passed over. False when the file cannot be created. Never returns for a
-    // store without transactions: QMExportObstacle tells beforehand.
+    // store without transactions, nor for one whose last transaction is of an unknown type:
+    // QMExportObstacle tells beforehand.
     bool Export(const char* szPath, QMTransactionStore& store);
 
     // The same into a file that is open for writing text. Whether that went well is known to the

@@ -117,12 +117,11 @@ void QMXmlFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
     fputs(szProlog, pFile);
     store.First();
     for (;;) {
-        // Only a transaction that is there can be the last one: who calls this sees to it that
-        // there is one.
-        if (const QMTransaction* pCurrent = store.GetCurrentNode()) {
-            if (pCurrent->IsTypeValid()) {
-                WriteRecord(pFile, *pCurrent);
-            }
+        // Only a transaction that was written can be the last one, and at the end of the store
+        // there is no next one: who calls this sees to it that the last one is written.
+        const QMTransaction* pCurrent = store.GetCurrentNode();
+        if (pCurrent != nullptr && pCurrent->IsTypeValid()) {
+            WriteRecord(pFile, *pCurrent);
             if (store.IsLast()) {
                 break;
             }

@@ -15,6 +15,8 @@ from support import (IS_WINDOWS, OLD_BYTES, SAMPLE, V1_0, V2_0, Day, Entry, case
 NO_TRANSACTIONS = "the account has no transactions"
 LAST_IS_VOIDED = ("the last transaction is voided, and a QIF file cannot end with one that it "
                   "leaves out")
+LAST_IS_UNKNOWN = ("the last transaction is of an unknown type, and an XML file cannot end with "
+                   "one that it leaves out")
 
 
 class OutOfAnAccount(ExchangeTestCase):
@@ -160,9 +162,24 @@ class Obstacles(ExchangeTestCase):
         account = self.write_account("in.qmk", entries)
         self.assertEqual(self.assert_converts(account, "out.qif"), formats.write_qif(entries))
 
-    def test_a_last_one_of_an_unknown_type_is_none(self) -> None:
-        account = self.write_account("in.qmk", [Entry(type=77)])
-        self.assertEqual(self.assert_converts(account, "out.xml"), formats.write_xml([]))
+    def test_a_last_transaction_of_an_unknown_type(self) -> None:
+        """The last one of the register, wherever it stands in the file."""
+        unknown = Entry(type=77, day=Day(2004, 5, 1))
+        for entries in ([unknown], [Entry(), unknown], [unknown, Entry()]):
+            with self.subTest(count=len(entries)):
+                account = self.write_account("in.qmk", entries)
+                self.assert_obstacle(account, "out.XML", LAST_IS_UNKNOWN)
+                for kind, told in (("qif", b"QIF"), ("csv", b"CSV")):
+                    name = f"out.{kind}"
+                    result = self.assert_done(run("convert", account, name, cwd=self.folder))
+                    self.assertEqual(result.out, b"%s: %s, %d transactions\n"
+                                     % (name.encode(), told, len(entries)))
+                    (self.folder / name).unlink()
+
+    def test_one_of_an_unknown_type_before_the_last_is_none(self) -> None:
+        entries = [Entry(type=77), Entry(day=Day(2004, 5, 1))]
+        account = self.write_account("in.qmk", entries)
+        self.assertEqual(self.assert_converts(account, "out.xml"), formats.write_xml(entries))
 
     def test_exchange_files_without_transactions(self) -> None:
         for name, data in (("in.qif", b"!Type:Bank\n"), ("in.csv", formats.CSV_HEADER),

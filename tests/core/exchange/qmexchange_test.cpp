@@ -121,6 +121,22 @@ TEST(ExportObstacle, IsAVoidedTransactionAtTheEndInQifAlone)
     EXPECT_EQ(Obstacle(QMExchangeKind::Xml, store), "");
 }
 
+TEST(ExportObstacle, IsATransactionOfAnUnknownTypeAtTheEndInXmlAlone)
+{
+    QMTransactionStore store;
+    AddTo(store, MakeTransaction(12, "1/1/2004", 5));
+    AddTo(store, MakeTransaction(11, "1/2/2004", 5));
+    EXPECT_EQ(Obstacle(QMExchangeKind::Xml, store), "") << "one elsewhere is none";
+    for (const int32_t lType : {12, -1}) {
+        AddTo(store, MakeTransaction(lType, "1/3/2004", 5));
+        EXPECT_EQ(Obstacle(QMExchangeKind::Xml, store),
+                  "the last transaction is of an unknown type, and an XML file cannot end with one "
+                  "that it leaves out");
+        EXPECT_EQ(Obstacle(QMExchangeKind::Qif, store), "");
+        EXPECT_EQ(Obstacle(QMExchangeKind::Csv, store), "");
+    }
+}
+
 TEST(Merge, TakesTheMarkedOnesAndTheirMarksOff)
 {
     QMTransactionStore from;
