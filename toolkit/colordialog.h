@@ -1,4 +1,4 @@
-// ColorDialog: the system's choice of a colour.
+// ColorDialog: the dialog of Windows to choose a colour.
 #pragma once
 
 #include "toolkit/vcommondialog.h"
@@ -6,19 +6,19 @@
 class ColorDialog : public VCommonDialog
 {
 public:
-    // The window ends here, while the operations of this class still are the object's.
     ~ColorDialog() override { Detach(); }
 
-    // Shows the dialog on a colour (0x00BBGGRR); true on OK. Flags are the system's (CC_...). The
-    // custom colours that the user defines last for the run of the program, in all such dialogs.
+    // Shows the dialog with crStart (0x00BBGGRR) selected. Returns true on OK. uFlags are those of
+    // CHOOSECOLOR. The custom colours that the user defines last until the program ends, in all
+    // such dialogs.
     bool Run(HWND hOwner, COLORREF crStart, DWORD uFlags = 0);
 
-    // What the last OK chose; black before.
+    // The colour of the last OK; black before the first.
     COLORREF GetColor() const { return m_crColor; }
 
-    // ---- Virtual operation, behind those of VDialog.
+    // ---- Virtual operation, after those of VDialog.
 
-    // May change the record before the dialog is shown.
+    // Called before the dialog is shown. An override may change the record.
     virtual void OnBeforeShow(CHOOSECOLORA& /*record*/) {}
 
 private:

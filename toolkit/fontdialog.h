@@ -1,4 +1,4 @@
-// FontDialog: the system's choice of a font and its colour.
+// FontDialog: the dialog of Windows to choose a font and its colour.
 #pragma once
 
 #include "toolkit/vcommondialog.h"
@@ -6,11 +6,11 @@
 class FontDialog : public VCommonDialog
 {
 public:
-    // The window ends here, while the operations of this class still are the object's.
     ~FontDialog() override { Detach(); }
 
-    // Shows the dialog on a font, or on the object's own where that is null, and on the object's
-    // colour; true on OK, which takes both over. Flags are the system's (CF_...).
+    // Shows the dialog with pFont selected, or with the object's own font when pFont is null, and
+    // with the object's colour. Returns true on OK; font and colour are then the object's. uFlags
+    // are those of CHOOSEFONT.
     bool Run(HWND hOwner, const LOGFONTA* pFont = nullptr, DWORD uFlags = CF_SCREENFONTS);
 
     const LOGFONTA& GetFont() const { return m_font; }
@@ -18,9 +18,9 @@ public:
     COLORREF GetColor() const { return m_crColor; }
     void SetColor(COLORREF crColor) { m_crColor = crColor; }
 
-    // ---- Virtual operation, behind those of VDialog.
+    // ---- Virtual operation, after those of VDialog.
 
-    // May change the record before the dialog is shown.
+    // Called before the dialog is shown. An override may change the record.
     virtual void OnBeforeShow(CHOOSEFONTA& /*record*/) {}
 
 private:

@@ -1,4 +1,5 @@
-// VApplication: what the whole program knows of itself: instance, resource module, name.
+// VApplication: what the whole program shares: its instance, its resource module, its name, its
+// window class.
 #pragma once
 
 #include <windows.h>
@@ -18,22 +19,21 @@ public:
 
     // Unregisters the window class.
     virtual ~VApplication();
-    // Asks the system when none was set.
+    // Returns the instance that Initialize noted. Without one it asks Windows.
     virtual HINSTANCE GetInstance();
     virtual HINSTANCE GetResourceModule();
 
-    // The class name that Initialize registers, for windows without one of their own; "VWindow"
-    // when none was set. It lives as long as the program.
+    // The name of the window class that Initialize registers, for windows that have no class of
+    // their own; "VWindow" when none was set. The text lives as long as the program.
     static const char* GetClassName();
     static void SetClassName(const char* szName);
 
-    // Registers the same class once more under another name, at the first need; false when that
-    // fails.
+    // Registers the same window class under another name, once. Returns false when that fails.
     static bool RegisterCopy(const char* szName);
 
-    // Notes instance and show command and registers the window class. Without a record one is made
-    // of the icon's id (0 for the system's own) and the background's colour index; a record's empty
-    // fields are filled.
+    // Notes the instance and the show command and registers the window class. With a null pRecord
+    // the class gets the icon uIconId (0 for that of Windows) and the background colour nBackground
+    // (COLOR_... + 1). Otherwise these fill the empty fields of the record.
     bool Initialize(HINSTANCE hInstance, int nShowCommand, UINT uIconId, int nBackground,
                     const WNDCLASSA* pRecord = nullptr);
 
@@ -50,12 +50,14 @@ private:
     HINSTANCE m_hClassOwner = nullptr;
 };
 
-// The one application object, made at the first call and deleted at the end of the process.
+// The application object. It is made at the first call and deleted at the end of the process.
 VApplication& GetApplication();
 
-// Makes another object the current one, and its owner this module; the former is deleted.
+// Makes another object the application object, and gives it to this module. The former one is
+// deleted.
 void SetApplication(std::unique_ptr<VApplication> pApplication);
 
-// Gets messages until the quit message: accelerators of the window first, then its PreTranslate,
-// then translation and dispatch. Returns the quit message's word.
+// Runs the message loop until WM_QUIT. Each message goes to the window's accelerators first, then
+// to its PreTranslate, and then through TranslateMessage and DispatchMessage. Returns the wParam of
+// WM_QUIT.
 int RunMessageLoop(VWindow& window);

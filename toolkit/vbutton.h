@@ -1,4 +1,4 @@
-// Push buttons and check boxes.
+// VButton and VCheckBox: push buttons and check boxes.
 #pragma once
 
 #include "toolkit/vcontrol.h"
@@ -8,7 +8,7 @@ class VButton : public VControl
 public:
     explicit VButton(int32_t lKind = V_KIND_BUTTON) : VControl(lKind) {}
 
-    // BST_CHECKED, BST_UNCHECKED or BST_INDETERMINATE.
+    // The state: BST_CHECKED, BST_UNCHECKED or BST_INDETERMINATE.
     UINT GetCheck() const { return static_cast<UINT>(Send(BM_GETCHECK)); }
     void SetCheck(UINT uState) { Send(BM_SETCHECK, uState); }
 };

@@ -1,5 +1,5 @@
-// VCommonDialog: the base of the wrappers around the system's own dialogs. The object is bound to
-// the system's window while that is up, and to nothing before and after.
+// VCommonDialog: the base of the classes for the dialogs of Windows. The object is bound to the
+// window of the dialog while that is open, and to no window otherwise.
 #pragma once
 
 #include <windows.h>
@@ -12,17 +12,18 @@ class VCommonDialog : public VDialog
 {
 public:
     VCommonDialog() : VDialog(V_KIND_COMMON_DIALOG) { SetModal(true); }
-    // The window ends here, while the operations below still are this object's.
     ~VCommonDialog() override { Detach(); }
 
-    // The system's dialog cleans up here, though this window handles the message.
+    // The dialog of Windows must get WM_DESTROY too, to clean up. So the message counts as not
+    // handled.
     void OnDestroy() override;
-    // OnOK and OnCancel may keep the dialog open; else the system reads its controls and ends it.
+    // OnOK and OnCancel may keep the dialog open by false. Otherwise the dialog of Windows gets the
+    // command: it reads its controls and ends.
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
 
 protected:
-    // The hook of one kind of record, whose lCustData holds the object. It binds the object to the
-    // window at its start; an object that refuses the window is left out of it.
+    // The hook procedure for one kind of record, whose lCustData holds the object. At WM_INITDIALOG
+    // it binds the object to the window. If the object refuses the window, it stays unbound.
     template <class TRecord>
     static UINT_PTR CALLBACK HookProc(HWND hWnd, UINT uMessage, WPARAM /*wParam*/, LPARAM lParam)
     {
@@ -31,10 +32,10 @@ protected:
         }
         const auto* pRecord = reinterpret_cast<const TRecord*>(lParam);
         reinterpret_cast<VCommonDialog*>(pRecord->lCustData)->Hook(hWnd);
-        return 1; // the system places the focus
+        return 1; // Windows sets the focus
     }
 
-    // What goes into the record's lCustData.
+    // The value for the record's lCustData.
     LPARAM HookData() { return reinterpret_cast<LPARAM>(this); }
 
 private:

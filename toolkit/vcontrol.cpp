@@ -29,7 +29,8 @@ DWORD ClassBit(int32_t lKind)
     }
 }
 
-// Tells the library of a class once, or starts all of it where that is not possible.
+// Loads a window class once by InitCommonControlsEx. Where the library does not have that function,
+// InitCommonControls loads all classes.
 void InitializeClass(DWORD uBit)
 {
     static DWORD uDone = 0;

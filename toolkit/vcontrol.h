@@ -1,6 +1,7 @@
-// VControl: the base of the wrappers around the platform's controls.
+// VControl: the base of the classes for the controls of Windows.
 //
-// Every wrapper offers its control's messages as methods and keeps nothing that the control knows.
+// Each class offers the messages of its control as functions. It stores nothing that the control
+// itself knows.
 #pragma once
 
 #include "toolkit/vwindow.h"
@@ -8,16 +9,15 @@
 class VControl : public VWindow
 {
 public:
-    // Makes sure that the common control library knows the class of that kind.
+    // Loads the window class of that kind from the common-controls library.
     explicit VControl(int32_t lKind);
-    // The window ends here, while OnDestroy below still is this object's.
     ~VControl() override { Detach(); }
 
-    // The control's own clean-up must run, though this window handles the message.
+    // The control must get WM_DESTROY too, to clean up. So the message counts as not handled.
     void OnDestroy() override;
     LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
 
-    // ---- Common notifications: -1 keeps one from the parent, with its value in lResult.
+    // ---- Notifications of all controls. -1 keeps one from the parent, and lResult is its result.
 
     virtual LRESULT OnClick(NMHDR*, LRESULT&) { return 1; }
     virtual LRESULT OnDoubleClick(NMHDR*, LRESULT&) { return 1; }

@@ -2,7 +2,7 @@
 
 bool VDatePicker::SetDate(const SYSTEMTIME& date)
 {
-    // Not every system's control refuses a day that its month does not have.
+    // The control of Wine 8 would take a day that its month does not have.
     FILETIME time;
     return SystemTimeToFileTime(&date, &time) != 0 &&
            Send(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&date)) != 0;

@@ -1,4 +1,4 @@
-// VDatePicker: a date in a field, with a calendar to drop down.
+// VDatePicker: a field for a date, with a calendar that drops down.
 #pragma once
 
 #include "toolkit/vcontrol.h"
@@ -8,8 +8,8 @@ class VDatePicker : public VControl
 public:
     VDatePicker() : VControl(V_KIND_DATE_PICKER) {}
 
-    // Only the date counts, not the time of day. False for a date that the calendar does not have;
-    // the present one then stays.
+    // Shows a date; the time of day is ignored. Returns false, and keeps the date that it shows,
+    // for a day that the calendar does not have.
     bool SetDate(const SYSTEMTIME& date);
     SYSTEMTIME GetDate() const;
 };

@@ -25,7 +25,8 @@ bool VDialog::CreateModeless(HWND hParent, UINT uTemplate)
     HWND hDialog = CreateDialogParamA(
         GetApplication().GetResourceModule(), MAKEINTRESOURCEA(uTemplate), hParent,
         reinterpret_cast<DLGPROC>(&WindowProc), reinterpret_cast<LPARAM>(this));
-    // Not every system notices a dialog that was refused, and so destroyed, on its way.
+    // Wine 8 returns the handle even when the dialog was refused, and so destroyed, during its
+    // WM_INITDIALOG.
     return hDialog != nullptr && IsWindow(hDialog);
 }
 
@@ -37,7 +38,7 @@ void VDialog::EndWith(INT_PTR nResult)
     if (IsModal()) {
         EndDialog(GetHandle(), nResult);
     } else {
-        // The system would only hide it.
+        // EndDialog would only hide a modeless dialog.
         DestroyWindow(GetHandle());
     }
 }
@@ -51,7 +52,7 @@ bool VDialog::OnClose(bool bForced)
         return VWindow::OnClose(bForced);
     }
     if (GetItem(IDCANCEL) != nullptr) {
-        // Cancel's own rule decides.
+        // OnCancel decides whether the dialog may close.
         Post(WM_COMMAND, IDCANCEL);
     } else {
         EndWith(CancelResult());

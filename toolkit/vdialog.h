@@ -1,7 +1,7 @@
-// VDialog: a dialog of a template, modal or modeless.
+// VDialog: a dialog made from a template, modal or modeless.
 //
-// Dialogs move data between their members and their controls by hand: OnInitDialog fills the
-// controls, OnOK reads them.
+// A derived class moves the data between its members and the controls by itself: OnInitDialog fills
+// the controls, OnOK reads them.
 #pragma once
 
 #include "toolkit/vwindow.h"
@@ -10,23 +10,23 @@ class VDialog : public VWindow
 {
 public:
     explicit VDialog(int32_t lKind = V_KIND_DIALOG) : VWindow(lKind) {}
-    // The window ends here, while the operations below still are this object's.
     ~VDialog() override { Detach(); }
 
-    // Fills the controls once they stand; false refuses the dialog.
+    // Called when all controls exist, to fill them. False refuses the dialog, which is then
+    // destroyed.
     virtual bool OnInitDialog() { return VWindow::OnInitialize(); }
 
-    // ---- Virtual operations, behind those of VWindow.
+    // ---- Virtual operations, after those of VWindow.
 
     virtual bool UpdateCommands() { return false; }
-    // What a modal dialog without a Cancel button ends with when it is closed.
+    // The result of a modal dialog that has no Cancel button and is closed.
     virtual INT_PTR CancelResult() const { return IDCANCEL; }
-    // Whether the dialog runs a loop of its own.
+    // Whether DoModal runs the dialog.
     virtual bool IsModal() const { return m_bModal; }
-    // Ends the dialog; a modeless one is destroyed. Nothing happens to a page, which its sheet
-    // ends, or to a dead window. The object may be gone afterwards.
+    // Ends a modal dialog with this result, and destroys a modeless one. Does nothing for a page,
+    // which its sheet ends, and when there is no window. The object may be deleted afterwards.
     virtual void EndWith(INT_PTR nResult);
-    // Both answer whether the dialog may end.
+    // Called for Cancel and for OK. Both return whether the dialog may end.
     virtual bool OnCancel() { return true; }
     virtual bool OnOK() { return true; }
 
@@ -34,17 +34,18 @@ public:
     bool OnClose(bool bForced) override;
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
 
-    // Runs the dialog; the focus goes back to where it was. Returns what EndWith was given, -1 when
-    // the dialog could not be made. A null instance stands for the application's resources.
+    // Runs the dialog. Afterwards the focus is where it was before. Returns what EndWith was given;
+    // -1 when the dialog could not be made. A null hInstance means the resource module of the
+    // application.
     INT_PTR DoModal(HWND hParent, UINT uTemplate, HINSTANCE hInstance = nullptr);
 
-    // Makes the dialog and returns at once; the object must live as long as its window.
+    // Makes the dialog and returns at once. The object must live as long as the window.
     bool CreateModeless(HWND hParent, UINT uTemplate);
 
     // ---- The controls, by their ids.
 
     void CheckButton(int nId, UINT uState) { CheckDlgButton(GetHandle(), nId, uState); }
-    // BST_CHECKED counts, BST_INDETERMINATE does not.
+    // Whether the button is BST_CHECKED. BST_INDETERMINATE counts as not checked.
     bool IsButtonChecked(int nId) const
     {
         return IsDlgButtonChecked(GetHandle(), nId) == BST_CHECKED;
@@ -57,16 +58,17 @@ public:
     {
         return SendDlgItemMessageA(GetHandle(), nId, uMessage, wParam, lParam);
     }
-    // Characters that an edit field or a combo box takes at the most.
+    // Sets how many characters the user can type into an edit field or a combo box.
     void LimitItemText(int nId, int nCharacters);
-    // As the keyboard does it: the text of an edit field is selected, the default button follows.
+    // Sets the focus as the Tab key does: the text of an edit field is selected, and the default
+    // button follows.
     void FocusItem(int nId);
 
 protected:
     void SetModal(bool bModal) { m_bModal = bModal; }
 
-    // What OnNotify returns to give the sender of a notification a value: a dialog's procedure says
-    // only whether it took the message, the value stands in the window.
+    // Sets the result of a notification; OnNotify returns what this returns. A dialog procedure
+    // only says whether it has handled a message. The result itself goes into DWLP_MSGRESULT.
     LRESULT AnswerNotification(LRESULT lValue)
     {
         SetLong(DWLP_MSGRESULT, lValue);

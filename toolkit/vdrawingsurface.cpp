@@ -148,7 +148,8 @@ VBufferedSurface::VBufferedSurface(VDrawingSurface& target, int nWidth, int nHei
 VBufferedSurface::~VBufferedSurface()
 {
     if (m_hBitmap != nullptr) {
-        RestoreDC(); // the copy goes by the surface's own origin, and a state may hold the bitmap
+        RestoreDC(); // the copy needs the surface's own origin, and a saved state may hold the
+                     // bitmap
         m_target.BitBlt(0, 0, m_nWidth, m_nHeight, *this, 0, 0, SRCCOPY);
         SelectObject(GetHandle(), m_hDisplaced);
         DeleteObject(m_hBitmap);

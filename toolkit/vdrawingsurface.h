@@ -1,7 +1,7 @@
-// What programs draw on: thin objects over the platform's device contexts.
+// The surfaces to draw on. Each is a thin object around a device context of Windows.
 //
-// Coordinates are device pixels from the top left, colours 0x00BBGGRR. No operation shows a
-// message; what can fail answers false or null.
+// Coordinates are device pixels from the top left; colours are 0x00BBGGRR. No operation shows a
+// message. An operation that can fail returns false or null.
 #pragma once
 
 #include <windows.h>
@@ -14,25 +14,26 @@ public:
     VDrawingSurface() = default;
     VDrawingSurface(const VDrawingSurface&) = delete;
     VDrawingSurface& operator=(const VDrawingSurface&) = delete;
-    // Restores a saved state, then frees an owned context.
+    // Restores a saved state and frees the context if it is owned.
     virtual ~VDrawingSurface();
 
-    // Lets go of what is held, restoring its saved state and freeing it if owned, and takes hDC.
+    // Takes hDC. The context held so far gets its saved state back and is freed if it is owned.
     HDC Attach(HDC hDC, bool bOwned);
     HDC GetHandle() const { return m_hDC; }
 
-    // Makes a memory context that goes with this surface, for target to own; false when there is
-    // none to be had.
+    // Gives target a memory context compatible with this surface; target owns it. Returns false
+    // when it cannot be made.
     bool CreateCompatible(VDrawingSurface& target) const;
 
     SIZE TextExtent(const char* szText, int nLength) const;
     int DrawText(const char* szText, VRect& rect, UINT uFlags, int nLength = -1);
     void MoveTo(int x, int y) { MoveToEx(m_hDC, x, y, nullptr); }
-    // The end point itself is not drawn.
+    // Draws up to the end point, which is not drawn.
     void LineTo(int x, int y) { ::LineTo(m_hDC, x, y); }
 
-    // The sides of a rectangle: 1 left, from the bottom up to one above the top; 2 top; 4 right,
-    // one inside; 8 bottom, on the edge itself. A rectangle of height 0 with all four is a rule.
+    // Draws sides of a rectangle, by these bits: 1 the left one, from the bottom up to one pixel
+    // below the top; 2 the top; 4 the right one, one pixel inside; 8 the bottom, on the edge
+    // itself. With height 0 and all four bits it is a single line.
     void DrawEdges(const VRect& rect, uint32_t uMask);
 
     void FillRect(const VRect& rect, HBRUSH hBrush);
@@ -56,23 +57,24 @@ public:
     int SetMapMode(int nMode) { return ::SetMapMode(m_hDC, nMode); }
     int GetDeviceCaps(int nIndex) const { return ::GetDeviceCaps(m_hDC, nIndex); }
 
-    // One state at a time; it comes back with RestoreDC, and at the latest at the object's end.
+    // Saves and restores the state of the context, one at a time. A saved state is restored at the
+    // end of the object at the latest.
     bool SaveDC();
     bool RestoreDC();
 
 protected:
-    // Frees an owned context in the way it was made; deletes it here.
+    // Frees a context in the way in which it was made. Here that is DeleteDC.
     virtual void Free(HDC hDC);
-    // To be called by the destructor of each class that overrides Free.
+    // The destructor of each class that overrides Free must call it.
     void Release();
 
 private:
     HDC m_hDC = nullptr;
     bool m_bOwned = false;
-    int m_nSavedState = 0; // 0 when none is held
+    int m_nSavedState = 0; // 0 when no state is saved
 };
 
-// The client area of a window.
+// The client area of a window, by GetDC. It is freed by ReleaseDC.
 class VClientSurface : public VDrawingSurface
 {
 public:
@@ -86,7 +88,8 @@ private:
     HWND m_hWnd;
 };
 
-// What a window is asked to paint, until the object's end.
+// The part of a window that must be painted, by BeginPaint. EndPaint follows at the end of the
+// object.
 class VPaintSurface : public VDrawingSurface
 {
 public:
@@ -103,15 +106,15 @@ private:
     PAINTSTRUCT m_record;
 };
 
-// A context in memory. A bitmap to draw on is to be selected into it.
+// A memory context. The user selects a bitmap into it to draw on.
 class VMemorySurface : public VDrawingSurface
 {
 public:
     explicit VMemorySurface(const VDrawingSurface& like) { like.CreateCompatible(*this); }
 };
 
-// Draws into a bitmap of its own, which goes to the target at the object's end. Without memory for
-// it the handle is null.
+// Draws into a bitmap of its own and copies that to the target at the end of the object. The handle
+// is null when there is no memory for the bitmap.
 class VBufferedSurface : public VMemorySurface
 {
 public:

@@ -21,7 +21,8 @@ DWORD DialogFlags(bool bOpen, DWORD uFlags)
            OFN_OVERWRITEPROMPT;
 }
 
-// The system's form of a filter: zeroes for line feeds, one more at the end. Null without memory.
+// The filter as OPENFILENAME wants it: zeroes for line feeds, and one more zero at the end. Null
+// when memory ran out.
 std::unique_ptr<char[]> FilterRecord(const VString& sFilter)
 {
     const size_t uLength = sFilter.GetLength();

@@ -1,4 +1,4 @@
-// VFileDialog: the system's dialogs to open a file and to save one.
+// VFileDialog: the dialogs of Windows to open a file and to save one.
 #pragma once
 
 #include "base/vstringlist.h"
@@ -7,55 +7,57 @@
 class VFileDialog : public VCommonDialog
 {
 public:
-    // A path, or a folder with all chosen names, must fit in here, in bytes.
+    // The size of the buffer for the chosen names, in bytes. A path, or a folder with all the names
+    // in it, must fit.
     static constexpr DWORD uBufferSize = 16384;
 
-    // The window ends here, while the operations below still are this object's.
     ~VFileDialog() override { Detach(); }
 
-    // A line of the type list, as "Text Files (*.txt)" and "txt".
+    // Adds a line to the list of file types, such as "Text Files (*.txt)" and "txt".
     void AddFilter(const char* szDescription, const char* szExtension);
 
-    // Shows the dialog; true when the user chose at least one name. A null file name stands for the
-    // one chosen last, a null directory for the one chosen last or else the process's own. Flags
-    // are the system's (OFN_...); a dialog to save takes no multiple selection. After a cancel, and
-    // when the dialog could not be shown, the names are those of before.
+    // Shows the dialog. Returns true when the user chose at least one name. A null szFileName means
+    // the name chosen last. A null szDirectory means the folder chosen last, or that of the process
+    // before there is one. uFlags are those of OPENFILENAME; a dialog to save ignores
+    // OFN_ALLOWMULTISELECT. After Cancel, and when the dialog could not be shown, the names are as
+    // before.
     bool Run(HWND hOwner, bool bOpen, DWORD uFlags = 0, const char* szFileName = nullptr,
              const char* szDirectory = nullptr, const char* szDefaultExtension = nullptr,
              const char* szTitle = nullptr);
 
-    // Without a backslash at its end.
+    // The folder chosen last, without a backslash at its end.
     const VString& GetDirectory() const { return m_sDirectory; }
-    // The one chosen path; empty after a choice of several.
+    // The path of the chosen file; empty when several were chosen.
     const VString& GetPath() const { return m_sFileName; }
-    // The chosen line of the type list, from 1 on.
+    // The chosen line of the list of file types, counted from 1.
     uint32_t GetFilterIndex() const { return m_uFilterIndex; }
 
-    // The next path of a multiple selection; false, with sPath unchanged, behind the last.
+    // The next path of several chosen files. Returns false, and leaves sPath as it is, after the
+    // last.
     bool NextPath(VString& sPath);
 
     LRESULT OnNotify(UINT uId, NMHDR* pHeader) override;
 
-    // ---- Virtual operations, behind those of VDialog.
+    // ---- Virtual operations, after those of VDialog.
 
     virtual void OnInitDone() {}
     virtual void OnSelectionChange() {}
-    // False refuses the name.
+    // Called with a chosen name. False refuses it, and the dialog stays open.
     virtual bool OnFileOK(const char* /*szPath*/) { return true; }
     virtual void OnFolderChange() {}
     virtual void OnHelp() {}
-    // One of the system's OFN_SHARE... codes.
+    // Returns one of OFN_SHAREFALLTHROUGH, OFN_SHARENOWARN and OFN_SHAREWARN.
     virtual LRESULT OnShareViolation(const char* /*szPath*/) { return OFN_SHAREWARN; }
     virtual void OnFilterChange(uint32_t uIndex) { m_uFilterIndex = uIndex; }
-    // May change the record before the dialog is shown.
+    // Called before the dialog is shown. An override may change the record.
     virtual void OnBeforeShow(OPENFILENAMEA& /*record*/) {}
 
 private:
     VString InitialDirectory(const char* szDirectory) const;
     bool TakeNames(const OPENFILENAMEA& record);
-    VString m_sFilterText; // pairs of description and pattern, with a line feed behind each
+    VString m_sFilterText; // description and pattern of each type, with a line feed after each
     VString m_sFileName;
-    VString m_sFileTitle; // the names of a multiple selection, with a tab between
+    VString m_sFileTitle; // the names of several files, with a tab between them
     VString m_sDirectory;
     VStringList m_names = VStringList("", '\t');
     uint32_t m_uFilterIndex = 1;

@@ -116,7 +116,7 @@ bool VFrameWindow::ToggleBand(UINT uId)
     }
     m_pRebar->ShowBand(uId, bShow);
     RefitClient();
-    // An empty rebar takes no room.
+    // A rebar without visible bars is hidden, so that it takes no room.
     bool bAnyShown = false;
     for (HWND hBar = GetWindow(m_pRebar->GetHandle(), GW_CHILD); hBar != nullptr;
          hBar = GetWindow(hBar, GW_HWNDNEXT)) {
@@ -142,7 +142,7 @@ void VFrameWindow::UsableArea(VRect& rect) const
         rect.top += m_pRebar->GetWindowRect().GetHeight();
     }
     if (m_pStatusBar != nullptr && IsBarVisible(m_pStatusBar->GetId())) {
-        // The client's lower edge lies under the bar's upper line.
+        // The bottom line of the client area is under the top line of the bar.
         rect.bottom -= m_pStatusBar->GetWindowRect().GetHeight() - 1;
     }
 }
@@ -204,7 +204,8 @@ void VFrameWindow::UpdateMenu(HMENU hMenu)
             continue;
         }
         const UINT uId = GetMenuItemID(hMenu, nItem);
-        // Separators, and what the system puts into the bar for a maximized document.
+        // Separators have the id 0. Ids from 0xF000 on are the SC_ commands that Windows puts into
+        // the menu bar for a maximized document.
         if (uId == 0 || uId >= 0xF000) {
             continue;
         }

@@ -52,7 +52,7 @@ bool CreatePointFont(VFont& font, const char* szFace, int nPoints, unsigned uSty
         return false;
     }
     LOGFONTA record = {};
-    // Negative: the height of the characters, without the leading above them.
+    // A negative lfHeight is the height of the characters, without the space above them.
     record.lfHeight = -MulDiv(nPoints, nDotsPerInch, 72);
     const int nStyleWeight = (uStyle & V_FONT_BOLD) != 0 ? FW_BOLD : FW_DONTCARE;
     record.lfWeight = nWeight != 0 ? nWeight : nStyleWeight;

@@ -1,4 +1,4 @@
-// The drawing objects: each owns one handle and deletes it at its end.
+// The drawing objects. Each owns one handle and deletes it at its end.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@ public:
     VGdiObject& operator=(const VGdiObject&) = delete;
     ~VGdiObject() { Destroy(); }
 
-    // Takes ownership; what was held before is deleted. False for a null handle.
+    // Takes a handle and owns it; the one held so far is deleted. Returns false for a null handle.
     bool Attach(THandle hObject)
     {
         Destroy();
@@ -30,7 +30,7 @@ public:
         }
     }
 
-    // Hands the object over to the caller.
+    // Gives the handle to the caller, who owns it then.
     THandle Release()
     {
         THandle hObject = m_hObject;
@@ -69,9 +69,9 @@ class VFont : public VGdiObject<HFONT>
 class VBitmap : public VGdiObject<HBITMAP>
 {
 public:
-    // Takes ownership and reads the size.
+    // Takes a bitmap, owns it and reads its size.
     bool Attach(HBITMAP hBitmap);
-    // From the application's resources.
+    // Loads the bitmap of that id from the resource module of the application.
     bool Load(UINT uId);
 
     int GetWidth() const { return m_nWidth; }
@@ -82,7 +82,8 @@ private:
     int m_nHeight = 0;
 };
 
-// Selects an object into a surface until its own end. Scopes nest strictly.
+// Selects an object into a surface, and selects the former one back at its end. Scopes must end in
+// the reverse order of their beginning.
 class VSelectScope
 {
 public:
@@ -96,16 +97,17 @@ private:
     HGDIOBJ m_hDisplaced = nullptr;
 };
 
-// Bits of a font's style, as accounts file them.
+// Bits of a font's style, with the values that they have in account files.
 inline constexpr unsigned V_FONT_BOLD = 1;
 inline constexpr unsigned V_FONT_ITALIC = 2;
 inline constexpr unsigned V_FONT_UNDERLINE = 4;
 inline constexpr unsigned V_FONT_STRIKE_OUT = 8;
 
-// Makes a font of so many points on the screen, whatever it will draw on. A weight of 0 follows the
-// style bits. False without a face, without a display, or when the font cannot be made.
+// Makes a font of nPoints points on the screen, also when it is used on another device. With a
+// weight of 0 the style bits decide. Returns false for an empty face name, without a display, and
+// when Windows cannot make the font.
 bool CreatePointFont(VFont& font, const char* szFace, int nPoints, unsigned uStyle,
                      int nWeight = 0);
 
-// Vertical dots per inch of the display; 0 when it cannot be asked.
+// The vertical dots per inch of the display; 0 when Windows cannot tell.
 int VDisplayDotsPerInch();

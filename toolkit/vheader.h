@@ -1,4 +1,4 @@
-// VHeader: the headings above a list's columns.
+// VHeader: the headings above the columns of a list.
 #pragma once
 
 #include "toolkit/vcontrol.h"
@@ -11,7 +11,8 @@ public:
     int GetCount() const { return static_cast<int>(Send(HDM_GETITEMCOUNT)); }
     VString GetItemText(int nItem) const;
     VRect GetItemRect(int nItem) const;
-    // The columns from left to right, as indices; false when there are not nCount of them.
+    // Gets the indices of the columns from left to right. Returns false when there are not nCount
+    // columns.
     bool GetOrder(int nCount, int* pnOrder) const
     {
         return Send(HDM_GETORDERARRAY, static_cast<WPARAM>(nCount),

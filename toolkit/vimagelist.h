@@ -1,4 +1,4 @@
-// VImageList: a strip of equally large pictures.
+// VImageList: a list of pictures of the same size.
 #pragma once
 
 #include <windows.h>
@@ -15,14 +15,14 @@ public:
     VImageList& operator=(const VImageList&) = delete;
     ~VImageList() { Destroy(); }
 
-    // An existing list is destroyed first; false when none can be made.
+    // Makes the list, after destroying an existing one. Returns false when it cannot be made.
     bool Create(int cx, int cy, int nInitial, int nGrow, UINT uFlags);
-    // Copies the pictures; returns the index of the first, -1 on failure.
+    // Copies the pictures of a bitmap. Returns the index of the first; -1 on failure.
     int Add(HBITMAP hBitmap, HBITMAP hMask = nullptr);
-    // The same, with the pixels of that colour left out.
+    // The same, but pixels of the colour crMask are transparent.
     int AddMasked(HBITMAP hBitmap, COLORREF crMask);
     bool Draw(int nIndex, VDrawingSurface& surface, int x, int y, UINT uStyle = ILD_NORMAL) const;
-    // 0 without a list.
+    // The number of pictures; 0 without a list.
     int GetImageCount() const;
     bool GetIconSize(int& cx, int& cy) const;
     void Destroy();
@@ -33,7 +33,7 @@ private:
     HIMAGELIST m_hList = nullptr;
 };
 
-// An icon of its own, made of one of a list's pictures.
+// VIcon: an icon made from a picture of an image list, and owned.
 class VIcon
 {
 public:
@@ -42,7 +42,8 @@ public:
     VIcon& operator=(const VIcon&) = delete;
     ~VIcon() { Destroy(); }
 
-    // What was held before is destroyed; false when there is no such picture.
+    // Makes the icon, after destroying an existing one. Returns false when there is no such
+    // picture.
     bool Create(const VImageList& list, int nIndex);
     void Destroy();
 

@@ -110,7 +110,8 @@ bool VListControl::IsAnyRowWider(int nColumn, int nHeadingWidth, char* szBuffer,
         item.pszText = szBuffer;
         item.cchTextMax = nBufferSize;
         Send(LVM_GETITEMTEXTA, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&item));
-        szBuffer[nBufferSize - 1] = '\0'; // not every system ends a text that it had to cut
+        szBuffer[nBufferSize - 1] =
+            '\0'; // the list of Wine 8 puts no zero after a text that it had to cut
         if (GetStringWidth(item.pszText) > nHeadingWidth) {
             return true;
         }
@@ -143,7 +144,8 @@ VString VListControl::GetItemText(int nItem, int nColumn, int nLimit) const
     item.pszText = szText;
     item.cchTextMax = std::clamp(nLimit, 1, nTextLimit);
     Send(LVM_GETITEMTEXTA, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&item));
-    // Not every system ends a text that it had to cut.
+    // The list of Wine 8 puts no zero after a text that it had to cut, so the length is limited
+    // here.
     return VString(item.pszText, static_cast<uint32_t>(item.cchTextMax - 1));
 }
 

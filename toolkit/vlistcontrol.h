@@ -1,4 +1,4 @@
-// VListControl: the list view.
+// VListControl: the list view of the common controls.
 #pragma once
 
 #include "toolkit/vheader.h"
@@ -6,13 +6,13 @@
 class VListControl : public VControl
 {
 public:
-    static constexpr int nTextLimit = 1024; // bytes, terminator included
+    static constexpr int nTextLimit = 1024; // bytes, with the terminating zero
 
     VListControl() : VControl(V_KIND_LIST_VIEW) {}
 
     LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
 
-    // ---- Notifications of the list, as those of VControl.
+    // ---- Notifications of the list; see those of VControl.
 
     virtual LRESULT OnItemChanging(NMLISTVIEW*, LRESULT&) { return 1; }
     virtual LRESULT OnItemChanged(NMLISTVIEW*, LRESULT&) { return 1; }
@@ -26,7 +26,7 @@ public:
 
     // ---- Columns.
 
-    // The index of the new column; -1 on failure.
+    // Inserts a column. Returns its index; -1 on failure.
     int InsertColumn(int nColumn, const char* szHeading, int nFormat, int nWidth);
     bool DeleteColumn(int nColumn)
     {
@@ -40,14 +40,14 @@ public:
     {
         return Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(nColumn), MAKELPARAM(nWidth, 0)) != 0;
     }
-    // Binds an object to the list's headings; false when the list has none.
+    // Binds header to the headings of the list. Returns false when the list has none.
     bool AttachHeader(VHeader& header);
     int GetColumnCount() const;
-    // A heading's place in the list; empty when the list has none.
+    // The rectangle of a heading within the list; empty when the list has no headings.
     VRect GetHeadingRect(int nColumn) const;
 
-    // Sizes the columns from nFirst to nLast (-1 for the last one) each to its contents where a row
-    // is wider than the heading, else to its heading. The buffer takes the texts that are measured.
+    // Sizes each column from nFirst to nLast (-1 for the last one) to its widest text, or to its
+    // heading where that is wider. The texts are read into szBuffer.
     void AutoSizeColumns(int nFirst, int nLast, char* szBuffer, int nBufferSize);
 
     // ---- Rows.
@@ -66,7 +66,8 @@ public:
     {
         return static_cast<UINT>(Send(LVM_GETITEMSTATE, static_cast<WPARAM>(nItem), uMask));
     }
-    // The next item behind nAfter (-1 for the first of all) with these LVNI_ bits; -1 for none.
+    // The next item after nAfter (-1 for the first) that has the state of these LVNI_ bits; -1 when
+    // there is none.
     int GetNextItem(int nAfter, UINT uFlags) const
     {
         return static_cast<int>(

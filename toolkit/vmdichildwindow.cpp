@@ -23,7 +23,8 @@ bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const char* szTitle, c
         !Create(frame.GetClient(), rect, uStyle, szClassName, szTitle, 0, WS_EX_MDICHILD)) {
         return false;
     }
-    // Not before: a creation that fails destroys its window, and the caller still has the object.
+    // Set only now: when the creation fails its window is destroyed, and the caller still owns the
+    // object.
     GetFlags().Set(V_FLAG_DELETE_SELF);
     return true;
 }

@@ -1,4 +1,4 @@
-// VMDIChildWindow: one document's window in an MDI frame. The object deletes itself with its
+// VMDIChildWindow: the window of one document in an MDI frame. The object is deleted with its
 // window.
 #pragma once
 
@@ -11,12 +11,12 @@ class VMDIChildWindow : public VWindow
 public:
     explicit VMDIChildWindow(int32_t lKind = V_KIND_MDI_CHILD);
 
-    // ---- Virtual operations, behind those of VWindow.
+    // ---- Virtual operations, after those of VWindow.
 
-    // Asks whether the document may close, unless bForced, and closes its window. True when it is
-    // gone.
+    // Asks the user whether the document may close, unless bForced is set, and closes the window.
+    // Returns true when the window is gone.
     virtual bool QueryClose(bool bForced);
-    // Makes what is inside; false ends the creation.
+    // Makes the contents of the window. False ends the creation.
     virtual bool OnCreate() { return true; }
     virtual void OnActivated() {}
     virtual void OnDeactivated() {}
@@ -28,8 +28,9 @@ public:
     void Restore() override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
 
-    // Makes the window in the frame's client. The menu, the window list's submenu and the
-    // accelerators hold while this document is on top; they stay the caller's.
+    // Makes the window in the client window of the frame. The menu, the submenu for the list of
+    // windows and the accelerators are those of the frame while this window is active. The caller
+    // still owns them.
     bool CreateChild(VMDIFrameWindow& frame, const char* szTitle, const VRect& rect, DWORD uStyle,
                      HMENU hMenu, HMENU hWindowMenu, HACCEL hAccelerators);
 
@@ -37,7 +38,7 @@ public:
     bool IsMaximized() const { return IsZoomed(GetHandle()) != 0; }
 
 protected:
-    // Destroys the window through the frame's client. The object is gone afterwards.
+    // Destroys the window by WM_MDIDESTROY. The object is deleted by that.
     void DestroyChild();
 
 private:

@@ -26,7 +26,8 @@ bool VMDIFrameWindow::CreateClient(HMENU hWindowMenu, UINT uClientId, UINT uFirs
                                 reinterpret_cast<HMENU>(static_cast<UINT_PTR>(uClientId)),
                                 GetApplication().GetInstance(), create.lpCreateParams);
     SetMdiClient(m_hClient);
-    // They show when a document lies outside; some systems begin with them shown.
+    // The scroll bars appear when a child window is partly outside. Wine 8 shows them from the
+    // beginning.
     ShowScrollBar(m_hClient, SB_BOTH, FALSE);
     ResizeClient();
     return m_hClient != nullptr;
@@ -76,7 +77,7 @@ bool VMDIFrameWindow::CloseChildren()
     while (hChild != nullptr) {
         HWND hNext = GetWindow(hChild, GW_HWNDNEXT);
         VWindow* pChild = FromHandle(hChild);
-        // A window with an owner is the title of an icon.
+        // A window with an owner is the title of an icon, not a child window.
         if (GetWindow(hChild, GW_OWNER) == nullptr && pChild != nullptr &&
             !pChild->OnClose(false)) {
             return false;
@@ -113,7 +114,8 @@ bool VMDIFrameWindow::Arrange(UINT uId)
             Step(false);
             return true;
         case VArrange::Next:
-            // Backwards in the stack of windows, which is forwards to the eye.
+            // Kept: "next" goes backwards in the stack of windows, which is forwards to the eye of
+            // the user.
             Step(true);
             return true;
         case VArrange::Close:

@@ -1,11 +1,11 @@
-// VMDIFrameWindow: a frame whose client area holds document windows.
+// VMDIFrameWindow: a frame whose client area holds MDI child windows.
 #pragma once
 
 #include "toolkit/vframewindow.h"
 
 class VMDIChildWindow;
 
-// What the frame's base does for a command by itself.
+// Commands that this class can carry out by itself.
 enum class VArrange
 {
     Cascade,
@@ -22,10 +22,10 @@ class VMDIFrameWindow : public VFrameWindow
 {
 public:
     VMDIFrameWindow() : VFrameWindow(V_KIND_MDI_FRAME) {}
-    // Ends the documents before the frame they speak to.
+    // Destroys the child windows while the frame, to which they speak, still exists.
     ~VMDIFrameWindow() override;
 
-    // ---- Virtual operations, behind those of VFrameWindow.
+    // ---- Virtual operations, after those of VFrameWindow.
 
     void ResizeClient() override;
     virtual void OnChildCreated(VMDIChildWindow& child);
@@ -37,27 +37,27 @@ public:
 
     bool PreTranslate(MSG& message) override;
 
-    // Makes the window that holds the documents. The window menu gets the list of them; the frame
-    // has its own menu by then.
+    // Makes the MDI client window. hWindowMenu gets the list of the child windows. The frame must
+    // have its menu by then.
     bool CreateClient(HMENU hWindowMenu, UINT uClientId, UINT uFirstChildId);
     HWND GetClient() const { return m_hClient; }
 
-    // The document on top; null for none.
+    // The active child window; null when there is none.
     VMDIChildWindow* GetActiveChild() const;
     void ActivateChild(VMDIChildWindow& child);
-    // Asks each document to close, from the top down; the first that refuses ends it. True when
-    // none is left.
+    // Asks each child window to close, from the top of the stack down, until one refuses. Returns
+    // true when none is left.
     bool CloseChildren();
 
-    // Says which command stands for which arrangement, in the order of VArrange.
+    // Sets the command ids for the arrangements, in the order of VArrange.
     void RegisterArrangeCommands(const UINT (&auIds)[V_ARRANGE_COUNT]);
-    // True when the command is one of them, and carried out.
+    // Carries out the command when it is one of these. Returns whether it is.
     bool Arrange(UINT uId);
 
-    // The accelerators that hold while no document has its own.
+    // The accelerators for when no child window is active.
     void SetFrameAccelerators(HACCEL hAccelerators);
     HACCEL GetFrameAccelerators() const { return m_hFrameAccelerators; }
-    // The menu and the window list's submenu that hold while no document has its own.
+    // The menu, and the submenu for the list of windows, for when no child window is active.
     HMENU GetFrameMenu() const { return m_hFrameMenu; }
     HMENU GetWindowMenu() const { return m_hWindowMenu; }
 

@@ -1,4 +1,4 @@
-// VMenu: a menu handle, owned where this object loaded or made it.
+// VMenu: a menu handle. The object owns it if it loaded it or was told so.
 #pragma once
 
 #include <windows.h>
@@ -11,11 +11,13 @@ public:
     VMenu& operator=(const VMenu&) = delete;
     ~VMenu() { Destroy(); }
 
-    // From the application's resources; owned. False when there is none of that id.
+    // Loads the menu of that id from the resource module of the application, and owns it. Returns
+    // false when there is none.
     bool Load(UINT uId);
-    // Wraps a menu; bOwned gives it to this object.
+    // Takes a menu; with bOwned the object owns it.
     void Attach(HMENU hMenu, bool bOwned = false);
-    // Gives ownership away: to a window, which destroys its own menu.
+    // Gives up the ownership, to a window for instance: Windows destroys the menu of a window with
+    // it.
     HMENU Release();
     void Destroy();
 
@@ -25,10 +27,11 @@ public:
     bool Append(UINT uId, const char* szText);
     bool Delete(UINT uId) { return DeleteMenu(m_hMenu, uId, MF_BYCOMMAND) != 0; }
 
-    // Buttons with the same command as an item follow its state; null for none.
+    // The buttons of this toolbar follow the state of items with the same command; null for no
+    // toolbar.
     void SetToolbar(HWND hToolbar) { m_hToolbar = hToolbar; }
 
-    // By command, in the whole tree of the menu.
+    // Set the state of the item with that command, in the menu and all its submenus.
     void EnableItem(UINT uId, bool bEnabled);
     void CheckItem(UINT uId, bool bChecked);
 

@@ -1,15 +1,15 @@
-// Texts and boxes for the user: strings of the resources, message boxes, the wait cursor.
+// Texts and boxes for the user: strings of the resources, message boxes and the hourglass.
 #pragma once
 
 #include <windows.h>
 
 #include "base/vstring.h"
 
-// The platform's headers give this name to a macro of theirs.
+// windows.h defines a macro of this name, which would rename the functions below.
 #undef MessageBox
 
-// The string of that id, at most 4096 characters; empty for id 0 and for a missing string. The
-// module is the application's resource module unless given.
+// The string of that id from hModule, or from the resource module of the application; at most 4096
+// characters. Empty for id 0 and for a string that does not exist.
 VString ResourceString(UINT uId, HINSTANCE hModule = nullptr);
 
 // What a command's string says: its prompt before the first line feed, its tooltip after it. A
@@ -21,12 +21,13 @@ struct VCommandText
 };
 VCommandText GetCommandText(UINT uCommand);
 
-// Shows a message box and gives the focus back to the window that had it. Returns the button. The
-// short form has the application's name for a caption.
+// Shows a message box and then sets the focus back to the window that had it. Returns the id of the
+// button. The form without a caption uses the name of the application.
 int MessageBox(HWND hWindow, const char* szText, const char* szCaption, UINT uFlags);
 int MessageBox(HWND hWindow, const char* szText, UINT uFlags);
 
-// Shows the hourglass until the end of its scope, then the cursor from before, or the arrow.
+// VWaitCursor: shows the hourglass until the end of its scope, and then the cursor that was there
+// before, or the arrow.
 class VWaitCursor
 {
 public:

@@ -7,36 +7,36 @@ class VPropertyPage : public VDialog
 {
 public:
     VPropertyPage() : VDialog(V_KIND_PROPERTY_PAGE) {}
-    // The window ends here, while the operations below still are this object's.
     ~VPropertyPage() override { Detach(); }
 
-    // The dialog that the page shows when it is added to a sheet without another.
+    // Sets the template that the page uses when AddPage is given none.
     void SetTemplate(UINT uTemplate, HINSTANCE hInstance = nullptr);
     bool HasTemplate() const { return m_uTemplate != 0; }
 
-    // The system's record of the page.
+    // The record that Windows wants for the page.
     PROPSHEETPAGEA MakeRecord();
 
     LRESULT OnNotify(UINT uId, NMHDR* pHeader) override;
 
-    // ---- Virtual operations, behind those of VDialog: the sheet's notifications.
+    // ---- Virtual operations, after those of VDialog: the notifications of the sheet.
 
     virtual void OnHelp() {}
-    // Not 0 keeps the page the current one.
+    // PSN_KILLACTIVE. A result other than 0 keeps the page the current one.
     virtual LRESULT OnKillActive() { return 0; }
-    // Not 0 refuses: -1 for the next page, else the number of a page's template.
+    // PSN_SETACTIVE. 0 accepts; -1 goes to the next page; another number is the template of the
+    // page to go to.
     virtual LRESULT OnSetActive() { return 0; }
-    // False keeps a wizard on the page.
+    // PSN_WIZBACK and PSN_WIZNEXT. False keeps the wizard on the page.
     virtual bool OnWizardBack() { return true; }
     virtual bool OnWizardNext() { return true; }
-    // Not 0 keeps the wizard open.
+    // PSN_WIZFINISH. A result other than 0 keeps the wizard open.
     virtual LRESULT OnWizardFinish() { return 0; }
-    // No notification: the page itself calls it, to bring its members into its controls.
+    // Not a notification: the page itself calls it to copy its members into its controls.
     virtual void FillControls() {}
 
     VPropertyPage* m_pNextPage = nullptr; // link of the sheet's list, which alone touches it
 
 private:
     UINT m_uTemplate = 0;
-    HINSTANCE m_hTemplateModule = nullptr; // null for the application's resource module
+    HINSTANCE m_hTemplateModule = nullptr; // null for the resource module of the application
 };

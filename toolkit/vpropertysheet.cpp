@@ -6,9 +6,10 @@
 
 namespace {
 
-constexpr UINT uIdApply = 12321; // the system's Apply button
+constexpr UINT uIdApply = 12321; // the id of the Apply button of Windows
 
-// The sheet whose window is being made: the system's callback brings no word of the caller's.
+// The sheet whose window is being made. PropertySheet gives its callback no value of the caller's,
+// so the callback finds the sheet here.
 VPropertySheet* g_pStarting = nullptr;
 
 } // namespace
@@ -38,7 +39,7 @@ bool VPropertySheet::MakeRecords()
 {
     const auto uCount = static_cast<size_t>(m_pages.GetCount());
     if (uCount == 0) {
-        // Not every system survives the attempt.
+        // Wine 8 crashes when it is given a sheet without pages.
         return false;
     }
     m_records.reset(new (std::nothrow) PROPSHEETPAGEA[uCount]);
@@ -62,7 +63,7 @@ int CALLBACK VPropertySheet::OnSheetEvent(HWND hSheet, UINT uEvent, LPARAM /*lPa
     return 0;
 }
 
-// The system's answer: -1 when the sheet could not be shown.
+// Returns what PropertySheet returns; -1 when the sheet could not be shown.
 INT_PTR VPropertySheet::ShowSheet(HWND hOwner, UINT uStartPage, DWORD uFlags)
 {
     if (!MakeRecords()) {
@@ -103,12 +104,12 @@ bool VPropertySheet::OpenModeless(HWND hOwner, UINT uStartPage, DWORD uFlags)
     return true;
 }
 
-// False when a page refused.
+// Returns false when a page refused.
 bool VPropertySheet::AskPages(bool bOK)
 {
     int nIndex = 0;
     for (VPropertyPage* p = m_pages.GetHead(); p != nullptr; p = PageList::GetNext(p)) {
-        // A page that was never looked at has no window.
+        // A page that the user has not looked at has no window.
         if (p->IsValid() && !(bOK ? p->OnOK() : p->OnCancel())) {
             PropSheet_SetCurSel(GetHandle(), nullptr, nIndex);
             return false;
@@ -127,7 +128,7 @@ LRESULT VPropertySheet::OnCommand(UINT /*uNotifyCode*/, UINT uId, HWND /*hContro
         return 0;
     }
     if (!IsModal()) {
-        // The object may go with its window.
+        // The object may be deleted with its window.
         DestroyWindow(GetHandle());
         return 0;
     }

@@ -1,5 +1,5 @@
-// VPropertySheet: the system's sheet of tabbed pages. VTabbedSheet: one with a caption of its own
-// that tells whether it ended by OK.
+// VPropertySheet: the sheet of tabbed pages of Windows. VTabbedSheet: one that has a caption and
+// knows whether it ended by OK.
 #pragma once
 
 #include "base/vlist.h"
@@ -9,26 +9,26 @@ class VPropertySheet : public VDialog
 {
 public:
     VPropertySheet() : VDialog(V_KIND_PROPERTY_SHEET) {}
-    // The window ends here, while the operations below still are this object's.
     ~VPropertySheet() override { Detach(); }
 
-    // Puts a page behind those added before; it stays the caller's and must outlive the sheet's
-    // run. A template of 0 keeps the page's own, and a null instance stands for the application's
-    // resources. A page is in one sheet at a time; false for one that has no template, or is in
-    // this sheet already.
+    // Adds a page after those added before. The caller still owns it, and it must live until the
+    // sheet has ended. A template of 0 uses the page's own; a null hInstance means the resource
+    // module of the application. A page can be in one sheet at a time. Returns false for a page
+    // without a template, and for one that is in this sheet already.
     bool AddPage(VPropertyPage& page, UINT uTemplate, HINSTANCE hInstance = nullptr);
     int32_t GetPageCount() const { return m_pages.GetCount(); }
 
-    // Shows the sheet until it is ended; flags are the system's (PSH_...). False when it could not
-    // be shown.
+    // Runs the sheet until it ends. uFlags are those of PROPSHEETHEADER. Returns false when it
+    // could not be shown.
     bool RunModal(HWND hOwner, UINT uStartPage = 0, DWORD uFlags = 0);
-    // Shows the sheet and returns at once; it is destroyed when it ends.
+    // Shows the sheet and returns at once. The window is destroyed when the sheet ends.
     bool OpenModeless(HWND hOwner, UINT uStartPage = 0, DWORD uFlags = 0);
 
-    // The pages' OnOK at OK and Apply, their OnCancel at Cancel: a page that refuses becomes the
-    // current one and keeps the sheet open. Apply never goes further than that.
+    // Calls OnOK of the pages for OK and Apply, and OnCancel for Cancel. A page that returns false
+    // becomes the current one and keeps the sheet open. Apply never ends the sheet.
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
-    // The system's sheet cleans up here, though this window handles the message.
+    // The sheet of Windows must get WM_DESTROY too, to clean up. So the message counts as not
+    // handled.
     void OnDestroy() override;
     void OnFinalDestroy() override;
 
@@ -43,22 +43,24 @@ private:
 
     PageList m_pages;
     PROPSHEETHEADERA m_header = {};
-    std::unique_ptr<PROPSHEETPAGEA[]> m_records; // of the pages, while the sheet is up
+    std::unique_ptr<PROPSHEETPAGEA[]>
+        m_records; // the records of the pages, while the sheet is open
 };
 
 class VTabbedSheet : public VPropertySheet
 {
 public:
-    // The window ends here, while the operations below still are this object's.
     ~VTabbedSheet() override { Detach(); }
 
-    // Runs the sheet under the caption "title - subtitle", or the title alone where the subtitle is
-    // null or empty. False when it could not be shown.
+    // Runs the sheet with the caption "TITLE - SUBTITLE", or "TITLE" when the subtitle is null or
+    // empty. Returns false when it could not be shown.
     bool Run(HWND hOwner, const char* szTitle, const char* szSubtitle, UINT uStartPage = 0,
              DWORD uFlags = 0);
 
-    // Whether OK was pressed in the last run and OnOK agreed. The pages are not asked: one that
-    // refuses keeps the sheet open, and a Cancel after that leaves this true.
+    // Whether OK was pressed in the last run and OnOK of the sheet returned true.
+    //
+    // Kept: a page that refuses OK does not change this. When the user presses Cancel after that,
+    // it still returns true.
     bool IsOK() const { return m_bOK; }
 
     bool OnInitDialog() override;

@@ -38,7 +38,7 @@ LRESULT VReBar::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lPar
     const LRESULT lResult = VControl::DefaultProc(hWnd, uMessage, wParam, lParam);
     for (HWND hBar = uMessage == WM_PAINT ? GetWindow(hWnd, GW_CHILD) : nullptr; hBar != nullptr;
          hBar = GetWindow(hBar, GW_HWNDNEXT)) {
-        // What the bands paint lies under their bars.
+        // The rebar paints its bands under their bars, so the bars are painted again.
         InvalidateRect(hBar, nullptr, FALSE);
     }
     return lResult;

@@ -1,4 +1,4 @@
-// VReBar: bands that hold bars.
+// VReBar: a rebar, whose bands hold bars.
 #pragma once
 
 #include "toolkit/vcontrol.h"
@@ -12,7 +12,7 @@ public:
     LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
 
-    // ---- Notifications of the rebar, as those of VControl.
+    // ---- Notifications of the rebar; see those of VControl.
 
     virtual LRESULT OnGetObject(NMHDR*, LRESULT&) { return 1; }
     virtual LRESULT OnLayoutChanged(NMHDR*, LRESULT&) { return 1; }
@@ -23,14 +23,14 @@ public:
     virtual LRESULT OnDeletedBand(NMHDR*, LRESULT&) { return 1; }
     virtual LRESULT OnChildSize(NMHDR*, LRESULT&) { return 1; }
 
-    // Adds a band for a bar that is this window's child, as large as the bar's size in pixels. The
-    // band goes by the bar's id. A null label leaves it without one.
+    // Adds a band for a bar, which must be a child of this window. nWidth and nHeight are the size
+    // of the bar in pixels. The band has the id of the bar. A null szLabel means no label.
     bool AddBand(VWindow& bar, const char* szLabel, int nWidth, int nHeight);
 
-    // By the id of a band; false where there is none of it.
+    // By the id of a band. Both return false when there is no such band.
     bool IsBandShown(UINT uId) const;
     bool ShowBand(UINT uId, bool bShow);
-    // Whether the band's bar is visible on the screen, its frame included.
+    // Whether the bar is visible on the screen, which needs a visible frame too.
     bool IsBandVisible(UINT uId) const;
 
     int GetBandCount() const { return static_cast<int>(Send(RB_GETBANDCOUNT)); }

@@ -58,7 +58,7 @@ bool VRegKey::ReadText(const char* szName, VString& sText) const
         (uType != REG_SZ && uType != REG_EXPAND_SZ)) {
         return false;
     }
-    // The registry keeps whatever was written, with a terminator or without.
+    // RegSetValueEx stores a text with or without a terminating zero, as its caller gave it.
     return sText.Assign(szText, uSize);
 }
 

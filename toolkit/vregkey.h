@@ -1,4 +1,4 @@
-// VRegKey: one key of the registry, closed with the object.
+// VRegKey: one key of the registry. The object closes it at its end.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 class VRegKey
 {
 public:
-    // Bytes of a text that ReadText takes at the most, terminator included.
+    // The longest text that ReadText reads, in bytes, with the terminating zero.
     static constexpr DWORD uMaxText = 1024;
 
     VRegKey() = default;
@@ -16,23 +16,26 @@ public:
     VRegKey& operator=(const VRegKey&) = delete;
     ~VRegKey() { Close(); }
 
-    // False when already open, when path or hive is empty, and when the system refuses. Create
-    // makes what is missing.
+    // Open an existing key, or create one with all the keys above it. Return false when this object
+    // has a key open, when szPath is empty or hHive null, and when Windows refuses.
     bool Open(const char* szPath, HKEY hHive = HKEY_CURRENT_USER, REGSAM uAccess = KEY_ALL_ACCESS);
     bool Create(const char* szPath, HKEY hHive = HKEY_CURRENT_USER,
                 REGSAM uAccess = KEY_ALL_ACCESS);
-    // "Software\VENDOR\PRODUCT"; a null product means the application's name.
+    // Creates and opens "Software\VENDOR\PRODUCT". A null product means the name of the
+    // application.
     bool CreateAppKey(const char* szVendor, const char* szProduct, HKEY hHive = HKEY_CURRENT_USER);
     void Close();
     bool IsOpen() const { return m_hKey != nullptr; }
 
-    // False, with the text as it was, when the value is missing, of another kind, or too long.
+    // Reads a text. Returns false, and leaves sText as it is, when the value does not exist, has
+    // another type, or is too long.
     bool ReadText(const char* szName, VString& sText) const;
-    // uDefault when the key is closed, the name null, or the value missing or of another kind.
+    // Reads a number. Returns uDefault when the key is closed, when szName is null, and when the
+    // value does not exist or has another type.
     DWORD ReadNumber(const char* szName, DWORD uDefault) const;
-    // An empty or null text deletes the value.
+    // Writes a text. An empty or null text deletes the value.
     bool WriteText(const char* szName, const char* szText);
-    // A value of 0 writes uFallback instead.
+    // Writes a number. For the value 0 it writes uFallback.
     bool WriteNumber(const char* szName, DWORD uValue, DWORD uFallback = 0);
     bool DeleteValue(const char* szName);
 

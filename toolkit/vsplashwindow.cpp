@@ -22,7 +22,8 @@ bool VSplashWindow::ShowBitmap(UINT uId)
     const int x = (GetSystemMetrics(SM_CXSCREEN) - m_bitmap.GetWidth()) / 2;
     const int y = (GetSystemMetrics(SM_CYSCREEN) - m_bitmap.GetHeight()) / 2;
     const VRect rect = {x, y, x + m_bitmap.GetWidth(), y + m_bitmap.GetHeight()};
-    // A class of its own: who looks for the program's main window by its class must not find this.
+    // The window has a class of its own. A second start of the program finds the frame by its
+    // class, and must not find this window.
     if (!VApplication::RegisterCopy(szClassName) ||
         !Create(nullptr, rect, WS_POPUP, szClassName, "", 0, WS_EX_TOPMOST | WS_EX_TOOLWINDOW)) {
         return false;

@@ -1,4 +1,5 @@
-// VSplashWindow: a picture on top of everything while a program starts; a click closes it.
+// VSplashWindow: a picture that is shown on top of everything while the program starts. A click
+// closes it.
 #pragma once
 
 #include "toolkit/vgdiobjects.h"
@@ -9,8 +10,8 @@ class VSplashWindow : public VWindow
 public:
     VSplashWindow();
 
-    // Shows the bitmap of that id in the middle of the screen; false when window or bitmap cannot
-    // be made.
+    // Shows the bitmap of that id in the middle of the screen. Returns false when the window or the
+    // bitmap cannot be made.
     bool ShowBitmap(UINT uId);
 
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;

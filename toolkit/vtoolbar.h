@@ -8,13 +8,13 @@ class VToolbar : public VControl
 public:
     VToolbar() : VToolbar(24, 22, 16, 15) {}
 
-    // Tells the control the sizes of buttons and pictures.
+    // Sets the sizes of the buttons and the pictures in the control.
     bool OnInitialize() override;
 
     void AutoSize() { Send(TB_AUTOSIZE); }
     bool AddButtons(const TBBUTTON* pButtons, int nCount);
     int GetButtonCount() const { return static_cast<int>(Send(TB_BUTTONCOUNT)); }
-    // -1 when no button has that command.
+    // The index of the button with that command; -1 when there is none.
     int CommandToIndex(UINT uCommand) const
     {
         return static_cast<int>(Send(TB_COMMANDTOINDEX, uCommand));
@@ -26,7 +26,7 @@ public:
     SIZE GetMaxSize() const;
 
 protected:
-    // Pixels.
+    // All sizes are in pixels.
     VToolbar(int nButtonWidth, int nButtonHeight, int nBitmapWidth, int nBitmapHeight);
 
 private:

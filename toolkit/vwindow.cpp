@@ -66,14 +66,14 @@ VWindow::~VWindow()
 void VWindow::Detach()
 {
     const bool bClose = IsAttached() && IsValid();
-    // Closing must not delete an object that is being let go of.
+    // Closing must not delete the object: its owner is still using it.
     m_flags.Clear(V_FLAG_DELETE_SELF);
     m_pFilters = nullptr;
     if (bClose) {
         OnClose(true);
     }
     if (IsValid()) {
-        // An override kept the window: it goes on as it was before this object came.
+        // An override of OnClose kept the window. It gets its former procedure back.
         RestoreProcedure(m_hWnd);
     }
     m_hWnd = nullptr;
@@ -118,12 +118,13 @@ bool VWindow::Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* 
                                 static_cast<DWORD>(create.style), create.x, create.y, create.cx,
                                 create.cy, create.hwndParent, create.hMenu, create.hInstance, this);
     if (hWnd == nullptr) {
-        // An object that deletes itself may have gone with its window, half made.
+        // An object with V_FLAG_DELETE_SELF may have been deleted with its half-made window.
         return false;
     }
     m_hWnd = hWnd;
     m_uId = uId;
-    // A window of a foreign class knows nothing of this object yet.
+    // A window of a class that is not the toolkit's is not bound yet: its procedure does not know
+    // this object.
     if (IsAttached() || Attach(hWnd)) {
         return true;
     }

@@ -1,8 +1,13 @@
-// VWindow: the base of every window: one object for each, one window procedure for all.
+// VWindow: the base of every window. Each window has one object, and all objects share one window
+// procedure.
 //
 // The procedure turns messages into the virtual operations below. An operation that has not handled
-// its message answers V_NOT_HANDLED, and DefaultProc gets the message. Only an override of
-// DefaultProc ever sees raw messages.
+// its message returns V_NOT_HANDLED; DefaultProc then gets the message. Only an override of
+// DefaultProc sees raw messages.
+//
+// A derived class that overrides an operation calls Detach in its own destructor. Detach destroys
+// the window, and the messages of that still reach the override. ~VWindow would be too late: the
+// derived part of the object is gone by then.
 #pragma once
 
 #include <windows.h>
@@ -21,7 +26,7 @@ class VWindow;
 
 inline constexpr LRESULT V_NOT_HANDLED = -65535;
 
-// What kind of window an object stands for.
+// The kind of window that an object stands for.
 enum VWindowKind : int32_t
 {
     V_KIND_BUTTON = 1,
@@ -59,23 +64,26 @@ enum VWindowKind : int32_t
 };
 
 // Behaviour bits.
-inline constexpr uint32_t V_FLAG_PAINTS = 1;           // OnPaint paints the window
-inline constexpr uint32_t V_FLAG_INITIALIZE_LATER = 2; // the creator calls OnInitialize itself
-inline constexpr uint32_t V_FLAG_OFF_SCREEN = 4;       // painted off screen and never erased
-inline constexpr uint32_t V_FLAG_DELETE_SELF = 8;      // the object goes when its window is gone
+inline constexpr uint32_t V_FLAG_PAINTS = 1; // the object paints the window by OnPaint
+inline constexpr uint32_t V_FLAG_INITIALIZE_LATER =
+    2; // Attach does not call OnInitialize; the creator calls it later
+inline constexpr uint32_t V_FLAG_OFF_SCREEN =
+    4; // painted in memory first, and not erased on the screen
+inline constexpr uint32_t V_FLAG_DELETE_SELF = 8; // the object is deleted when its window is gone
 
-// Sees a window's messages before the window does.
+// Sees the messages of a window before the window does.
 class VMessageFilter
 {
 public:
     virtual ~VMessageFilter() = default;
 
-    // Answers whether the next filter and the window should see the message too. With bHandled set,
-    // lResult is the message's result.
+    // Returns whether the next filter and the window should see the message too. When it sets
+    // bHandled, lResult is the result of the message.
     virtual bool Filter(VWindow& window, UINT uMessage, WPARAM wParam, LPARAM lParam,
                         LRESULT& lResult, bool& bHandled) = 0;
 
-    VMessageFilter* m_pNextFilter = nullptr; // link of the window's list, which alone touches it
+    VMessageFilter* m_pNextFilter =
+        nullptr; // the link of the window's list of filters; nobody else uses it
 };
 
 class VWindow
@@ -88,60 +96,62 @@ public:
     // ---- The virtual operations, in the order of their slots.
 
     virtual ~VWindow();
-    // Destroys the window, if there is one. True when it is gone; a bForced close does not ask.
-    // The object may be gone too, then.
+    // Destroys the window, if there is one. Returns true when it is gone. With bForced nobody is
+    // asked. The object may be deleted afterwards.
     virtual bool OnClose(bool bForced);
-    // The part inside frame and caption, in the window's own coordinates; empty for a window
+    // The part inside the frame and the caption, in coordinates of the window. Empty for a window
     // without a caption.
     virtual void ClientArea(VRect& rect) const;
     virtual bool IsDialogKind() const;
     virtual void Maximize();
     virtual void Minimize();
-    // Of the window that owns the message loop: true when nothing more is to be done.
+    // Called by the message loop of the main window before a message is translated. Returns true
+    // when the message needs no further treatment.
     virtual bool PreTranslate(MSG& message);
     virtual void Restore();
     virtual LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
     virtual LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl);
     virtual void OnDestroy() {}
-    // True when it painted.
+    // Paints the window. Returns true when it did.
     virtual bool OnPaint(VDrawingSurface& surface);
     virtual LRESULT OnSize(UINT uType, int nWidth, int nHeight);
     virtual LRESULT OnNotify(UINT uId, NMHDR* pHeader);
-    // A control's own notification, before its parent gets it: -1 when consumed, with the value
-    // for the sender in lResult.
+    // Called for a notification of this control, before its parent gets it. Returns -1 to keep it
+    // from the parent; lResult is then its result.
     virtual LRESULT OnReflectNotify(NMHDR* pHeader, LRESULT& lResult);
     virtual void OnFinalDestroy();
-    // False stops the creation.
+    // Called before the window is made. False stops the creation.
     virtual bool OnPreCreate(CREATESTRUCTA& create);
-    // False undoes the attach.
+    // Called when the object has been bound to its window. False unbinds it again.
     virtual bool OnInitialize();
 
     // ---- Making, binding and finding windows.
 
-    // Makes the window. A null class name stands for the registered one; an empty rectangle lets
-    // the system place a window that is no child.
+    // Makes the window. A null szClass means the class that VApplication registered. With an empty
+    // rect Windows places the window, unless it is a child. Returns false when the window cannot be
+    // made.
     bool Create(HWND hParent, const VRect& rect, DWORD uStyle, const char* szClass,
                 const char* szTitle, UINT uId, DWORD uExStyle = 0);
 
-    // Binds the object to a window that exists; false when OnInitialize refused.
+    // Binds the object to an existing window. Returns false when OnInitialize refused.
     bool Attach(HWND hWnd, bool bRunInitialize = true);
 
-    // Lets go of the window, closing it if the object was bound to it; one that OnClose kept goes
-    // on without the object. Create and Attach bind the object anew.
+    // Unbinds the object. Its window is closed first; a window that an override of OnClose has kept
+    // goes on without the object. Create and Attach can bind the object again.
     void Detach();
 
     static VWindow* FromHandle(HWND hWnd);
     static int32_t KindOfWindow(HWND hWnd);
     static VWindow* GetMainWindow();
     static void SetMainWindow(VWindow* pWindow);
-    // Whether the object is still one of the live ones.
+    // Whether the pointer is that of an object that still exists.
     static bool IsLive(const VWindow* pWindow);
     static LRESULT CALLBACK WindowProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
     bool IsAttached() const;
     bool IsValid() const { return m_hWnd != nullptr && IsWindow(m_hWnd); }
 
-    // The filter stays the caller's. Filters see messages in the order in which they came.
+    // The caller owns the filter. The filter that was added first sees a message first.
     void AddFilter(VMessageFilter& filter);
     void RemoveFilter(VMessageFilter& filter);
 
@@ -177,7 +187,7 @@ public:
         return SetWindowLongPtrA(m_hWnd, nIndex, lValue);
     }
     VRect GetClientRect() const;
-    VRect GetWindowRect() const; // on the screen
+    VRect GetWindowRect() const; // in coordinates of the screen
     HWND GetItem(int nId) const { return GetDlgItem(m_hWnd, nId); }
     static VString WindowText(HWND hWnd);
     VString GetText() const { return WindowText(m_hWnd); }
@@ -187,12 +197,14 @@ public:
 
     void EnableChildren(bool bEnable);
     void ShowChildren(bool bShow);
-    // The first child window of a class, ignoring case; null for none. "BUTTON" finds check boxes
-    // and radio buttons only: buttons with one of the low three bits of style set.
+    // The first child window of a class, ignoring case; null when there is none.
+    //
+    // Kept: "BUTTON" finds only check boxes, radio buttons and the like: buttons that have one of
+    // the lowest three bits of the style set.
     HWND FindChildOfClass(const char* szClass) const;
 
 protected:
-    // The MDI client, for the default procedure of frames of that kind.
+    // Sets the MDI client window, which the default procedure of an MDI frame needs.
     void SetMdiClient(HWND hClient) { m_hMdiClient = hClient; }
     VWindow* GetFillChild() const { return m_pFillChild; }
 
@@ -207,16 +219,17 @@ private:
     int ProcedureSlot() const;
 
 public:
-    VWindow* m_pNextLive = nullptr; // link of VWindowList, which alone touches it
+    VWindow* m_pNextLive = nullptr; // the link of VWindowList; nobody else uses it
 
 private:
     int32_t m_lKind;
     VFlagSet m_flags;
     UINT m_uId = 0;
-    HWND m_hWnd = nullptr; // null while not bound
+    HWND m_hWnd = nullptr; // null while the object is not bound
     HACCEL m_hAccelerators = nullptr;
-    WNDPROC m_pOldProcedure = nullptr; // replaced by subclassing; null for the toolkit's own class
+    WNDPROC m_pOldProcedure = nullptr; // the procedure that subclassing replaced; null for a window
+                                       // of the toolkit's own class
     VMessageFilter* m_pFilters = nullptr;
-    VWindow* m_pFillChild = nullptr; // covers the client area
+    VWindow* m_pFillChild = nullptr; // the child that fills the client area
     HWND m_hMdiClient = nullptr;
 };

@@ -1,4 +1,4 @@
-// Kinds of windows: which are dialogs, and what a window of the platform's own class is.
+// The kinds of windows: which are dialogs, and what a window of a class of Windows is.
 #pragma once
 
 #include <windows.h>
@@ -7,5 +7,6 @@
 
 bool VIsDialogKind(int32_t lKind);
 
-// By the class name and, for buttons, the low four bits of the style.
+// The kind of a window, by the name of its class. For buttons the lowest four bits of the style
+// decide.
 int32_t VKindOfClass(const char* szClass, LONG_PTR lStyle);

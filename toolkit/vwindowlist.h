@@ -1,4 +1,5 @@
-// The live window objects, and the way from a window's handle to its object.
+// VWindowList: all window objects that exist, and the way from the handle of a window to its
+// object.
 #pragma once
 
 #include "base/vlist.h"
@@ -9,14 +10,14 @@ class VWindowList
 public:
     static VWindowList& Get();
 
-    // Frames and their like go to the front, others to the end.
+    // Adds an object: frames at the front, all others at the end.
     void Add(VWindow* pWindow);
     void Remove(VWindow* pWindow);
     bool Contains(const VWindow* pWindow) const;
 
-    // Walks the list; null for none.
+    // Finds the object of a window by a walk through the list; null when there is none.
     VWindow* Find(HWND hWnd) const;
-    // The same, with the last one found at hand.
+    // The same, but remembers the object that was found last.
     VWindow* FindCached(HWND hWnd);
     void ForgetCached() { m_pCached = nullptr; }
     void ForgetCached(const VWindow* pWindow);

@@ -21,7 +21,7 @@ bool IsModalDialog(const VWindow* pWindow)
     return pDialog != nullptr && pDialog->IsDialogKind() && pDialog->IsModal();
 }
 
-// The object given when the window was made.
+// The object that was passed when the window was made.
 VWindow* CreatedObject(UINT uMessage, LPARAM lParam)
 {
     const VWindowList& list = VWindowList::Get();
@@ -30,7 +30,7 @@ VWindow* CreatedObject(UINT uMessage, LPARAM lParam)
         const bool bMdiChild = (pCreate->dwExStyle & WS_EX_MDICHILD) != 0;
         void* pObject = pCreate->lpCreateParams;
         if (bMdiChild && pObject != nullptr) {
-            // The MDI client puts its own record between.
+            // For an MDI child, Windows passes an MDICREATESTRUCT, and the object is in that.
             pObject = reinterpret_cast<void*>(static_cast<MDICREATESTRUCTA*>(pObject)->lParam);
         }
         auto* pWindow = static_cast<VWindow*>(pObject);
@@ -78,8 +78,8 @@ private:
     void RefuseCreation()
     {
         if (!m_pWindow->IsDialogKind()) {
-            // The window fails to be made, and its last messages must not reach an object that
-            // stays with its maker.
+            // WM_NCCREATE will return 0 and Windows will destroy the window. Its last messages must
+            // not reach the object, which its creator still owns.
             m_pWindow->m_hWnd = nullptr;
             return;
         }
@@ -90,11 +90,11 @@ private:
         }
     }
 
-    // False when a filter kept the message for itself.
+    // Returns false when a filter has kept the message.
     bool RunFilters()
     {
         for (VMessageFilter* p = m_pWindow->m_pFilters; p != nullptr;) {
-            VMessageFilter* pNext = p->m_pNextFilter; // the filter may take itself out
+            VMessageFilter* pNext = p->m_pNextFilter; // the filter may remove itself
             LRESULT lResult = 0;
             bool bHandled = false;
             const bool bGoOn =
@@ -114,7 +114,7 @@ private:
         return true;
     }
 
-    // True when nothing may follow, not even the default.
+    // Returns true when the message is done with, without the default procedure.
     bool Dispatch()
     {
         switch (m_uMessage) {
@@ -130,7 +130,8 @@ private:
                 Paint();
                 break;
             case WM_CLOSE:
-                // Unanswered, the system would press Cancel in a dialog once more.
+                // When WM_CLOSE of a dialog is not handled, Windows sends it the command IDCANCEL
+                // as well.
                 Answer(0);
                 Close(false);
                 break;
@@ -168,7 +169,7 @@ private:
         return bGone;
     }
 
-    // True when the sender's own object consumed it.
+    // Returns true when the object of the sender has kept the notification.
     bool Notify(NMHDR* pHeader)
     {
         if (VWindow* pSender = VWindow::FromHandle(pHeader->hwndFrom)) {
@@ -182,7 +183,8 @@ private:
         return false;
     }
 
-    // A dialog's procedure says only whether it took the message; the value stands in the window.
+    // Sets the result of the message. A dialog procedure only says whether it has handled a
+    // message; the result itself goes into DWLP_MSGRESULT.
     void Answer(LRESULT lValue)
     {
         m_lResult = lValue;
@@ -219,7 +221,7 @@ private:
             const VRect area = m_pWindow->GetClientRect();
             VBufferedSurface buffer(target, area.GetWidth(), area.GetHeight());
             if (buffer.GetHandle() != nullptr) {
-                // What the window would have erased on the screen.
+                // Draws the background, which for this window is not erased on the screen.
                 m_pWindow->DefaultProc(m_hWnd, WM_ERASEBKGND,
                                        reinterpret_cast<WPARAM>(buffer.GetHandle()), 0);
                 PaintWindow(buffer, bPaints);
@@ -239,7 +241,7 @@ private:
 
     void Finish()
     {
-        // A command or a notification may have ended the object as well as a close.
+        // A command or a notification may have deleted the object too, not only a close.
         if (m_lResult == V_NOT_HANDLED && VWindow::IsLive(m_pWindow) &&
             m_pWindow->m_hWnd != nullptr) {
             m_lResult = m_pWindow->DefaultProc(m_hWnd, m_uMessage, m_wParam, m_lParam);
