@@ -7,8 +7,10 @@
 #include "exchange/qmexchangeformat.h"
 #include "exchange/qmtokenizer.h"
 
-// The writer has one layout and quotes nothing: a text with a comma takes two columns. The reader
-// goes by the names in the header row, so that files of other programs can be read.
+// The writer has one layout. The reader finds the columns by their names in the header row, so it
+// reads files of other programs too.
+//
+// Kept: the writer puts nothing in quotes, so a text with a comma takes two columns.
 class QMCsvFormat : public QMExchangeFormat
 {
 public:
@@ -16,14 +18,14 @@ public:
 
     QMCsvFormat();
 
-    // Line 1 is the header row, each further one a record; so is a blank one. Always true.
+    // Line 1 is the header row. Every other line is a record, a blank one too. Always returns true.
     bool ParseLine(char* szText, int32_t lLine, int32_t lLength) override;
 
-    // Never returns for a store without transactions: QMExportObstacle tells beforehand.
+    // Kept: for a store without transactions this never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store) override;
 
-    // The same into a file that is open for writing text. Whether that went well is known to the
-    // file: ferror, and fclose at the end.
+    // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
+    // all was written.
     static void WriteTo(FILE* pFile, QMTransactionStore& store);
 
 private:
@@ -33,8 +35,8 @@ private:
     void ParseCell(int32_t lRole, const char* szCell);
     void ParseTag(uint32_t uTag, const char* szCell);
 
-    int32_t nColumns = 0;             // columns of the header row
-    int32_t aColumnRole[nMaxColumns]; // QMFieldRole of each; -1 for an unknown name
-    bool bQuoted = false;             // whether the first header cell stood in quotes
-    VString m_sCell;                  // a cell that was joined from several
+    int32_t nColumns = 0;             // the number of columns in the header row
+    int32_t aColumnRole[nMaxColumns]; // the QMFieldRole of each column; -1 for an unknown name
+    bool bQuoted = false;             // whether the first cell of the header row is in quotes
+    VString m_sCell;                  // a cell that was put together from several
 };

@@ -18,7 +18,7 @@ bool EndsWithQuote(const char* szText)
     return uLength > 0 && szText[uLength - 1] == cQuote;
 }
 
-// A lone quote is both the beginning and the end.
+// A single quote counts as both the beginning and the end.
 bool IsInQuotes(const char* szText)
 {
     return *szText == cQuote && EndsWithQuote(szText);
@@ -45,7 +45,7 @@ bool MeansNo(const char* szText)
 QMCsvFormat::QMCsvFormat()
 {
     std::fill(std::begin(aColumnRole), std::end(aColumnRole), -1);
-    // A line is the longest cell there can be.
+    // A cell can be as long as a line, so the text grows in large steps.
     m_sCell.SetBlockSize(4096);
 }
 
@@ -93,7 +93,8 @@ void QMCsvFormat::ParseRow(char* szText)
     Commit();
 }
 
-// Joins what a comma within quotes took apart, without the comma, and takes all quotes off.
+// Puts a cell together again that commas within quotes have split. The commas are lost, and all
+// quotes are taken off.
 const char* QMCsvFormat::RepairCell(char* szCell, QMTokenizer& tokenizer)
 {
     if (*szCell != cQuote || EndsWithQuote(szCell)) {
@@ -152,12 +153,12 @@ void QMCsvFormat::ParseCell(int32_t lRole, const char* szCell)
             txPending.lFlags &= ~QM_TRANS_FLAG_NOT_CLEARED;
             txPending.lFlags |= MeansNo(szCell) ? QM_TRANS_FLAG_NOT_CLEARED : 0;
             break;
-        default: // a column that the register has no place for
+        default: // a column for which the register has no place
             break;
     }
 }
 
-// Not being voided says nothing about being cleared, so taking the tag off leaves the rest alone.
+// Only the tag that is named changes: a transaction that is not voided may still be not cleared.
 void QMCsvFormat::ParseTag(uint32_t uTag, const char* szCell)
 {
     if (MeansYes(szCell)) {

@@ -42,7 +42,7 @@ void QMCsvFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
     fputs("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n", pFile);
     store.First();
     for (;;) {
-        // Only a transaction that was written can be the last one: who calls this sees to it that
+        // Kept: the loop ends only after a transaction was written. The caller makes sure that
         // there is one.
         if (const QMTransaction* pCurrent = store.GetCurrentNode()) {
             WriteRow(pFile, *pCurrent);

@@ -8,29 +8,30 @@
 
 enum class QMExchangeKind
 {
-    None, // no extension, or one that means nothing here
+    None, // no extension, or an unknown one
     Qif,
     Csv,
     Xml,
-    Text, // offered with the others, but there is no such format: always refused
+    Text, // the file dialogs offer it, but there is no such format: always refused
 };
 
-// By what follows the last dot of the path, ignoring case.
+// The kind of file, by what comes after the last dot of the path, ignoring case.
 QMExchangeKind QMKindOfPath(const char* szPath);
 
-// Makes the file's transactions the contents of the store. False, with the store as it was, for a
-// kind that cannot be read and as the formats tell.
+// Replaces the contents of the store by the transactions of a file. Returns false, and leaves the
+// store as it is, for a kind that cannot be read, and when the format's Import returns false.
 bool QMImportFile(const char* szPath, QMTransactionStore& store);
 
-// Writes all transactions of the store, whose cursor moves. False, with no file made, for a kind
-// that cannot be written, and when the file cannot be created. Never returns where QMExportObstacle
-// has a reason.
+// Writes all transactions of the store. The store's cursor moves. Returns false, without making a
+// file, for a kind that cannot be written, and when the file cannot be created.
+//
+// Kept: when QMExportObstacle has a reason against the export, this never returns.
 bool QMExportFile(const char* szPath, QMTransactionStore& store);
 
-// The same into a file that is open for writing text, for who must know whether every byte found
-// its place: ferror and fclose tell.
+// Writes to a file that is open for writing text, for a caller that must know whether everything
+// was written: ferror and fclose tell.
 bool QMExportTo(FILE* pFile, QMExchangeKind kind, QMTransactionStore& store);
 
-// Why a store must not be exported in that kind, as a phrase for the end of a sentence; null when
-// it may be.
+// Why a store must not be exported to that kind, as a phrase that ends a sentence; null when it may
+// be.
 const char* QMExportObstacle(QMExchangeKind kind, const QMTransactionStore& store);

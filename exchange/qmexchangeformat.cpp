@@ -66,7 +66,7 @@ void QMExchangeFormat::Commit()
 void QMExchangeFormat::ResetPending()
 {
     txPending.SetDefaults();
-    // A number tells a check from a withdrawal, so there is none until the file names one.
+    // A number makes the record a check. So there is none until the file gives one.
     txPending.lNumber = 0;
 }
 
@@ -83,7 +83,8 @@ void QMExchangeFormat::ParsePayee(const char* szPayee)
     char szShown[QM_FIELD_TEXT_SIZE];
     const int32_t lShown = txPending.FormatField(QM_FIELD_DESCRIPTION, szShown, true, 0);
     const auto uShown = static_cast<size_t>(lShown);
-    // The dash between label and description stays in front of what is kept.
+    // Kept: " - " between the name of the type and the description stays in the description. So it
+    // doubles each time a record is written and read.
     if (lType != QM_TRANS_CHECK && strlen(szPayee) > uShown) {
         VCopyText(txPending.szDescription, szPayee + uShown);
     }

@@ -1,4 +1,4 @@
-// QMExchangeFormat: what the text formats for transactions have in common.
+// QMExchangeFormat: what the text formats, QIF and CSV, have in common.
 #pragma once
 
 #include <cstddef>
@@ -9,14 +9,14 @@
 #include "exchange/qmlinereader.h"
 #include "exchange/qmtemporaryrecords.h"
 
-// Makes a record that was read an entry of a register: the sign of the amount decides on which side
-// of the register it belongs, a type of the other side gives way, and the amount loses its sign.
-// Interest paid alone stays when its amount is negative. A check needs a number to stay one. The
-// date cleared is not left before the date.
+// Makes a register entry out of a record that was read. The sign of the amount decides the side of
+// the register: a type of the other side becomes Deposit or Withdrawal. The amount then loses its
+// sign. Interest Paid stays even with a negative amount. A check without a number becomes a
+// withdrawal. A date cleared that is before the date is set to the date.
 void QMSettleRecord(QMTransaction& transaction);
 
-// The amount as the text formats write it: a sign by the type and "%0.2f". A type outside the table
-// has no sign.
+// The amount as the text formats write it: by "%0.2f", with the sign that the type gives. An
+// unknown type gives no sign.
 struct QMSignedAmount
 {
     explicit QMSignedAmount(const QMTransaction& transaction);
@@ -26,28 +26,29 @@ struct QMSignedAmount
 class QMExchangeFormat : public QMLineReader
 {
 public:
-    // Reads a file and makes its records the contents of the store. False, with the store as it
-    // was, for a file that cannot be opened, an empty one, and for lack of memory; what stands in
-    // the file is never an error.
+    // Replaces the contents of the store by the records of a file. Returns false, and leaves the
+    // store as it is, when the file cannot be opened or is empty, and when memory ran out. Nothing
+    // that a file may contain is an error.
     bool Import(const char* szPath, QMTransactionStore& store);
 
-    // Writes the store from its first transaction on, which leaves its cursor on the last. False
-    // when the file cannot be created.
+    // Writes the store from its first transaction on. The store's cursor is on the last one
+    // afterwards. Returns false when the file cannot be created.
     virtual bool Export(const char* szPath, QMTransactionStore& store);
 
 protected:
-    // The end of a record: settles txPending, keeps a copy and makes a new one ready.
+    // Ends a record: makes txPending an entry, keeps a copy of it and prepares it for the next
+    // record.
     void Commit();
 
-    // A payee that begins with the name of a type gives the type; what it has beyond the text that
-    // the register shows for it becomes the description. Any other payee is the description.
+    // Reads a payee. When it begins with the name of a type, the record gets that type, and the
+    // rest becomes the description. Otherwise all of it is the description.
     void ParsePayee(const char* szPayee);
 
-    // Makes the import fail for lack of memory.
+    // Notes that memory ran out. Import then returns false.
     void RunOutOfMemory() { m_records.SetIncomplete(); }
 
-    QMTransactionStore storeTemp; // the records read so far
-    QMTransaction txPending;      // the record being read
+    QMTransactionStore storeTemp; // the records that were read so far
+    QMTransaction txPending;      // the record that is being read
 
 private:
     void ResetPending();

@@ -11,20 +11,20 @@ namespace {
 constexpr UINT uTicked = INDEXTOSTATEIMAGEMASK(2);
 constexpr UINT uUnticked = INDEXTOSTATEIMAGEMASK(1);
 
-// The strip below the list, and the controls in it; pixels.
+// The strip below the list and the controls in it, in pixels.
 constexpr int nStripHeight = 40;
-constexpr int nControlRise = 32; // from their top to the dialog's bottom
+constexpr int nControlRise = 32; // from the top of the controls to the bottom of the dialog
 constexpr int nControlHeight = 24;
 constexpr int nBoxWidth = 98;
 constexpr int nImportAllLeft = 8;
 constexpr int nClearAllLeft = 114;
 constexpr int nButtonWidth = 68;
 constexpr int nButtonStep = 76;
-// The buttons stop here, short of the boxes, however narrow the dialog gets.
+// However narrow the dialog is, the buttons stay right of the check boxes.
 constexpr int nImportLeast = 294;
 constexpr int nCancelLeast = 196;
 
-// Keeps a window from painting until the end of the scope, and has it painted once then.
+// Keeps a window from painting until the end of the scope. Then the window is painted once.
 class PaintPause
 {
 public:
@@ -66,7 +66,8 @@ bool QMImportDialog::OnInitDialog()
         return false;
     }
     ShowIcon();
-    // The list covers most of the dialog and would flicker with each new size.
+    // Without WS_CLIPCHILDREN the dialog would erase the area of the list at each new size, and
+    // flicker.
     SetLong(GWL_STYLE, GetLong(GWL_STYLE) | WS_CLIPCHILDREN);
     const VRect client = GetClientRect();
     LayOut(client.GetWidth(), client.GetHeight());
@@ -74,7 +75,7 @@ bool QMImportDialog::OnInitDialog()
     return true;
 }
 
-// A frame that can be sized has an icon in its caption, the system's own unless it gets one.
+// Windows shows its own icon in the caption of a sizable dialog that has none.
 void QMImportDialog::ShowIcon()
 {
     HANDLE hIcon = LoadImageA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(IDI_QUILLMARK),
@@ -117,7 +118,7 @@ bool QMImportDialog::MakeList()
             return false;
         }
     }
-    // Only the cleared mark is ever drawn: no row has any of the others.
+    // Only the cleared mark is drawn. The column given for the others has none.
     m_list.SetPaintedColumns(QM_IMPORT_CHECK, QM_IMPORT_CHECK, QM_IMPORT_CLEARED);
     return true;
 }
@@ -153,8 +154,8 @@ void QMImportDialog::FocusList()
 {
     constexpr UINT uState = LVIS_SELECTED | LVIS_FOCUSED;
     m_list.SetItemState(0, uState, uState);
-    // First in the order of the Tab key. The system may have chosen the first control of the
-    // template before there was a list.
+    // The list comes first in the order of the Tab key. Windows may have set the focus to the first
+    // control of the template before the list was made.
     SetWindowPos(m_list.GetHandle(), HWND_TOP, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     Post(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(m_list.GetHandle()), TRUE);
@@ -236,14 +237,14 @@ LRESULT QMImportDialog::OnNotify(UINT /*uId*/, NMHDR* pHeader)
         OnListClick(reinterpret_cast<NMITEMACTIVATE*>(pHeader)->ptAction.x);
     } else if (pHeader->code == LVN_ITEMCHANGED && !m_bSetsTicks &&
                IsTickChange(*reinterpret_cast<NMLISTVIEW*>(pHeader))) {
-        // The space bar ticks rows as well as the mouse.
+        // The user can tick rows with the space bar as well as with the mouse.
         m_importAll.SetCheck(QM_BOX_MIXED);
     }
     return V_NOT_HANDLED;
 }
 
-// The columns are looked up as if the list were never scrolled sideways: what looks like one column
-// then acts as another. That is known and stays.
+// Kept: the column under the mouse is looked up as if the list were not scrolled sideways. In a
+// scrolled list a click then acts on another column than the one under the mouse.
 void QMImportDialog::OnListClick(int nPixels)
 {
     if (m_list.GetSelectedCount() == 0) {
@@ -305,7 +306,7 @@ void QMImportDialog::PressClearAll()
     const QMBoxState state = QMNextBoxState(m_clearAll.GetCheck());
     m_clearAll.SetCheck(state);
     QMSetImportCleared(*m_pStore, state == QM_BOX_ON);
-    // A row's texts do not tell the cleared state.
+    // Only the marks change: no text of a row depends on the cleared state.
     int nRow = 0;
     m_pStore->ForEach([&](const QMTransaction& transaction) {
         m_list.SetItemData(nRow++, static_cast<LPARAM>(QMImportDecoration(transaction)));

@@ -1,5 +1,6 @@
-// QMImportDialog: shows the transactions that were read from a file, before any of them reaches the
-// account, and lets the user choose which of them come in and set their cleared state.
+// QMImportDialog: the import review. It shows the transactions that were read from a file before
+// any of them gets into the account. The user chooses which come in and can change their cleared
+// state.
 #pragma once
 
 #include "exchange/qmimportreview.h"
@@ -10,13 +11,14 @@
 class QMImportDialog : public VDialog
 {
 public:
-    // Returns IDC_IMPORT_IMPORT, with QM_TRANS_FLAG_IMPORT in the chosen transactions and in no
-    // other, or IDCANCEL, also when the dialog could not be made. The cleared state is set in the
-    // store at once. The store outlives the call and keeps its order; its cursor may move.
+    // Runs the dialog. Returns IDC_IMPORT_IMPORT, with QM_TRANS_FLAG_IMPORT set in the chosen
+    // transactions and in no others; or IDCANCEL, also when the dialog could not be made. The
+    // cleared state is changed in the store at once. The store must live longer than the call. Its
+    // order stays, its cursor may move.
     INT_PTR DoModal(HWND hParent, QMTransactionStore& store);
 
     bool OnInitDialog() override;
-    // There is no OK button.
+    // The dialog has no OK button. The Enter key presses Import.
     bool OnOK() override { return false; }
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
     LRESULT OnNotify(UINT uId, NMHDR* pHeader) override;
@@ -40,11 +42,11 @@ private:
     void PressClearAll();
     void Import();
 
-    QMTransactionStore* m_pStore = nullptr; // the caller's
+    QMTransactionStore* m_pStore = nullptr; // owned by the caller
     QMGridList m_list;
     VCheckBox m_importAll;
     VCheckBox m_clearAll;
     VButton m_cancel;
     VButton m_import;
-    bool m_bSetsTicks = false; // the changes at hand are not the user's
+    bool m_bSetsTicks = false; // the program, not the user, is changing the ticks
 };

@@ -14,7 +14,7 @@ constexpr QMImportColumnInfo aColumns[QM_IMPORT_COUNT] = {
     {"Category", QMAlignment::Left, 240},    {"", QMAlignment::Centre, 256},
 };
 
-// The field that a column shows; QM_FIELD_COUNT for none.
+// The field that a column shows; QM_FIELD_COUNT when it shows none.
 uint32_t FieldOf(const QMTransaction& transaction, QMImportColumn column)
 {
     switch (column) {
@@ -67,12 +67,12 @@ int32_t QMImportFillerWidth(const int32_t (&aWidth)[QM_IMPORT_COUNT], int32_t lW
 
 const char* QMImportText(const QMTransaction& transaction, QMImportColumn column, char* szBuffer)
 {
-    // A field that there is not leaves the text empty.
+    // For QM_FIELD_COUNT, GetFieldText makes the text empty.
     transaction.GetFieldText(FieldOf(transaction, column), szBuffer, true, 0);
     return szBuffer;
 }
 
-// A voided one gets no mark of its own: the suffix of its description tells it.
+// A voided transaction has no mark of its own: its description ends in "(voided)".
 uint32_t QMImportDecoration(const QMTransaction& transaction)
 {
     return transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED) ? 0 : QM_DECOR_CLEARED;

@@ -1,5 +1,5 @@
 // The rules of the import review: what each row shows, and what its boxes do to the transactions
-// that were read. Row r of the review is the store's transaction at position r.
+// that were read. Row r shows the transaction at store position r.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 enum QMImportColumn : int32_t
 {
-    QM_IMPORT_CHECK, // the list's own check boxes
+    QM_IMPORT_CHECK, // the check boxes of the list
     QM_IMPORT_CLEARED,
     QM_IMPORT_DATE,
     QM_IMPORT_NUMBER,
@@ -18,7 +18,7 @@ enum QMImportColumn : int32_t
     QM_IMPORT_CREDIT,
     QM_IMPORT_MEMO,
     QM_IMPORT_CATEGORY,
-    QM_IMPORT_FILLER, // takes up the width that the others leave
+    QM_IMPORT_FILLER, // takes the width that the others leave
     QM_IMPORT_COUNT,
 };
 
@@ -26,44 +26,45 @@ struct QMImportColumnInfo
 {
     const char* szHeading;
     QMAlignment alignment;
-    int32_t lWidth; // pixels
+    int32_t lWidth; // in pixels
 };
 
 const QMImportColumnInfo& QMGetImportColumnInfo(QMImportColumn column);
 
-// The column at a distance from the left edge of the first, given the width of each in pixels;
-// QM_IMPORT_COUNT to the left of the first and to the right of the last.
+// The column that is lPixels to the right of the left edge of the first. aWidth holds the widths in
+// pixels. Returns QM_IMPORT_COUNT outside all columns.
 QMImportColumn QMFindImportColumn(const int32_t (&aWidth)[QM_IMPORT_COUNT], int32_t lPixels);
 
-// What the filler has of a window's width in pixels, given the width of each column; never below 0.
+// The width that the other columns leave of a window, in pixels; never below 0.
 int32_t QMImportFillerWidth(const int32_t (&aWidth)[QM_IMPORT_COUNT], int32_t lWindow);
 
-// A row's text in a column, in a buffer of at least QM_FIELD_TEXT_SIZE bytes. Returns the buffer.
+// Writes the text of a cell into szBuffer, which must have QM_FIELD_TEXT_SIZE bytes, and returns
+// szBuffer.
 const char* QMImportText(const QMTransaction& transaction, QMImportColumn column, char* szBuffer);
 
-// A row's decoration word: QM_DECOR_CLEARED for a cleared transaction, else 0.
+// The decoration word of a row: QM_DECOR_CLEARED for a cleared transaction, else 0.
 uint32_t QMImportDecoration(const QMTransaction& transaction);
 
-// The state of a box for all rows, with the values that the platform gives them.
+// The state of a check box that stands for all rows. The values are those of BST_.
 enum QMBoxState : uint32_t
 {
     QM_BOX_OFF = 0,
     QM_BOX_ON = 1,
-    QM_BOX_MIXED = 2, // the rows differ, or may
+    QM_BOX_MIXED = 2, // the rows differ, or may differ
 };
 
-// What a press makes of a box: mixed goes to on.
+// The state after a press. QM_BOX_MIXED becomes QM_BOX_ON.
 QMBoxState QMNextBoxState(uint32_t uState);
 
-// Turns the row's transaction from cleared to not cleared or back. Returns it, still owned by the
-// store; null when there is no such row.
+// Toggles the cleared state of the transaction of a row. Returns the transaction, which the store
+// owns; null when there is no such row.
 const QMTransaction* QMToggleImportCleared(QMTransactionStore& store, int32_t lRow);
 
-// Sets every transaction cleared or not cleared.
+// Makes every transaction cleared or not cleared.
 void QMSetImportCleared(QMTransactionStore& store, bool bCleared);
 
-// Gives each transaction the mark by which the import takes it, or takes the mark off, by what
-// isTicked(lRow) answers. Rows are asked for in their order, each once.
+// Sets the import mark in each transaction for which isTicked(lRow) returns true, and clears it in
+// the others. isTicked is called once for each row, in their order.
 template <class F>
 void QMMarkForImport(QMTransactionStore& store, F isTicked)
 {

@@ -57,7 +57,7 @@ QMTextEncoding QMLineFile::Open(const char* szPath, int32_t lMaxLine)
     if (m_pFile == nullptr || !Reserve(lMaxLine)) {
         return QM_TEXT_UNREADABLE;
     }
-    // Everything goes through a buffer of our own.
+    // This class has a buffer of its own, so the C library needs none.
     setvbuf(m_pFile.get(), nullptr, _IONBF, 0);
     const size_t uCount = Provide(3);
     if (ferror(m_pFile.get()) != 0) {
@@ -71,14 +71,14 @@ QMTextEncoding QMLineFile::Open(const char* szPath, int32_t lMaxLine)
 bool QMLineFile::Reserve(int32_t lMaxLine)
 {
     m_uMaxLength = static_cast<size_t>(lMaxLine) - 2;
-    // The longest line in units of two bytes and the block in which it ends, and then as much
-    // again as one reading brings: what moves to the front is little beside that.
+    // Room for the longest line in units of two bytes, for the block in which it ends, and for one
+    // more reading. So little has to be moved to the front.
     m_uSize = 2 * static_cast<size_t>(lMaxLine) + uBlockSize + uReadSize;
     m_pBuffer.reset(new (std::nothrow) char[m_uSize + 1]);
     return m_pBuffer != nullptr;
 }
 
-// Reads until uWanted bytes are there, if the file has them; returns how many there are.
+// Reads until uWanted bytes are in the buffer, or the file ends. Returns how many there are.
 size_t QMLineFile::Provide(size_t uWanted)
 {
     if (m_bBorrowed) {
@@ -114,13 +114,14 @@ char* QMLineFile::ReadLine(int32_t& lLength)
         uLength = FindEnd(uAvailable);
         szText = TakeLine(uLength);
     }
-    // What came with a mark passes through a conversion of texts, which a zero ends.
+    // A file with a byte-order mark goes through a conversion of zero-terminated text, so its lines
+    // end at a zero.
     const bool bConverted = MarkSize(m_encoding) > 0;
     lLength = static_cast<int32_t>(bConverted ? strlen(szText) : uLength);
     return szText;
 }
 
-// Characters up to the line end, the cut or the end of the file.
+// The number of characters up to the end of the line, the cut or the end of the file.
 size_t QMLineFile::FindEnd(size_t uAvailable) const
 {
     const char* pBegin = m_pBuffer.get() + m_uNext;
@@ -132,7 +133,7 @@ size_t QMLineFile::FindEnd(size_t uAvailable) const
     return static_cast<size_t>(p - pBegin);
 }
 
-// The same for UTF-16, block by block; false where the line reaches into an odd block.
+// The same for UTF-16, block by block. Returns false when the line reaches into an odd block.
 bool QMLineFile::FindWideEnd(size_t uAvailable, size_t& uLength) const
 {
     uLength = 0;
@@ -151,7 +152,7 @@ bool QMLineFile::FindWideEnd(size_t uAvailable, size_t& uLength) const
     return true;
 }
 
-// Counted from where the line begins.
+// The character at uIndex, counted from the beginning of the line.
 unsigned QMLineFile::CharacterAt(size_t uIndex) const
 {
     const auto* p = reinterpret_cast<const unsigned char*>(m_pBuffer.get() + m_uNext);
@@ -165,7 +166,7 @@ unsigned QMLineFile::CharacterAt(size_t uIndex) const
     }
 }
 
-// Moves behind a line of that length and its line end, which a line that was cut has not.
+// Moves past a line of that length and past its line end. A line that was cut has no line end.
 void QMLineFile::GoBehind(size_t uLength)
 {
     const size_t uCharacterSize = IsWide(m_encoding) ? 2 : 1;

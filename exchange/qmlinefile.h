@@ -1,4 +1,4 @@
-// QMLineFile: a text file from elsewhere, taken apart into lines of eight-bit text.
+// QMLineFile: reads a text file line by line, as eight-bit text.
 #pragma once
 
 #include <cstddef>
@@ -7,40 +7,44 @@
 
 #include "exchange/qmstdiofile.h"
 
-// The kinds of file, told apart by the first three bytes. The last two are refusals.
+// The kinds of file. The first three bytes tell which. The last two kinds mean that the file is
+// refused.
 enum QMTextEncoding : int32_t
 {
     QM_TEXT_PLAIN = 0,        // first byte up to 127
     QM_TEXT_EIGHT_BIT = 1,    // first byte above 127
-    QM_TEXT_UTF8 = 2,         // UTF-8 with mark
+    QM_TEXT_UTF8 = 2,         // UTF-8, which begins with its byte-order mark
     QM_TEXT_UTF16_BIG = 3,    // UTF-16 with mark
     QM_TEXT_UTF16_LITTLE = 4, // UTF-16 with mark
     QM_TEXT_BAD_ARGUMENT = 5,
     QM_TEXT_UNREADABLE = 6,
 };
 
-// Of the first bytes of a file, three or all that there are.
+// The kind of a file that begins with these bytes: three, or all that the file has.
 QMTextEncoding QMTellEncoding(const char* pBytes, size_t uCount);
 
 class QMLineFile
 {
 public:
-    // The room for a line that serves when none is named.
+    // The room for a line when Open is given 0.
     static constexpr int32_t lDefaultMaxLine = 16384;
     static constexpr int32_t lLargestMaxLine = 1 << 28;
 
-    // Opens the file and goes behind its mark. Lines are cut at lMaxLine - 2 characters; 0 stands
-    // for the default, below 3 nothing could be read. The last two kinds tell a refusal.
+    // Opens the file and goes past its byte-order mark. Lines are cut at lMaxLine - 2 characters; 0
+    // means the default, and below 3 nothing could be read. The last two kinds mean that the file
+    // was refused.
     QMTextEncoding Open(const char* szPath, int32_t lMaxLine);
 
-    // Reads up to CR, LF, or the two together in either order, or up to the cut: the rest of a
-    // longer line comes as the next one. Null at the end. The text ends with a zero, may be written
-    // over, and lasts until the next call; lLength counts its characters, and a zero may be among
-    // them in the kinds 0 and 1.
+    // Reads a line. It ends at CR, at LF, at the two together in either order, or where it is cut:
+    // the rest of a longer line comes as the next line. Returns null at the end of the file. The
+    // text ends with a zero, may be changed by the caller, and is valid until the next call.
+    // lLength is the number of its characters. In the kinds 0 and 1 a zero may be among them.
     //
-    // UTF-8 comes as it stands. A character of UTF-16 above 255 comes as a question mark. A file of
-    // UTF-16 with an odd number of bytes is cut short: a line that reaches into the last block of
-    // 128 bytes, counted from where the line begins, is lost, and reading ends.
+    // UTF-8 is passed on unchanged. A character of UTF-16 above 255 becomes a question mark.
+    //
+    // Kept: in a file of UTF-16 with an odd number of bytes, a line that reaches into the last
+    // block of 128 bytes is lost, and reading ends. Blocks are counted from the beginning of the
+    // line.
     char* ReadLine(int32_t& lLength);
 
 private:
@@ -55,17 +59,18 @@ private:
 
     QMStdioFile m_pFile;
     QMTextEncoding m_encoding = QM_TEXT_PLAIN;
-    size_t m_uMaxLength = 0; // characters at which a line is cut
+    size_t m_uMaxLength = 0; // a line is cut at this many characters
 
-    // What was read and not yet taken lies between m_uNext and m_uEnd. One byte more has room, for
-    // the terminator of a last line.
+    // The bytes between m_uNext and m_uEnd were read and not used yet. The buffer has one byte
+    // more, for the terminating zero of the last line.
     std::unique_ptr<char[]> m_pBuffer;
     size_t m_uSize = 0;
     size_t m_uNext = 0;
     size_t m_uEnd = 0;
     bool m_bAtEnd = false;
 
-    // A terminator stands on the first character of the next line, which goes back in its place.
+    // When m_bBorrowed is set, the terminating zero of a line that was cut is in the place of the
+    // first character of the next line, m_cBorrowed.
     bool m_bBorrowed = false;
     char m_cBorrowed = '\0';
 };

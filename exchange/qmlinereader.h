@@ -11,13 +11,13 @@ public:
     QMLineReader& operator=(const QMLineReader&) = delete;
     virtual ~QMLineReader() = default;
 
-    // One line, counted from 1, as zero-terminated text that may be written over; a blank line has
-    // null text and length 0. False ends the reading.
+    // Called for each line. Lines are counted from 1. The text ends with a zero and may be changed;
+    // for a blank line it is null and the length 0. False ends the reading.
     virtual bool ParseLine(char* szText, int32_t lLine, int32_t lLength);
 
-    // Hands the lines of a file to ParseLine, as QMLineFile takes it apart; blank ones are counted,
-    // and handed over when bDeliverBlank is set. nMaxLine is the room for a line, 0 for the
-    // default. True when at least one line was handed over: an empty file reads as a failure, as
-    // does one that cannot be opened.
+    // Calls ParseLine for the lines of a file as QMLineFile reads them. Blank lines are counted,
+    // and passed on only with bDeliverBlank. nMaxLine is the room for a line; 0 means the default.
+    // Returns true when at least one line was passed on: a file that is empty or cannot be opened
+    // gives false.
     bool Read(const char* szPath, bool bDeliverBlank, int32_t nMaxLine);
 };

@@ -1,24 +1,26 @@
-// QMQifFormat: the Quicken Interchange Format, bank form, as far as this program carries it.
+// QMQifFormat: the Quicken Interchange Format for bank accounts, as far as this program supports
+// it.
 #pragma once
 
 #include <cstdio>
 
 #include "exchange/qmexchangeformat.h"
 
-// Writer and reader are not inverse to each other: voided transactions, the tags and the date
-// cleared are not written, and a description comes back with the dash that joins it to its type.
+// Kept: writing and reading do not give the same back. Voided transactions, the tags and the date
+// cleared are not written, and a description returns with the " - " that joins it to the type.
 class QMQifFormat : public QMExchangeFormat
 {
 public:
-    // One field to a line, named by its first character; a record ends with "^". Always true.
+    // A line holds one field, which its first character names. "^" ends a record. Always returns
+    // true.
     bool ParseLine(char* szText, int32_t lLine, int32_t lLength) override;
 
-    // Never returns for a store without transactions, nor for one whose last transaction is voided:
-    // QMExportObstacle tells beforehand.
+    // Kept: for a store without transactions, and for one whose last transaction is voided, this
+    // never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store) override;
 
-    // The same into a file that is open for writing text. Whether that went well is known to the
-    // file: ferror, and fclose at the end.
+    // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
+    // all was written.
     static void WriteTo(FILE* pFile, QMTransactionStore& store);
 
 private:

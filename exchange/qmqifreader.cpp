@@ -4,7 +4,7 @@
 
 namespace {
 
-// Brackets mark an account to which a transfer goes; the register knows none.
+// Brackets mark the account to which a transfer goes. The register has no such accounts.
 const char* WithoutBrackets(char* szLine)
 {
     QMStrip(szLine, '[');
@@ -30,13 +30,14 @@ bool QMQifFormat::ParseLine(char* szText, int32_t /*lLine*/, int32_t /*lLength*/
     return true;
 }
 
-// What begins with another character is passed over: headers, and the fields that a register has no
-// place for.
+// A line that begins with another character is ignored: headers, and fields for which the register
+// has no place.
 void QMQifFormat::ParseField(char* szLine)
 {
     switch (*szLine) {
         case 'C':
-            // Any other mark, the "*" of a half-done reconciliation included, is not cleared yet.
+            // Any other mark means not cleared. That includes "*", which other programs write in an
+            // unfinished reconciliation.
             if (VToLower(szLine[1]) == 'x') {
                 txPending.lFlags &= ~QM_TRANS_FLAG_NOT_CLEARED;
             }

@@ -43,8 +43,8 @@ void QMQifFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
     fputs("!Type:Bank\n", pFile);
     store.First();
     for (;;) {
-        // Only a transaction that was written can be the last one, and at the end of the store
-        // there is no next one: who calls this sees to it that the last one is written.
+        // Kept: the loop ends only after the last transaction was written, and at the end of the
+        // store there is no next one. The caller makes sure that the last one is written.
         const QMTransaction* pCurrent = store.GetCurrentNode();
         if (pCurrent != nullptr && !pCurrent->HasFlag(QM_TRANS_FLAG_VOIDED)) {
             WriteRecord(pFile, *pCurrent);

@@ -1,12 +1,13 @@
-// Replacing a character in a text, as the exchange formats strip and escape.
+// Replacing and removing a character, as the exchange formats do to escape and to clean texts.
 #pragma once
 
 #include "base/vstring.h"
 
-// Replaces the character by a text wherever it stands. A replacement that itself holds the
-// character takes the place of the first one only, since replacing would find no end otherwise.
-// False when memory ran out; the text is then as it was.
+// Replaces every occurrence of the character by a text. Returns false when memory ran out; the text
+// is then as before.
+//
+// Kept: when the replacement holds the character itself, only the first occurrence is replaced.
 bool QMReplace(VString& sText, char cFind, const char* szReplacement);
 
-// Takes a character out of a text, in place.
+// Removes every occurrence of a character, in place.
 void QMStrip(char* szText, char cFind);

@@ -1,4 +1,4 @@
-// The run-time library's files, closed by their owner.
+// Files of the C library, closed by their owner.
 #pragma once
 
 #include <cstdio>
@@ -12,14 +12,15 @@ struct QMStdioCloser
 };
 using QMStdioFile = std::unique_ptr<FILE, QMStdioCloser>;
 
-// Null when the file cannot be opened, and for anything but a regular file: a folder opens on some
-// systems, and a pipe would wait for its writer.
+// Opens a file for reading. Returns null when it cannot be opened, and when it is not a regular
+// file: on some systems a folder can be opened, and a pipe would wait for its writer.
 inline QMStdioFile QMOpenForReading(const char* szPath)
 {
     return QMStdioFile(FileExists(szPath) ? fopen(szPath, "rb") : nullptr);
 }
 
-// An empty file in which a line ends as the platform ends it; null when it cannot be made.
+// Creates an empty file to write text to; lines end as on the system. Returns null when it cannot
+// be created.
 inline QMStdioFile QMCreateTextFile(const char* szPath)
 {
     return QMStdioFile(szPath == nullptr ? nullptr : fopen(szPath, "w"));

@@ -1,4 +1,4 @@
-// QMTemporaryRecords: the records of a file that is being read, until they are handed over.
+// QMTemporaryRecords: holds the records of a file that is being read, until the reading is done.
 #pragma once
 
 #include <optional>
@@ -8,21 +8,22 @@
 class QMTemporaryRecords
 {
 public:
-    // The store, which it does not own, holds the records meanwhile, in no certain order.
+    // The caller owns the store, which holds the records in the meantime. Their order in it is not
+    // defined.
     explicit QMTemporaryRecords(QMTransactionStore& store) : m_store(store) {}
 
-    // Empties the store for a new file.
+    // Empties the store, for a new file.
     void Begin();
 
-    // Adds a copy. Memory that runs out makes HandOver fail.
+    // Adds a copy of a record. When memory runs out, HandOver will return false.
     void Add(const QMTransaction& transaction);
 
-    // Memory ran out elsewhere: makes HandOver fail.
+    // Notes that memory ran out elsewhere. HandOver will return false.
     void SetIncomplete() { m_bComplete = false; }
 
-    // Makes the records the contents of a store, in the order in which adding them one by one would
-    // have left them. False for lack of memory: that store is then as it was. Nothing stays here
-    // either way.
+    // Replaces the contents of a store by the records, in the order that Add one by one would give.
+    // Returns false when memory ran out; that store is then as before. No records are left here in
+    // either case.
     bool HandOver(QMTransactionStore& into);
 
 private:

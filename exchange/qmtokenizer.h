@@ -1,4 +1,4 @@
-// QMTokenizer: takes a text apart at a separator, in place.
+// QMTokenizer: splits a text at a separator, in place.
 #pragma once
 
 #include <cstdint>
@@ -6,12 +6,12 @@
 class QMTokenizer
 {
 public:
-    // The text, which may be null, is written to and belongs to the caller.
+    // The caller owns the text, which may be null. It is written to.
     QMTokenizer(char* szText, char cSep) : cSeparator(cSep), pszText(szText) {}
 
-    // The next token; null behind the last. It ends with a zero where its separator stood, until
-    // the next call puts the separator back. Two separators in a row have an empty token between
-    // them; a separator at the very end has none behind it.
+    // The next token; null after the last. It ends with a zero in the place of its separator; the
+    // next call puts the separator back. Two separators in a row have an empty token between them.
+    // A separator at the very end has no token after it.
     char* Next();
 
 private:
@@ -20,5 +20,5 @@ private:
 
     char cSeparator;
     char* pszText;
-    int32_t nCut = nBeforeFirst; // where the terminator stands
+    int32_t nCut = nBeforeFirst; // where the terminating zero is
 };

@@ -12,20 +12,23 @@
 class QMXmlFormat : public QMXmlParser
 {
 public:
-    // Reads a document and makes its transactions the contents of the store. Their values are taken
-    // as they come: a type that disagrees with the sign of its amount stays, and so does the sign.
-    // False, with the store as it was, for a file that cannot be read, an empty one, a document
-    // that is not well formed or has an unknown encoding, and for lack of memory.
+    // Replaces the contents of the store by the transactions of a document. Returns false, and
+    // leaves the store as it is, when the file cannot be read or is empty, when the document is not
+    // well formed or has an unknown encoding, and when memory ran out.
+    //
+    // Kept: values are taken as they are. A type that does not fit the sign of its amount stays,
+    // and so does the sign.
     bool Import(const char* szPath, QMTransactionStore& store);
 
-    // Writes the store from its first transaction on, which leaves its cursor on the last; one of
-    // an unknown type is passed over. False when the file cannot be created. Never returns for a
-    // store without transactions, nor for one whose last transaction is of an unknown type:
-    // QMExportObstacle tells beforehand.
+    // Writes the store from its first transaction on. The store's cursor is on the last one
+    // afterwards. A transaction of an unknown type is left out. Returns false when the file cannot
+    // be created.
+    //
+    // Kept: for a store without transactions this never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store);
 
-    // The same into a file that is open for writing text. Whether that went well is known to the
-    // file: ferror, and fclose at the end.
+    // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
+    // all was written.
     static void WriteTo(FILE* pFile, QMTransactionStore& store);
 
     void OnCharacterData(const char* pText, int32_t lLength) override;
@@ -42,12 +45,13 @@ private:
     void EndField();
     void EndTransaction();
 
-    QMTransactionStore storeTemp; // the records read so far
-    int32_t nCurrentType = -1; // type of the open transaction; -1 outside, and in one passed over
-    int32_t nCurrentRole = -1; // QMFieldRole of the open child element; -1 without one
-    int32_t nCurrentTag = -1;  // role that the open tag element names; -1 otherwise
-    QMTransaction txPending;   // the record being read
-    VString strText;           // text gathered for description, memo or category
+    QMTransactionStore storeTemp; // the records that were read so far
+    int32_t nCurrentType =
+        -1; // the type of the open transaction; -1 outside one, and in one that is left out
+    int32_t nCurrentRole = -1; // the QMFieldRole of the open child element; -1 without one
+    int32_t nCurrentTag = -1;  // the role that the open tag element names; -1 without one
+    QMTransaction txPending;   // the record that is being read
+    VString strText;           // the text of a description, memo or category, as far as it was read
 
     QMTemporaryRecords m_records{storeTemp};
 };

@@ -1,11 +1,11 @@
-// QMXmlParser: Expat's callbacks as virtual operations.
+// QMXmlParser: the callbacks of Expat as virtual operations.
 #pragma once
 
 #include <cstdint>
 
 #include <expat.h>
 
-// Names, attributes and texts come as UTF-8, whatever the document's encoding.
+// Names, attributes and texts are UTF-8, whatever the encoding of the document is.
 class QMXmlParser
 {
 public:
@@ -14,17 +14,17 @@ public:
     QMXmlParser& operator=(const QMXmlParser&) = delete;
     virtual ~QMXmlParser();
 
-    // The text is not terminated and lLength is above 0. A text may come in several pieces.
+    // The text does not end with a zero; lLength is above 0. A text may come in several pieces.
     virtual void OnCharacterData(const char* pText, int32_t lLength);
 
-    // The attributes are names and values in turn, with a null behind the last value.
+    // aszAttributes holds names and values in turn, and a null after the last value.
     virtual void OnStartElement(const char* szName, const char** aszAttributes);
     virtual void OnEndElement(const char* szName);
 
-    // Fills in an encoding that Expat does not know. 0 refuses it, and with it the document.
+    // Describes an encoding that Expat does not know. 0 refuses the encoding and so the document.
     virtual int32_t OnUnknownEncoding(const char* szName, XML_Encoding* pEncoding);
 
-    // Parses a whole document. False when it is not well formed, and for lack of memory.
+    // Parses a whole document. Returns false when it is not well formed, and when memory ran out.
     bool Parse(const char* pBytes, int32_t lLength);
 
 private:

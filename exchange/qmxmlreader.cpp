@@ -12,7 +12,7 @@ namespace {
 
 constexpr int32_t lNone = -1;
 
-// Longer than any field, so that no more of a piece is of use.
+// Longer than any field, so a piece need not be longer.
 constexpr uint32_t uMaxPiece = 256;
 
 struct WholeFile
@@ -21,7 +21,7 @@ struct WholeFile
     int32_t lSize = 0;
 };
 
-// Nothing when the file is empty, cannot be read or is too large for one parse.
+// The whole file; nothing when it is empty, cannot be read, or is too large to be parsed at once.
 WholeFile ReadFile(const char* szPath)
 {
     WholeFile whole;
@@ -47,7 +47,7 @@ bool IsTransaction(const char* szName)
     return VCompareNoCase(szName, "transaction") == 0;
 }
 
-// Calls f(value) for each attribute called "type".
+// Calls f(value) for each attribute named "type".
 template <class F>
 void ForEachType(const char** aszAttributes, F f)
 {
@@ -65,7 +65,7 @@ bool QMXmlFormat::Import(const char* szPath, QMTransactionStore& store)
     Begin();
     const WholeFile whole = ReadFile(szPath);
     if (whole.lSize == 0 || !Parse(whole.pBytes.get(), whole.lSize)) {
-        // Of a damaged document not even the complete records are kept.
+        // Nothing is taken from a damaged document, not even its complete records.
         storeTemp.Clear();
         return false;
     }
@@ -74,7 +74,7 @@ bool QMXmlFormat::Import(const char* szPath, QMTransactionStore& store)
 
 void QMXmlFormat::Begin()
 {
-    // Unlike the text formats this one leaves the number at that of a new transaction.
+    // Kept: unlike in the text formats, the number starts as that of a new transaction, 1000.
     txPending.SetDefaults();
     m_records.Begin();
     nCurrentType = nCurrentRole = nCurrentTag = lNone;
@@ -90,7 +90,7 @@ void QMXmlFormat::OnStartElement(const char* szName, const char** aszAttributes)
     }
 }
 
-// One of an unknown type is passed over with all that stands in it.
+// A transaction of an unknown type is left out, with everything in it.
 void QMXmlFormat::StartTransaction(const char** aszAttributes)
 {
     ForEachType(aszAttributes, [&](const char* szValue) {
@@ -134,8 +134,9 @@ void QMXmlFormat::SetTag(int32_t lRole)
 
 void QMXmlFormat::OnCharacterData(const char* pText, int32_t lLength)
 {
-    // White space between elements comes as single characters; so does a blank between two
-    // entities, which is lost with it.
+    // Expat passes white space between elements as single characters, and they are dropped here.
+    //
+    // Kept: so is a blank between two entities.
     const bool bBlank = lLength == 1 && VIsSpace(*pText);
     if (nCurrentRole == lNone || lLength <= 0 || bBlank) {
         return;
@@ -169,7 +170,7 @@ void QMXmlFormat::OnCharacterData(const char* pText, int32_t lLength)
     }
 }
 
-// What no field could hold is not gathered.
+// Text beyond what a field can hold is dropped.
 void QMXmlFormat::GatherText(const char* szPiece)
 {
     if (strText.GetLength() < uMaxPiece && !strText.Append(szPiece)) {
@@ -193,7 +194,7 @@ void QMXmlFormat::EndField()
 {
     const char* szText = strText.GetText();
     if (strText.IsEmpty()) {
-        // A field without a text keeps what it has.
+        // A field without text keeps its value.
     } else if (nCurrentRole == QM_ROLE_DESCRIPTION) {
         VCopyText(txPending.szDescription, szText);
     } else if (nCurrentRole == QM_ROLE_MEMO) {
@@ -212,7 +213,7 @@ void QMXmlFormat::EndTransaction()
     nCurrentType = lNone;
 }
 
-// Windows-1252 is read as if it were ISO-8859-1: its characters from 128 to 159 come out as
+// Kept: Windows-1252 is read as if it were ISO-8859-1. Its characters from 128 to 159 become
 // control characters.
 int32_t QMXmlFormat::OnUnknownEncoding(const char* szName, XML_Encoding* pEncoding)
 {

@@ -7,8 +7,10 @@
 
 namespace {
 
-// Declarations for the reader's eye: nothing here validates, and so nobody minds that the document
-// type is named DOCUMENT and that a date stands in a tag as plain text.
+// Declarations for a human reader. Nothing validates a document against them.
+//
+// Kept: the document type is named DOCUMENT, which is not the name of the root element, and a date
+// is plain text in a tag.
 constexpr char szProlog[] =
     "<?xml version=\"1.0\" standalone=\"yes\"?>\n"
     "<!DOCTYPE DOCUMENT [\n"
@@ -29,7 +31,7 @@ constexpr char szProlog[] =
     "\n"
     "<quillmark>\n";
 
-// By QMTransactionType.
+// The names, indexed by QMTransactionType.
 constexpr const char* aszTypeNames[QM_TRANS_TYPE_COUNT] = {
     "check",          "deposit",         "withdrawal",     "fee",
     "direct-deposit", "direct-debit",    "atm-deposit",    "atm-withdrawal",
@@ -44,8 +46,8 @@ constexpr struct
     {'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'\'', "&apos;"}, {'"', "&quot;"},
 };
 
-// The replacement of "&" holds an "&", so only the first one of a text is replaced. A text with two
-// gives a document that no parser takes; readers of old exports know them so.
+// Kept: the replacement for "&" holds an "&", so QMReplace replaces only the first one of a text. A
+// text with two gives a document that no parser accepts.
 void WriteText(FILE* pFile, const char* szElement, const char* szText)
 {
     if (*szText == '\0') {
@@ -89,7 +91,8 @@ void WriteRecord(FILE* pFile, const QMTransaction& transaction)
     }
     const QMDate& date = transaction.dtDate;
     fprintf(pFile, "\t<date>%02d/%02d/%d</date>\n", date.wMonth, date.wDay, date.wYear);
-    // The column that serves here is that of payees, which are those of checks.
+    // Kept: the description is written from the payee column, which is empty for everything but
+    // checks.
     WriteText(pFile, "description", bCheck ? transaction.szDescription : "");
     char szAmount[64];
     QMFormatMoney(transaction.GetRoundedAmount(), 0, szAmount, sizeof szAmount);
@@ -117,8 +120,8 @@ void QMXmlFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
     fputs(szProlog, pFile);
     store.First();
     for (;;) {
-        // Only a transaction that was written can be the last one, and at the end of the store
-        // there is no next one: who calls this sees to it that the last one is written.
+        // Kept: the loop ends only at the last transaction of the store. The caller makes sure that
+        // there is one.
         const QMTransaction* pCurrent = store.GetCurrentNode();
         if (pCurrent != nullptr && pCurrent->IsTypeValid()) {
             WriteRecord(pFile, *pCurrent);
