@@ -26,7 +26,7 @@ const char* Pick(const char* const (&aTexts)[n], std::mt19937& random)
     return aTexts[random() % n];
 }
 
-// The i-th of lCount entries spread over forty years.
+// Makes entry i of lCount, which are spread over forty years.
 void FillEntry(QMTransaction& transaction, int32_t i, int32_t lCount, std::mt19937& random)
 {
     const auto lDay = static_cast<int32_t>(int64_t{i} * (40 * 12 * 28) / lCount);
@@ -45,7 +45,7 @@ void FillEntry(QMTransaction& transaction, int32_t i, int32_t lCount, std::mt199
 
 constexpr size_t uFrontSize = 20 + QM_HEADER_SIZE;
 
-// Bytes of the entry of format 2.0 that begins there.
+// The size in bytes of the entry of format 2.0 that begins there.
 size_t EntrySize(const unsigned char* pEntry)
 {
     size_t uSize = QM_TRANS_BLOCK_SIZE;
@@ -104,7 +104,7 @@ AccountFile::AccountFile(int32_t lCount, EntryOrder order)
     const char* szFolder = getenv("TMPDIR");
     m_sPath = std::string(szFolder == nullptr ? "/tmp" : szFolder) + "/account-XXXXXX";
     const int nFile = mkstemp(m_sPath.data());
-    // In a process of its own, so that this one stays small and its children with it.
+    // A child process does it, so that this process, and with it every later child, stays small.
     const ChildResult result = MeasureInChild([&](const std::function<void()>&) {
         const QMFileImage image = MakeAccountBytes(lCount, order);
         const ssize_t nWritten = write(nFile, image.pBytes.get(), image.uSize);

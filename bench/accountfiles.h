@@ -1,4 +1,4 @@
-// Account files of any size to measure with.
+// Account files of any size, to measure with.
 #pragma once
 
 #include <cstddef>
@@ -13,11 +13,11 @@ enum class EntryOrder
     Shuffled
 };
 
-// The bytes of an account of format 2.0 with that many believable entries, about 110 bytes each, in
-// that order in the file. The same arguments give the same bytes.
+// Makes the bytes of an account of format 2.0 with lCount plausible entries of about 110 bytes
+// each, in this order. The same arguments give the same bytes.
 QMFileImage MakeAccountBytes(int32_t lCount, EntryOrder order);
 
-// A file of these bytes that is removed with the object.
+// A file with these bytes. It is removed with the object.
 class AccountFile
 {
 public:

@@ -1,16 +1,16 @@
-// Measuring in a process of its own: every measurement meets the same fresh memory, as a program
-// that was just started does, whatever was measured before it.
+// Measures in a child process. So every measurement starts with fresh memory, as a program does
+// that has just been started, whatever was measured before.
 #pragma once
 
 #include <functional>
 
 struct ChildResult
 {
-    bool bDone = false; // nothing else counts when the work failed
+    bool bDone = false; // false when the work failed; the other fields then mean nothing
     double dSeconds = 0;
-    double dPeakBytes = 0; // the most memory that the work took
+    double dPeakBytes = 0; // the most memory that the work used
 };
 
-// Runs work in a forked process. The work calls stopClock when it is done, before it gives back
-// what it made, and answers whether it succeeded.
+// Runs work in a forked process. The work must call stopClock when it is done, before it frees what
+// it made, and return whether it succeeded.
 ChildResult MeasureInChild(const std::function<bool(const std::function<void()>& stopClock)>& work);

@@ -1,5 +1,5 @@
-// Exchange files: writing and reading them against plain loops, XML against the parser alone, and
-// newest first and shuffled against sorted.
+// Measures exchange files: writing and reading against plain loops, XML against the parser alone,
+// and files in falling and in random order against sorted ones.
 
 #include <map>
 #include <memory>
@@ -28,7 +28,7 @@ const struct
 {
     QMExchangeKind kind;
     const char* szName;
-    Work read; // what importing is measured against
+    Work read; // what the import is measured against
     const char* szRead;
 } aKinds[] = {
     {QMExchangeKind::Qif, "Qif", [](const char* sz) { return PlainReadQif(sz) > 0; }, "PlainRead"},
@@ -36,7 +36,8 @@ const struct
     {QMExchangeKind::Xml, "Xml", ParseOnly, "ParseOnly"},
 };
 
-// In a process of its own, which finds what this one has made: work is to make no more of it.
+// Adds a measurement in a child process. The child finds the memory of this process as it is, so
+// the work must not use more of it here.
 void Add(const std::string& sName, int32_t lCount, Work work, QMExchangeKind kind,
          const std::string& sText)
 {
@@ -63,7 +64,7 @@ void Add(const std::string& sName, int32_t lCount, Work work, QMExchangeKind kin
 
 bool Import(const char* szPath)
 {
-    // Ends with the process: giving back is no part of the work.
+    // It lives until the process ends: freeing it is not part of the work.
     static QMTransactionStore store;
     return QMImportFile(szPath, store) && !store.IsEmpty();
 }

@@ -13,8 +13,8 @@
 
 namespace {
 
-// How a file of that kind falls into records: the front goes to the end of szFrontEnd, and each
-// record to the end of szRecordEnd.
+// How a file of a kind is divided: everything up to the end of szFrontEnd comes first, and each
+// record goes up to the end of szRecordEnd.
 struct Shape
 {
     QMExchangeKind kind;

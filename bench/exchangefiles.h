@@ -1,4 +1,4 @@
-// Exchange files of any size to measure with.
+// Exchange files of any size, to measure with.
 #pragma once
 
 #include <string>
@@ -7,16 +7,16 @@
 #include "bench/accountfiles.h"
 #include "exchange/qmexchange.h"
 
-// The extension with its dot.
+// The extension, with its dot.
 const char* ExtensionOf(QMExchangeKind kind);
 
 // Fills an empty store with the transactions of MakeAccountBytes.
 void FillStore(QMTransactionStore& store, int32_t lCount);
 
-// The bytes of a file with these transactions in that order.
+// Makes the bytes of a file with these transactions in this order.
 std::string MakeExchangeText(QMExchangeKind kind, int32_t lCount, EntryOrder order);
 
-// A file with a name of that kind, at first empty or with this text, that is removed with the
+// A file whose name has the extension of the kind, empty or with this text. It is removed with the
 // object.
 class ExchangeFile
 {

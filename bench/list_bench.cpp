@@ -1,4 +1,5 @@
-// qmktool list into a file, as a whole process, against a bare loop that prints the same lines.
+// Measures qmktool list as a whole process with its output in a file, against a loop that prints
+// the same lines.
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -14,8 +15,8 @@
 
 namespace {
 
-// Seconds that the program takes with its output in a file that is gone afterwards; negative when
-// it fails.
+// How many seconds the program takes, with its output in a file that is removed; negative when it
+// fails.
 double TimeProgram(const std::vector<const char*>& aszWords)
 {
     using Clock = std::chrono::steady_clock;
@@ -75,7 +76,7 @@ int main(int argc, char** argv)
     CompareWith("List/100000", "BareLoop/100000", 2);
     CompareWith("List/1000000", "BareLoop/1000000", 2);
     CompareWith("ListJson/100000", "BareLoop/100000", 0);
-    // Ten times the entries: ten times the time, if it grows with their number.
+    // Ten times the entries should take ten times as long.
     CompareWith("List/1000000", "List/100000", 0);
     return RunWithRatios(argc, argv);
 }

@@ -13,14 +13,14 @@
 
 namespace {
 
-// Records one behind the other, in pieces so that none is ever moved.
+// Records one after another, in pieces, so that none of them is ever moved.
 class Records
 {
 public:
     QMTransactionFields& Add()
     {
         if (m_uCount % uPiece == 0) {
-            // Raw memory: a record is written once.
+            // Memory that is not cleared, so that each record is written only once.
             void* pPiece = operator new[](sizeof(QMTransactionFields) * uPiece);
             m_apPieces[m_uCount / uPiece].reset(static_cast<QMTransactionFields*>(pPiece));
         }

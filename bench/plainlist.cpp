@@ -1,5 +1,5 @@
-// The measure of listing: reads an account file that is in order, fills records and prints the
-// lines of a register with a running balance, and nothing else.
+// What listing is measured against: it reads an account file that is in order, fills records,
+// prints the lines of a register with a running balance, and does nothing else.
 
 #include <cstdio>
 

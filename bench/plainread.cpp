@@ -50,7 +50,7 @@ PlainAccount PlainRead(const char* szPath)
     }
     fclose(pFile);
     memcpy(&account.lCount, pBytes.get() + 8, sizeof account.lCount);
-    // Raw memory: a record is written once, where its entry goes.
+    // Memory that is not cleared, so that each record is written only once.
     void* pRecords = operator new[](sizeof(QMTransactionFields) *
                                     static_cast<size_t>(account.lCount));
     account.aRecords.reset(static_cast<QMTransactionFields*>(pRecords));

@@ -1,5 +1,5 @@
-// The measure of reading: a plain loop that reads the whole file in one call, unscrambles the texts
-// and copies each entry into a record of its fixed size. It believes every length.
+// What reading is measured against: a plain loop that reads the whole file by one call, unscrambles
+// the texts and copies each entry into a record of fixed size. It trusts every length.
 #pragma once
 
 #include <cstddef>

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The time of each run by the benchmark's name, and what is to be made of them.
+// The times of all runs by the name of the benchmark, and the ratios to print.
 class Collector : public benchmark::ConsoleReporter
 {
 public:
@@ -34,7 +34,7 @@ public:
         }
     }
 
-    // 0 when it did not run.
+    // The median; 0 when the benchmark did not run.
     double GetMedian(const std::string& sName)
     {
         std::vector<double>& aTimes = m_aTimes[sName];
@@ -93,7 +93,7 @@ int RunWithRatios(int argc, char** argv)
     std::vector<char*> aArguments(argv, argv + argc);
     char szInterleave[] = "--benchmark_enable_random_interleaving=true";
     char szRepeat[] = "--benchmark_repetitions=9";
-    // In front of the caller's own words, which so have the last say.
+    // Put before the words of the caller, whose own options then win.
     aArguments.insert(aArguments.begin() + 1, {szInterleave, szRepeat});
     int nArguments = static_cast<int>(aArguments.size());
     benchmark::Initialize(&nArguments, aArguments.data());

@@ -1,5 +1,5 @@
-// Benchmarks in pairs: what is measured beside what it is measured against, both in one run and in
-// turn, and the ratio of their medians beside the limit that the design sets.
+// Compares benchmarks in pairs: both run in turn in one run, and the ratio of their medians is
+// printed beside its limit.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -7,12 +7,12 @@
 #include <functional>
 #include <string>
 
-// Says that the benchmark sName may take at most dLimit times as long as sBase; a limit of 0 says
-// that the ratio is shown only. Both are names with their argument, such as "Sorted/100000".
+// Demands that the benchmark sName takes at most dLimit times as long as sBase. With a limit of 0
+// the ratio is only printed. Both names include their argument, such as "Sorted/100000".
 void CompareWith(const std::string& sName, const std::string& sBase, double dLimit);
 
-// Adds a ratio of another kind, which is asked for when all has run; one of 0 is left out.
+// Adds another ratio, which is asked for when everything has run. A ratio of 0 is not printed.
 void CompareValue(const std::string& sName, std::function<double()> ratio, double dLimit);
 
-// Runs what is registered and prints times, then ratios. To be returned from main.
+// Runs the benchmarks and prints their times and then the ratios. main returns its result.
 int RunWithRatios(int argc, char** argv);

@@ -1,5 +1,5 @@
-// Reading account files: against a plain loop, newest first and shuffled against sorted, and the
-// memory that the records take.
+// Measures reading account files: against a plain loop, files in falling and in random order
+// against sorted ones, and the memory that the records take.
 
 #include <algorithm>
 #include <map>
@@ -69,7 +69,7 @@ void Run(benchmark::State& state, ChildResult (*pRead)(const char*), EntryOrder 
 
 void Register(int32_t lCount)
 {
-    static std::map<std::string, double> peaks; // bytes, by benchmark
+    static std::map<std::string, double> peaks; // in bytes, by the name of the benchmark
     const std::string sCount = "/" + std::to_string(lCount);
     const auto Add = [&](const char* szName, ChildResult (*pRead)(const char*), EntryOrder order) {
         benchmark::RegisterBenchmark(szName, Run, pRead, order, &peaks[szName + sCount])

@@ -1,4 +1,4 @@
-// The register's arithmetic and its rows: rounding an amount, and a whole refresh into a row table.
+// Measures the register: rounding an amount, and a whole refresh into a table of rows.
 
 #include <cstdio>
 #include <cstdlib>
@@ -58,8 +58,8 @@ void Round(benchmark::State& state, double (*pRound)(const QMTransaction&))
     }
 }
 
-// What a refresh must do at the least, done with the run-time library: both sums, and the texts of
-// each row one behind the other.
+// The least that a refresh must do, by the C library: both sums, and the texts of each row one
+// after another.
 void PlainRefresh(benchmark::State& state)
 {
     QMDocument& document = GetDocument();

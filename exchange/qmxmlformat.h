@@ -24,7 +24,8 @@ public:
     // afterwards. A transaction of an unknown type is left out. Returns false when the file cannot
     // be created.
     //
-    // Kept: for a store without transactions this never returns. Call QMExportObstacle first.
+    // Kept: for a store without transactions, and for one whose last transaction has an unknown
+    // type, this never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store);
 
     // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
@@ -46,12 +47,11 @@ private:
     void EndTransaction();
 
     QMTransactionStore storeTemp; // the records that were read so far
-    int32_t nCurrentType =
-        -1; // the type of the open transaction; -1 outside one, and in one that is left out
-    int32_t nCurrentRole = -1; // the QMFieldRole of the open child element; -1 without one
-    int32_t nCurrentTag = -1;  // the role that the open tag element names; -1 without one
-    QMTransaction txPending;   // the record that is being read
-    VString strText;           // the text of a description, memo or category, as far as it was read
+    int32_t nCurrentType = -1;    // of the open transaction; -1 for none or one left out
+    int32_t nCurrentRole = -1;    // the QMFieldRole of the open child element; -1 without one
+    int32_t nCurrentTag = -1;     // the role that the open tag element names; -1 without one
+    QMTransaction txPending;      // the record that is being read
+    VString strText; // the text of a description, memo or category, as far as it was read
 
     QMTemporaryRecords m_records{storeTemp};
 };

@@ -120,8 +120,8 @@ void QMXmlFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
     fputs(szProlog, pFile);
     store.First();
     for (;;) {
-        // Kept: the loop ends only at the last transaction of the store. The caller makes sure that
-        // there is one.
+        // Kept: the loop ends only after the last transaction was written, and at the end of the
+        // store there is no next one. The caller makes sure that the last one is written.
         const QMTransaction* pCurrent = store.GetCurrentNode();
         if (pCurrent != nullptr && pCurrent->IsTypeValid()) {
             WriteRecord(pFile, *pCurrent);

@@ -20,7 +20,7 @@ constexpr struct
     {QM_FAULT_FLAGS, "the tags are not a possible set"},
 };
 
-// Counts what speaks against the file while it reports it.
+// Findings: reports what is wrong with the file and counts it.
 class Findings
 {
 public:
@@ -65,7 +65,7 @@ void CheckEntries(const QMAccount& account, Findings& findings)
                 findings.Entry(lPosition, reason.szReason);
             }
         }
-        // The one value that passes every comparison of the amount's range.
+        // Not a number passes every comparison with the limits of an amount.
         if (std::isnan(transaction.fAmount)) {
             findings.Entry(lPosition, "the amount is not a number");
         }

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Null when the file may be converted from or to as far as its name goes.
+// Null when the name is that of a file that can be converted; otherwise what is wrong with it.
 const char* KindFault(const char* szFile)
 {
     return IsAccountName(szFile) || ExchangeKindOf(szFile) != QMExchangeKind::None
@@ -15,14 +15,14 @@ const char* KindFault(const char* szFile)
                : "only .qmk, .qif, .csv and .xml files can be converted";
 }
 
-// Null after a line on standard error.
+// Returns null after a line on standard error.
 std::unique_ptr<QMAccount> ReadSource(const char* szFile, const ToolOptions& options)
 {
     if (IsAccountName(szFile)) {
         QMReadReport report;
         return OpenToolAccount(szFile, options, report);
     }
-    // A name of its own it does not need: its file is never opened.
+    // The account needs no name: its file is never opened.
     auto pAccount = std::make_unique<QMAccount>("");
     return ImportInto(*pAccount, szFile) < 0 ? nullptr : std::move(pAccount);
 }
@@ -89,7 +89,7 @@ int WriteExchange(QMAccount& account, const ToolOptions& options)
 {
     const char* szFile = options.aFiles[1];
     const QMExchangeKind kind = ExchangeKindOf(szFile);
-    // The formats' writers never come to an end with such a store.
+    // The writers of the formats would never return for such a store.
     if (const char* szObstacle = QMExportObstacle(kind, account.store)) {
         return RefuseFile("export", options.aFiles[0], szObstacle);
     }

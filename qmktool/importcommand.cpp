@@ -15,13 +15,13 @@ int RunImport(const ToolOptions& options)
     if (pAccount == nullptr) {
         return QM_EXIT_REFUSED;
     }
-    // The mark that keeps the program's user from changing an account does not stop an import,
-    // there or here.
+    // Kept: an account marked read-only takes an import, here and in the program.
     const int32_t lCount = ImportInto(*pAccount, szIn);
     if (lCount < 0) {
         return QM_EXIT_REFUSED;
     }
-    // As saving in the program does. An account that gets nothing stays as it is.
+    // A save in the program makes the account one of format 2.0 too. With nothing to add, the
+    // account is not written.
     pAccount->SetVersion(QM_VERSION_2_0);
     if (lCount > 0 && !WriteToolAccount(*pAccount, szAccount, true)) {
         return QM_EXIT_REFUSED;

@@ -53,7 +53,7 @@ void WriteJson(Output& output, const QMAccount& account)
     json.Name("header");
     json.BeginObject();
     for (const QMHeaderField& field : QMHeaderFields()) {
-        // The password itself is nobody's business, whoever opened the file.
+        // The password itself is shown to nobody, not even to someone who could open the file.
         if (strcmp(field.szName, "szPassword") == 0) {
             json.Name("bHasPassword");
             json.Boolean(account.header.szPassword[0] != '\0');
@@ -80,7 +80,7 @@ std::string DateText(const QMDate& date)
     return QMDateKey(date) == 0 ? "" : szText;
 }
 
-// "Street, City, State Zip" of what is there.
+// "Street, City, State Zip", without the parts that are empty.
 std::string Address(const char* szStreet, const char* szCity, const char* szState,
                     const char* szZip)
 {

@@ -1,4 +1,4 @@
-// Writes JSON, compact, one value after the other.
+// JsonWriter: writes compact JSON, one value after another.
 #pragma once
 
 #include <cstdint>
@@ -17,22 +17,23 @@ public:
     void BeginArray() { Begin('['); }
     void EndArray() { End(']'); }
 
-    // The name of the value that follows; names are plain ASCII.
+    // Writes the name of the next value. It must be plain ASCII without quotes.
     void Name(std::string_view name);
 
-    // Bytes above 127 are written as the code point of the same value: texts have no encoding of
-    // their own, and so every byte comes through.
+    // Writes a text. A byte above 127 becomes the code point of the same value: the texts of an
+    // account have no declared encoding, and so no byte is lost.
     void Text(std::string_view text);
     void Integer(int64_t nValue);
     void Boolean(bool bValue);
-    // As "%.9g", enough for every float; null for what is no number.
+    // Writes a float as "%.9g" does, which is enough to read the same float back; null for infinity
+    // and for what is not a number.
     void Single(float fValue);
-    // The shortest form that reads back as the same double.
+    // Writes the shortest form that gives the same double when it is read.
     void Double(double dValue);
-    // [year,month,day]
+    // Writes [year,month,day].
     void Date(const QMDate& date);
 
-    // A line break between values, for the reader's eye.
+    // Starts a new line before the next value, for human readers.
     void BreakLine() { m_bBreak = true; }
 
 private:

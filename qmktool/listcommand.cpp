@@ -11,13 +11,13 @@
 
 namespace {
 
-// The columns of a listing, all of them whatever the account shows on screen.
+// The columns of a listing: all of them, whatever columns the account shows in the program.
 constexpr QMColumn aListed[] = {
     QM_ENTRY_DATE,    QM_ENTRY_NUMBER, QM_ENTRY_DESCRIPTION, QM_ENTRY_DEBIT,    QM_ENTRY_CREDIT,
     QM_ENTRY_BALANCE, QM_ENTRY_TAG,    QM_ENTRY_MEMO,        QM_ENTRY_CATEGORY,
 };
 
-// The register of an account as its window would fill it, with every column shown.
+// Listing: the register of an account as the window would show it, with every column.
 class Listing
 {
 public:
@@ -43,7 +43,7 @@ public:
     const QMAccount& GetAccount() const { return *m_document.GetAccount(); }
     uint32_t GetDecoration(int32_t lRow) const { return m_rows.GetDecoration(lRow); }
 
-    // Calls f(row, transaction) for each row, from the first.
+    // Calls f(row, transaction) for each row, from the first on.
     template <class F>
     void ForEachRow(F f)
     {
@@ -54,8 +54,8 @@ public:
         }
     }
 
-    // The text of a cell; the tag column, which has marks on screen, shows its letters. Valid until
-    // the next call.
+    // The text of a cell, valid until the next call. The tag column, which shows marks in the
+    // program, has its letters here.
     std::string_view GetText(int32_t lRow, QMColumn column, const QMTransaction& transaction)
     {
         if (column != QM_ENTRY_TAG) {
@@ -134,7 +134,7 @@ void WriteJson(Output& output, Listing& listing)
     output.Add('\n');
 }
 
-// Lines of cells under headings, each column as wide as its widest cell.
+// TextTable: lines of cells under headings. Each column is as wide as its widest cell.
 class TextTable
 {
 public:
@@ -164,7 +164,7 @@ private:
     template <class F>
     void WriteLine(F textOf)
     {
-        size_t uPending = 0; // blanks not written yet: none at the end of a line
+        size_t uPending = 0; // blanks that are written only when a text follows
         for (const QMColumn column : aListed) {
             const std::string_view text = textOf(column);
             const size_t uBlanks = m_aWidth[column] - text.size();

@@ -1,4 +1,5 @@
-// Standard output in large pieces, with the one place that notices when it fails.
+// Output: writes to standard output in large pieces, and notices once, at the end, whether that
+// failed.
 #pragma once
 
 #include <string>
@@ -23,12 +24,13 @@ public:
     }
     void Add(char c) { m_sBuffer.push_back(c); }
     void Fill(size_t uCount, char c) { m_sBuffer.append(uCount, c); }
-    // Control characters become question marks, so that a listing keeps its lines.
+    // Adds a text with question marks for its control characters, so that they cannot break the
+    // lines of a listing.
     void AddPrintable(std::string_view text);
     void Format(const char* szFormat, ...) __attribute__((format(printf, 2, 3)));
 
-    // Writes what is left. Returns the exit code: 1, with a line on standard error, when any
-    // writing failed.
+    // Writes what is left. Returns the exit code: 1, after a line on standard error, when any write
+    // failed.
     int Finish();
 
 private:

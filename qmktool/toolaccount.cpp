@@ -8,7 +8,7 @@
 
 namespace {
 
-// Why the account did not read.
+// Why the account could not be read.
 std::string Reason(const QMAccount& account, const QMReadReport& report)
 {
     if (report.fault == QMReadFault::CannotOpen) {
@@ -22,7 +22,7 @@ std::string Reason(const QMAccount& account, const QMReadReport& report)
     return sReason;
 }
 
-// Why the password does not open the account; null when it does. Case does not count.
+// Why the password does not open the account; null when it does. Upper and lower case are the same.
 const char* PasswordFault(const QMAccount& account, const char* szPassword)
 {
     if (account.header.szPassword[0] == '\0') {
@@ -42,7 +42,8 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
 {
     auto pAccount = std::make_unique<QMAccount>(szFile);
     QMAccountReader reader(*pAccount);
-    // A file that may be read but not written serves as well, so the reader finds it open already.
+    // Opened for reading only, so that a file that the user may not write can be read too. The
+    // reader finds it open.
     const bool bRead = pAccount->OpenForReading() && reader.Read();
     report = reader.GetReport();
     if (!bRead) {

@@ -1,4 +1,4 @@
-// Opening and writing an account for a command, and the sentences for what goes wrong.
+// Opens and writes accounts for the commands, and says what went wrong.
 #pragma once
 
 #include <memory>
@@ -8,14 +8,14 @@
 #include "qmktool/toolerror.h"
 #include "qmktool/tooloptions.h"
 
-// Reads the account, which is locked meanwhile and never written, and compares the password if it
-// has one. Null after a line on standard error. The file is closed again.
+// Reads an account and compares the password if it has one. The file is locked while it is read,
+// closed afterwards, and never written. Returns null after a line on standard error.
 std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions& options,
                                            QMReadReport& report);
 
-// Writes the account, in its format version, as a whole file or not at all; an existing one is
-// replaced with bReplace only. False after a line on standard error.
+// Writes the account in its format version, as a whole file or not at all. An existing file is
+// replaced only with bReplace. Returns false after a line on standard error.
 bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace);
 
-// "1.0", "1.1" or "2.0" for the words of these; others read as 1.1.
+// The name of a format version: "1.0", "1.1" or "2.0". An unknown one acts as 1.1 and is named so.
 const char* FormatName(int32_t lVersion);

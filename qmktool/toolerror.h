@@ -1,4 +1,4 @@
-// What qmktool says when it refuses: always one line on standard error.
+// How qmktool refuses: always by one line on standard error.
 #pragma once
 
 // The exit codes.
@@ -6,9 +6,9 @@ inline constexpr int QM_EXIT_DONE = 0;
 inline constexpr int QM_EXIT_REFUSED = 1;
 inline constexpr int QM_EXIT_USAGE = 2;
 
-// Writes "qmktool: " and the text to standard error. Control characters, which a file's name may
-// hold, become question marks.
+// Writes "qmktool: " and the text as one line to standard error. Control characters, which the name
+// of a file may hold, become question marks.
 void WriteError(const char* szFormat, ...) __attribute__((format(printf, 1, 2)));
 
-// "cannot WHAT 'FILE': WHY"; returns QM_EXIT_REFUSED.
+// Writes "cannot WHAT 'FILE': WHY". Returns QM_EXIT_REFUSED.
 int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy);

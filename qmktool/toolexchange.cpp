@@ -11,7 +11,7 @@
 
 namespace {
 
-// Why the file gave nothing.
+// Why nothing came of the file.
 const char* ImportFault(const char* szFile)
 {
     QMFile file(szFile);
@@ -40,8 +40,8 @@ VFileFault FaultOfWriting()
     }
 }
 
-// A new file beside another one, of a name of its own, that is gone with the object. The formats
-// write to files only; what they wrote is read back from here.
+// StagingFile: a new file beside another one, with a name that nobody else uses. It is removed with
+// the object. The formats can only write to files, so they write here, and the bytes are read back.
 class StagingFile
 {
 public:
@@ -86,7 +86,8 @@ public:
     }
 
 private:
-    // Takes the first name that nobody has: others may be at work here, or have been killed.
+    // Takes the first name that is free: another qmktool may be at work here, or may have been
+    // killed.
     VFileFault Make()
     {
         constexpr int nTries = 100;
@@ -106,10 +107,10 @@ private:
     bool m_bMade = false;
 };
 
-// The file's bytes, staged on its own volume, so that there is room for it; nothing is left there.
+// Makes the bytes of the file by way of a staging file on the same volume. Nothing of that stays.
 VFileFault MakeBytes(QMTransactionStore& store, const char* szFile, std::string& sBytes)
 {
-    // What stands in the way of the file itself is told in the words for that.
+    // A fault of szFile itself is found first, so that the message is about szFile.
     VFileFault fault = VCanReplaceFile(szFile, 0);
     if (fault != VFileFault::None) {
         return fault;
@@ -141,7 +142,7 @@ int32_t ImportInto(QMAccount& account, const char* szFile)
 
 bool WriteExchangeFile(QMTransactionStore& store, const char* szFile, bool bReplace)
 {
-    // Where an existing file stays in any case, none is staged beside it.
+    // A file that will be refused anyway needs no staging file.
     if (!bReplace && FileExists(szFile)) {
         return ReportWriting(szFile, VFileFault::Exists);
     }

@@ -1,15 +1,15 @@
-// The files that commands read and write: which kind a name means, and why one was not written.
+// The files that the commands read and write: the kind that a name stands for, and why a file was
+// not written.
 #pragma once
 
 #include "base/vfilesystem.h"
 #include "exchange/qmexchange.h"
 
-// Whether the name ends in ".qmk", ignoring case. A dot in a folder's name does not count.
+// Whether the name ends in ".qmk", ignoring case. A dot in the name of a folder does not count.
 bool IsAccountName(const char* szFile);
 
-// The kind of an exchange file by its name; None for text files too, for which there is no format.
+// The kind of an exchange file by its name. None for .txt too, because there is no such format.
 QMExchangeKind ExchangeKindOf(const char* szFile);
 
-// What came of writing the file: true without a fault, otherwise false after a line on standard
-// error.
+// Returns true for no fault; otherwise false after a line on standard error.
 bool ReportWriting(const char* szFile, VFileFault fault);

@@ -15,7 +15,8 @@ bool Refuse(const char* szFault, const char* szWord)
     return false;
 }
 
-// Month, day and year in digits, and a day of the calendar.
+// Reads a date such as 3/14/2004. Returns false for anything but digits and slashes, and for a day
+// that QMCheckDate refuses.
 bool ParseDay(const char* szText, QMDate& date)
 {
     const bool bDigits = strspn(szText, "0123456789/") == strlen(szText);
@@ -47,7 +48,7 @@ bool ParseFormat(const char* szText, int32_t& lVersion)
     return false;
 }
 
-// Reads the words of one command line from left to right.
+// Parser: reads the words of a command line from left to right.
 class Parser
 {
 public:

@@ -14,22 +14,22 @@ struct ToolOptions
     bool bForce = false;
     bool bClearedBalance = false;
     const char* szPassword = nullptr;
-    bool bPeriod = false; // dtFrom and dtTo were given
+    bool bPeriod = false; // true when dtFrom and dtTo were given
     QMDate dtFrom;
     QMDate dtTo;
-    int32_t lVersion = 0; // of the format to write; 0 keeps the file's
+    int32_t lVersion = 0; // the format version to write; 0 keeps that of the file
 };
 
-// What a command takes.
+// What a command accepts.
 struct ToolCommand
 {
     const char* szName;
     size_t uFiles;
-    const char* szOptions; // their names, each with a blank before and behind
+    const char* szOptions; // their names, each with a blank before and after it
     int (*pRun)(const ToolOptions& options);
 };
 
-// Reads the words behind the command's name. On a fault it writes one line to standard error and
-// returns false.
+// Reads the words after the name of the command. On a fault it writes one line to standard error
+// and returns false.
 bool ParseToolOptions(const ToolCommand& command, int nWords, char** aszWords,
                       ToolOptions& options);

@@ -1,4 +1,5 @@
-// The program's entry: one instance per user; a second start hands its command line to the first.
+// The entry of the program. One instance runs for each user: a second start hands its command line
+// to the first and ends.
 
 #include <windows.h>
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr DWORD uFrameStyle = 0xCF0000;
 
-// A kernel object's handle, closed with the object.
+// Owns the handle of a kernel object and closes it.
 class KernelHandle
 {
 public:
@@ -41,7 +42,9 @@ VString InstanceName(const char* szProduct, HINSTANCE hInstance)
     return VString(szName);
 }
 
-// The arguments, each with a comma behind it; a name with a comma falls apart at it.
+// The arguments, each with a comma after it.
+//
+// Kept: a name that has a comma in it is split there.
 VString JoinArguments()
 {
     VString sText;
@@ -52,7 +55,8 @@ VString JoinArguments()
     return sText;
 }
 
-// Waits for the first instance's window, without an end: it may still be coming up.
+// Waits for the window of the first instance, for as long as it takes: that instance may still be
+// starting.
 HWND FindFirstInstance(const char* szClass)
 {
     constexpr DWORD uPause = 50; // milliseconds
@@ -64,7 +68,7 @@ HWND FindFirstInstance(const char* szClass)
     }
 }
 
-// Returns the exit code: 1 for delivered.
+// Kept: the exit code 1 means that the arguments were handed over.
 int HandOver(const char* szClass)
 {
     HWND hFrame = FindFirstInstance(szClass);

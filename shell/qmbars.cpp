@@ -11,7 +11,7 @@ namespace {
 
 constexpr UINT uSeparator = 0;
 
-// In order; each button takes the next picture of the strip.
+// The buttons in their order. Each takes the next picture of the strip.
 constexpr UINT auButtons[] = {
     IDM_FILE_NEW,
     IDM_FILE_IMPORT,
@@ -39,7 +39,7 @@ constexpr UINT auButtons[] = {
     IDM_HELP_CONTENTS,
 };
 
-constexpr int nPictures = 18; // room at first; the strip holds what it holds
+constexpr int nPictures = 18; // room for the first pictures; the list grows by itself
 
 } // namespace
 
@@ -65,7 +65,7 @@ bool QMToolbar::CreateToolbar(VWindow& parent, UINT uId)
         aButtons[u].fsStyle = bButton ? BTNS_BUTTON : BTNS_SEP;
     }
     const bool bAdded = AddButtons(aButtons, static_cast<int>(std::size(aButtons)));
-    // The control takes the pictures for a reason to measure its buttons itself.
+    // Adding pictures makes the toolbar measure its buttons anew, so their size is set again.
     Send(TB_SETBUTTONSIZE, 0, MAKELPARAM(nButtonSize, nButtonSize));
     AutoSize();
     return bAdded;
@@ -85,7 +85,8 @@ void QMStatusBar::SetPaneText(const char* szText, int nPane)
 {
     if (nPane == 0) {
         VStatusBar::SetPaneText(szText, nPane);
-        // A bar without room for the others shows a text of its own.
+        // A status bar without room for more than one pane is in simple mode, which has a text of
+        // its own.
         Send(SB_SETTEXTA, SB_SIMPLEID, reinterpret_cast<LPARAM>(OrDefault(szText)));
         return;
     }

@@ -1,4 +1,4 @@
-// The frame's own bars: the toolbar with its buttons, the status bar with its panes.
+// QMToolbar and QMStatusBar: the bars of the frame.
 #pragma once
 
 #include "shell/qmstatuslayout.h"
@@ -9,12 +9,12 @@
 class QMToolbar : public VToolbar
 {
 public:
-    static constexpr int nButtonSize = 24; // pixels, as all of these
+    static constexpr int nButtonSize = 24; // in pixels, like the others here
     static constexpr int nPictureSize = 16;
 
     QMToolbar() : VToolbar(nButtonSize, nButtonSize, nPictureSize, nPictureSize) {}
 
-    // Makes the control with its pictures and buttons; false when anything is missing.
+    // Makes the control with its pictures and buttons. Returns false when anything is missing.
     bool CreateToolbar(VWindow& parent, UINT uId);
 
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
@@ -26,7 +26,8 @@ private:
 class QMStatusBar : public VStatusBar
 {
 public:
-    // Pane 0 is the free one; panes 1 to 4 take the room that their texts need.
+    // Sets the text of a pane. Pane 0 takes the room that panes 1 to 4 leave; each of these is as
+    // wide as its text needs.
     void SetPaneText(const char* szText, int nPane) override;
 
     LRESULT OnSize(UINT uType, int nWidth, int nHeight) override;

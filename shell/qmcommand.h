@@ -1,5 +1,6 @@
-// The frame's commands as rows of tables, one table for each topic: what a command needs, what it
-// does and what it says. qmmainframe_commands.cpp walks the tables and tells how to add a command.
+// The frame's commands are rows of tables, one table for each topic. A row says what the command
+// needs, what it does and what it says. qmmainframe_commands.cpp finds and carries out commands.
+// CONTRIBUTING.md tells step by step how to add one.
 #pragma once
 
 #include <windows.h>
@@ -11,11 +12,11 @@
 class QMMainFrame;
 class QMRegisterWindow;
 
-// What a handler works with.
+// What a handler gets to work with.
 struct QMCommandContext
 {
     QMMainFrame& frame;
-    QMRegisterWindow* pDocument; // the one on top; never null for a row that needs a document
+    QMRegisterWindow* pDocument; // the active one; never null for a row that needs a document
     UINT uId;                    // the command's number
 };
 
@@ -29,39 +30,40 @@ enum class QMOffered
     WithTag // and the selected transactions may have the tag that the command toggles
 };
 
-// What the frame tests before a handler runs; each line includes those above it. The frame says
-// what is missing, and the handler does not run.
+// What the frame tests before a handler runs. Each line includes those above it. When something is
+// missing the frame says so, and the handler does not run.
 enum class QMNeeds
 {
     Nothing,
     Document,
-    WritableDocument, // not in read-only mode
+    WritableDocument, // the account is not in read-only mode
     Selection
 };
 
 struct QMCommand
 {
-    UINT uFirst;    // the commands from here to uLast have this row
-    UINT uLast = 0; // 0 for a row of one command
+    UINT uFirst;    // the row serves the commands from uFirst to uLast
+    UINT uLast = 0; // 0: the row serves one command
     QMOffered offered = QMOffered::Always;
     QMNeeds needs = QMNeeds::Nothing;
-    // Behind "Cannot " and "Failed to ", as "add transaction". Each row that needs something has
-    // it.
+    // The words after "Cannot " and "Failed to ", such as "add transaction". Every row that needs
+    // something must have them.
     const char* szWhat = nullptr;
-    // False is said as "Failed to " szWhat "." if bTellsFailure is set; other handlers say it
-    // themselves. Null for what the toolkit's frame carries out.
+    // Carries the command out. When it returns false and bTellsFailure is set, the frame says
+    // "Failed to " szWhat "."; a handler without bTellsFailure says it by itself. Null for a
+    // command that the toolkit's frame carries out.
     bool (*pRun)(QMCommandContext& context) = nullptr;
-    // Whether the menu item has a check mark; null for an item that never has one. The context may
-    // be without a document here.
+    // Whether the menu item has its check mark; null for an item that never has one. The context
+    // may have no document here.
     bool (*pIsChecked)(const QMCommandContext& context) = nullptr;
     bool bTellsFailure = false;
-    bool bUpdates = false; // menu and toolbar are brought in line after it
+    bool bUpdates = false; // the menu and the toolbar are brought up to date afterwards
 
     constexpr bool IsFor(UINT uId) const { return uId == uFirst || (uId > uFirst && uId <= uLast); }
 };
 
-// The rows of one topic. They are checked when they are compiled: a row that breaks a rule does not
-// compile, and the compiler names the rule.
+// The rows of one topic. The compiler checks them: a row that breaks a rule does not compile, and
+// the error names the rule.
 class QMCommandTable
 {
 public:
@@ -84,7 +86,7 @@ public:
     const QMCommand* end() const { return m_pEnd; }
 
 private:
-    // A call of these ends the compilation, for they cannot be carried out by the compiler.
+    // These have no body that a compiler could evaluate, so calling one stops the compilation.
     static void RowThatNeedsADocumentHasNoWordsForItsLack();
     static void RowThatTellsItsFailureHasNoWordsForIt();
     static void RowEndsBeforeItBegins();
@@ -111,23 +113,24 @@ extern const QMCommandTable fileCommands;
 extern const QMCommandTable viewCommands;
 extern const QMCommandTable transactionCommands;
 extern const QMCommandTable toolsCommands;
-extern const QMCommandTable windowCommands; // and those of the help menu
+extern const QMCommandTable windowCommands; // also the commands of the Help menu
 
 inline constexpr const QMCommandTable* apCommandTables[] = {
     &fileCommands, &viewCommands, &transactionCommands, &toolsCommands, &windowCommands};
 
-// The row of a command; null for a number that stands in no table.
+// The row of a command; null for a command that is in no table.
 const QMCommand* QMFindCommand(UINT uId);
 
-// The tag (QM_TRANS_FLAG_) that a command of the Transaction menu toggles; 0 for another command.
+// The tag (a QM_TRANS_FLAG_ bit) that a command of the Transaction menu toggles; 0 for another
+// command.
 uint32_t QMTagOfCommand(UINT uId);
 
 // ---- Sentences of one shape.
 
-// Why the frame cannot begin with a command, as "Cannot save file...\nNo document window is
+// Why the frame cannot start a command, such as "Cannot save file...\nNo document window is
 // selected.".
 VString QMCannot(const char* szWhat, const char* szReason = "No document window is selected.");
-// As "Cannot edit transaction.\nNo transaction is selected.".
+// Such as "Cannot edit transaction.\nNo transaction is selected.".
 VString QMNothingSelected(const char* szWhat);
-// As "Failed to add transaction.".
+// Such as "Failed to add transaction.".
 VString QMFailedTo(const char* szWhat);

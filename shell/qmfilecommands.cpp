@@ -48,7 +48,7 @@ bool OpenDocuments(QMCommandContext& context)
 
 // ---- Save.
 
-// A cancelled dialog counts as done.
+// Returns true when the user cancels the dialog, too.
 bool SaveUnder(QMMainFrame& frame, QMRegisterWindow& document)
 {
     VFileDialog& dialog = frame.GetFileDialogs().save;
@@ -99,7 +99,7 @@ bool SaveAllDocuments(QMCommandContext& context)
 
 // ---- Import and export.
 
-// False for a cancel.
+// Returns false when the user cancels the dialog.
 bool RunExchangeDialog(QMMainFrame& frame, VFileDialog& dialog, bool bOpen)
 {
     if (!dialog.Run(frame.GetHandle(), bOpen, OFN_HIDEREADONLY, "",
@@ -143,7 +143,7 @@ bool SetPassword(QMCommandContext& context)
 constexpr QMCommand aCommands[] = {
     {.uFirst = IDM_FILE_NEW, .pRun = NewDocument},
     {.uFirst = IDM_FILE_OPEN, .pRun = OpenDocuments},
-    // The toolkit's frame closes.
+    // The toolkit's frame carries these two out.
     {.uFirst = IDM_FILE_CLOSE, .offered = QMOffered::WithDocument},
     {.uFirst = IDM_FILE_CLOSEALL, .offered = QMOffered::WithDocument},
     {

@@ -29,7 +29,7 @@ int32_t QMVersionOfFilter(uint32_t uLine)
         case 3:
             return QM_VERSION_1_1;
         default:
-            // Who picks all files on purpose gets the newest format.
+            // "All Files" stands for no version, so the newest one is taken.
             return QM_VERSION_2_0;
     }
 }

@@ -1,4 +1,4 @@
-// QMFileDialogs: the frame's four file dialogs, each with its lines of file types.
+// QMFileDialogs: the four file dialogs of the frame, each with its list of file types.
 #pragma once
 
 #include "toolkit/vfiledialog.h"
@@ -10,9 +10,9 @@ struct QMFileDialogs
     VFileDialog open;
     VFileDialog save;
     VFileDialog importFrom;
-    VFileDialog exportTo; // "export" is a word of C++
+    VFileDialog exportTo; // "export" is a keyword of C++
 };
 
-// The format version that a line of the save dialog's types (from 1 on) stands for; 0 keeps the
-// account's version.
+// The format version for a line (counted from 1) of the save dialog's file types; 0 keeps the
+// version of the account.
 int32_t QMVersionOfFilter(uint32_t uLine);

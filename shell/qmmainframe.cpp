@@ -42,7 +42,7 @@ int QMMainFrame::Run(DWORD uStyle, int nShowCommand, UINT uClientId, UINT uFirst
         ShowSplash();
     }
     const VString sTitle = ResourceString(IDS_APPLICATION);
-    // The window destroys its own menu.
+    // The window owns the menu: Windows destroys it with the window.
     if (!CreateFrame(m_menu.Release(), sTitle.GetText(), m_settings.GetPosition(), uStyle,
                      IDC_REBAR, IDC_STATUSBAR)) {
         return 0;
@@ -101,7 +101,7 @@ void QMMainFrame::ShowSplash()
 
 void QMMainFrame::HideSplash()
 {
-    // A click may have closed it, and its object is gone then.
+    // A click closes the splash window and deletes its object.
     if (m_pSplash != nullptr && IsLive(m_pSplash)) {
         m_pSplash->OnClose(true);
     }
@@ -179,7 +179,7 @@ bool QMMainFrame::TakePeriod(UINT uId)
     QMDate dtFrom;
     QMDate dtTo;
     if (uPeriod == QM_ACCNT_DISPLAY_DATE_RANGE && !IsLimited(m_uPreviousPeriod)) {
-        // The range begins as that of all transactions.
+        // A new range of dates starts as that of all transactions.
         pActive->SetPeriod(QM_ACCNT_DISPLAY_ALL, dtFrom, dtTo, false);
         pActive->SetPeriod(QM_ACCNT_DISPLAY_DATE_RANGE, dtFrom, dtTo, true);
         m_pPeriodBar->SetDates(dtFrom, dtTo);
@@ -241,7 +241,7 @@ LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
 
 LRESULT QMMainFrame::TakeArguments(const COPYDATASTRUCT* pData)
 {
-    // Whoever sent it: no more than it says, and ended here.
+    // Any process can send this message. Trust only cbData bytes, and end the copy with a zero.
     const VString sText(static_cast<const char*>(pData->lpData), pData->cbData);
     ProcessCommandLine(sText.GetText());
     return 1;

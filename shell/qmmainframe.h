@@ -1,4 +1,4 @@
-// QMMainFrame: the program's one top-level window. It owns the open registers, the bars, the file
+// QMMainFrame: the top-level window of the program. It owns the registers, the bars, the file
 // dialogs and the settings.
 #pragma once
 
@@ -15,67 +15,68 @@
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vsplashwindow.h"
 
-// What a second start of the program hands to the first.
+// The separator of the arguments that a second start of the program hands to the first.
 inline constexpr char QM_ARGUMENT_SEPARATOR = ',';
 
 class QMMainFrame : public VMDIFrameWindow
 {
 public:
-    // szArguments holds the program's own arguments, each with a comma behind it.
+    // szArguments holds the arguments of the program, each with a comma after it.
     explicit QMMainFrame(const char* szArguments);
     ~QMMainFrame() override;
 
     // Reads the settings, makes the window and runs the message loop. Returns the exit code.
     int Run(DWORD uStyle, int nShowCommand, UINT uClientId, UINT uFirstChildId);
 
-    // ---- Documents. What goes wrong is said in a box, but by CreateDocument.
+    // ---- Documents. Each says in a box what went wrong, except CreateDocument.
 
-    // Opens a file that the user or a command line named; true when the account is open now.
+    // Opens a file that the user or a command line has named. Returns whether the account is open
+    // now.
     bool OpenDocument(const char* szName);
-    // Makes a register window, of the file or of a new account.
+    // Makes a register window for an existing file or for a new account.
     bool CreateDocument(const char* szName, bool bIsNew);
-    // Opens every file of a command line.
+    // Opens every file of a command line and carries out its import order.
     void ProcessCommandLine(const char* szText);
-    // Whether a file is open in a register; bActivate brings it to the front.
+    // Whether a file is open in a register. bActivate makes that register the active one.
     bool ActivateIfOpen(const char* szPath, bool bActivate);
 
-    // Both choose the format by the path's extension. False when the format failed; an import that
-    // the user gave up counts as done.
+    // Both choose the format by the extension of the path. They return false when the format
+    // failed. An import that the user cancels returns true.
     bool ImportFile(const char* szPath, QMRegisterWindow& document);
     bool ExportFile(const char* szPath, QMRegisterWindow& document);
-    // ImportFile, and its failure in a box.
+    // Calls ImportFile and says in a box when it failed.
     void ImportInto(QMRegisterWindow& document, const VString& sPath);
 
     // ---- Recent files.
 
     void AddRecent(const char* szPath);
     void RemoveRecent(const char* szPath);
-    // Makes the submenu agree with the list.
+    // Brings the submenu up to date with the list.
     void RebuildRecentMenu();
-    // Opens what the slot of a command names; true when a window is open for it now, and for a free
-    // slot.
+    // Opens the file in the slot that belongs to a command. Returns true when it is open now, and
+    // for a free slot.
     bool OpenRecent(UINT uCommand);
 
     // ---- Settings.
 
-    // The folder in which the file dialogs start.
+    // Sets the folder in which the file dialogs start.
     void SetCurrentDirectory(const char* szPath) { m_settings.SetCurrentDirectory(szPath); }
     void SetChildMaximized(bool bMaximized);
 
-    // ---- For the commands' functions.
+    // ---- For the handlers of the commands.
 
     QMSettings& GetSettings() { return m_settings; }
     QMFileDialogs& GetFileDialogs() { return m_fileDialogs; }
-    // Null for none.
+    // The active register; null when there is none.
     QMRegisterWindow* GetActiveRegister() const;
-    // In the order of their creation.
+    // All registers, in the order in which they were made.
     const std::vector<QMRegisterWindow*>& GetDocuments() const { return m_apChildren; }
-    // "Untitled" with the next number, which is then used up.
+    // Returns "Untitled" with the next number, and counts on.
     VString TakeUntitledName();
-    // The register on top shows the period that the Transactions Bar shows; the command is that of
-    // the control that changed. False without a register.
+    // Gives the period of the Transactions Bar to the active register. uId is the control that the
+    // user has changed. Returns false when there is no register.
     bool TakePeriod(UINT uId);
-    // Shows a box with a sentence. TellOf's has a file's name between its two parts.
+    // Both show a sentence in a box. TellOf puts the name of a file between its two parts.
     void Tell(const char* szText);
     void TellOf(const char* szFront, const VString& sName, const char* szBehind);
 
@@ -98,7 +99,7 @@ public:
     void OnChildGone(VMDIChildWindow& child) override;
 
 private:
-    // ---- Coming up.
+    // ---- The start of the program.
 
     void ShowSplash();
     void HideSplash();
@@ -124,15 +125,18 @@ private:
     VMenu m_recentMenu;
     HACCEL m_hAccelDocument;
     uint32_t m_uNextUntitled = 1;
-    std::vector<QMRegisterWindow*> m_apChildren; // in the order of their creation
-    // Registers that could not be opened. Their files stay open, and locked, with them.
+    std::vector<QMRegisterWindow*> m_apChildren; // in the order in which they were made
+    // Registers that could not be opened.
+    //
+    // Kept: their files stay open and locked until the program ends, so a second attempt in the
+    // same run fails.
     std::vector<std::unique_ptr<QMRegisterWindow>> m_apRefused;
     std::unique_ptr<VToolbar> m_pToolbar;
     std::unique_ptr<QMTBTrans> m_pPeriodBar;
-    uint32_t m_uPreviousPeriod = 0; // of the Transactions Bar before its last change
+    uint32_t m_uPreviousPeriod = 0; // the period of the Transactions Bar before its last change
     QMFileDialogs m_fileDialogs;
-    VSplashWindow* m_pSplash = nullptr; // live only as long as the user lets it
+    VSplashWindow* m_pSplash = nullptr; // not valid any more when the user has closed it by a click
     UINT m_uClientId = 0;
     UINT m_uFirstChildId = 0;
-    bool m_bRestoring = true; // sizes and moves are not the user's yet
+    bool m_bRestoring = true; // the program, not the user, is moving the frame
 };

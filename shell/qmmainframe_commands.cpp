@@ -1,15 +1,5 @@
-// The walk over the tables of commands.
-//
-// To add a command without a key of its own and without a button:
-//   1. resources/resource.h   a number for it, IDM_MENU_NAME;
-//   2. resources/menu.rc      its item;
-//   3. resources/strings.rc   its prompt, with the same number;
-//   4. shell/qmTOPICcommands.cpp, TOPIC being its menu: a row that tells when it is offered, what
-//   it
-//      needs and which words stand for it, and the function that carries it out.
-// What its function needs of the frame it asks for by QMCommandContext; the frame's class does not
-// change. A command that is in the menu and in no table stays disabled. A key is a line in
-// resources/accelerators.rc, a button one in qmbars.cpp and a picture.
+// How the frame finds and carries out its commands, which are rows of tables. CONTRIBUTING.md tells
+// step by step how to add one. A command that is in the menu and in no table stays disabled.
 
 #include "register/qmregisterwindow.h"
 #include "shell/qmcommand.h"
@@ -18,7 +8,7 @@
 
 namespace {
 
-// What the command lacks, as it is said to the user; empty for nothing.
+// What the command lacks, as a sentence for the user; empty when it lacks nothing.
 VString FindLack(const QMCommand& command, const QMRegisterWindow* pDocument)
 {
     if (command.needs >= QMNeeds::Document && pDocument == nullptr) {
@@ -62,7 +52,7 @@ LRESULT QMMainFrame::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl)
     if (VMDIChildWindow* pChild = GetActiveChild()) {
         pChild->OnCommand(uNotifyCode, uId, hControl);
     }
-    // The window menu's list of documents is the frame default's business.
+    // DefFrameProc handles the commands of the window list in the Window menu.
     return V_NOT_HANDLED;
 }
 
@@ -107,7 +97,7 @@ bool QMMainFrame::IsEnabled(const QMCommand& command, UINT uId) const
 void QMMainFrame::OnUpdateCommand(HMENU /*hMenu*/, UINT uId, bool& bEnabled, bool& bChecked)
 {
     if (uId >= m_uFirstChildId && uId < m_uFirstChildId + 100) {
-        // A line of the window menu: its check mark is the system's.
+        // A line of the window list. Windows sets its check mark by itself; this keeps it as it is.
         bChecked = GetActiveChild() != nullptr &&
                    GetDlgCtrlID(GetActiveChild()->GetHandle()) == static_cast<int>(uId);
         return;

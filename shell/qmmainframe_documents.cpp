@@ -1,4 +1,4 @@
-// The frame's roads to an open document: a name, a command line, a new account.
+// How the frame comes to an open document: by a name, by a command line, or as a new account.
 
 #include "base/vfilesystem.h"
 #include "base/vstringlist.h"
@@ -81,7 +81,7 @@ bool QMMainFrame::CreateDocument(const char* szName, bool bIsNew)
         m_apRefused.push_back(std::move(pRegister));
         return false;
     }
-    pRegister.release(); // from here on it goes with its window
+    pRegister.release(); // from here on it is deleted with its window
     if (!bIsNew) {
         AddRecent(szName);
         RebuildRecentMenu();

@@ -1,4 +1,4 @@
-// The frame's way to and from the files of other programs.
+// How the frame imports and exports files.
 
 #include <cstdio>
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-// The result box: what was done, with how many transactions, and the file on a line of its own.
+// Shows the result: what was done, with how many transactions, and the file on a line of its own.
 void ShowResult(HWND hWnd, const char* szSentence, const char* szPath, const char* szCaption)
 {
     VString sText(szSentence);

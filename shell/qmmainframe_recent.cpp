@@ -1,4 +1,4 @@
-// The frame's submenu of recent files.
+// The submenu Recent Files of the frame.
 
 #include <cstdio>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-// What the menu shows of a path: an ampersand in it is no mnemonic.
+// The menu item for a path. An ampersand is doubled, so that it does not underline the next letter.
 VString MenuLabel(int nNumber, const VString& sPath)
 {
     VString sFolder;

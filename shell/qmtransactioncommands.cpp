@@ -15,7 +15,7 @@ constexpr struct
     {IDM_TRANSACTION_TAX, QM_TRANS_FLAG_TAX},
     {IDM_TRANSACTION_EXPENSE, QM_TRANS_FLAG_EXPENSE},
     {IDM_TRANSACTION_VOIDED, QM_TRANS_FLAG_VOIDED},
-    // By way of its opposite.
+    // The flag means the opposite, so clearing it clears the transaction.
     {IDM_TRANSACTION_CLEARED, QM_TRANS_FLAG_NOT_CLEARED},
 };
 

@@ -1,4 +1,4 @@
-// The commands of the View menu, and those that the Transactions Bar's controls send.
+// The commands of the View menu, and those that the controls of the Transactions Bar send.
 
 #include "resources/resource.h"
 #include "shell/qmcommand.h"
@@ -62,7 +62,7 @@ bool HasShadedLines(const QMCommandContext& context)
     return context.pDocument != nullptr && context.pDocument->GetHeader().bShadedLines != 0;
 }
 
-// The menu has the columns in the order of their bits.
+// The mask bit of a column command: the commands are in the order of the bits.
 uint32_t ColumnOf(UINT uId)
 {
     return 1U << (uId - IDM_VIEW_DATE);
