@@ -5,6 +5,7 @@
 #   run          build and run the programs for this machine
 #   window       build the program and show its window, with a picture of it
 #   test         what test.sh needs besides
+#   pictures     what draws and takes the pictures of the guides, besides `window`
 #   bench        the benchmarks
 #   fuzz         coverage-guided fuzzing
 #   debootstrap  make a small Debian in a folder
@@ -20,6 +21,7 @@ declare -rA PACKAGES=(
     [test]="python3 dpkg-dev googletest clang-format clang-tidy
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
             fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin"
+    [pictures]="graphviz librsvg2-bin xdotool"
     [bench]="libbenchmark-dev"
     [fuzz]="clang libclang-rt-14-dev"
     [debootstrap]="debootstrap mount"

@@ -1,0 +1,284 @@
+#!/usr/bin/env python3
+"""Takes the pictures in docs/images from the running program.
+
+Each scene starts the 64-bit program under Wine with settings of its own and copies of the samples,
+presses keys, and saves what the frame then shows, in true colour. Needs a build of preset win64,
+and the packages xdotool, x11-utils, imagemagick and xvfb (scripts/setup.sh window pictures).
+
+Usage: take_pictures.py [-o FOLDER] [SCENE...]   (without SCENE: all of them)
+       take_pictures.py --list
+
+To add a picture, write a function of its name below, with @scene above it. The settings and
+accounts in the Wine prefix build/wine-win64 are replaced.
+"""
+
+import argparse
+import hashlib
+import os
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import time
+from collections.abc import Callable
+from pathlib import Path
+
+REPO = Path(__file__).resolve().parent.parent
+WINE = REPO / "scripts" / "wine.sh"
+BIN = REPO / "build" / "win64" / "bin"
+ACCOUNTS = REPO / "build" / "wine-win64" / "drive_c" / "Accounts"
+SETTINGS = r"HKCU\Software\Tarn Software\Quillmark"
+
+# Bits of the value "Flags".
+FRAME_MAXIMIZED, CHILD_MAXIMIZED, TOOLBAR, STATUS_BAR, TRANSACTIONS_BAR = 1, 2, 4, 8, 16
+USUAL_BARS = TOOLBAR | STATUS_BAR
+
+LIMIT_S = 120  # for a window to come up, on a busy machine
+PAUSE_S = 0.4
+
+WAGES = """!Type:Bank
+D01/02/2005
+T1200.00
+PDirect Deposit - Wages
+^
+D01/05/2005
+N101
+T-45.20
+PCity Library
+Mlate fees
+^
+D01/07/2005
+T-80.00
+PATM Withdrawal
+CX
+^
+"""
+
+
+def run(*words: str, **options) -> str:
+    done = subprocess.run(words, check=True, capture_output=True, text=True, **options)
+    return done.stdout
+
+
+def wine(*words: str) -> None:
+    run(str(WINE), "win64", *words)
+
+
+class Screen:
+    """A display of our own, ended with the object's `end`."""
+
+    def __init__(self) -> None:
+        read, write = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+            pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            os.environ["DISPLAY"] = f":{pipe.readline().strip()}"
+
+    def end(self) -> None:
+        self._server.terminate()
+        self._server.wait()
+
+
+class Program:
+    """The running program, driven by keys. Titles are regular expressions."""
+
+    def __init__(self, width: int, height: int, flags: int, files: list[str]) -> None:
+        self._set_up(width, height, flags)
+        names = [rf"C:\Accounts\{name}" for name in files]
+        self._process = subprocess.Popen([str(WINE), "win64", str(BIN / "quillmark.exe"), *names],
+                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.wait_for("Quillmark.*")
+        self.settle()
+
+    @staticmethod
+    def _set_up(width: int, height: int, flags: int) -> None:
+        subprocess.run([str(WINE), "win64", "reg", "delete", SETTINGS, "/f"], check=False,
+                       capture_output=True)
+        values = {"Position": ("REG_SZ", f"0000 0000 {width:04} {height:04}"),
+                  "Flags": ("REG_DWORD", str(flags)),
+                  "Options - General": ("REG_DWORD", "10")}  # no splash, no file from last time
+        for name, (kind, value) in values.items():
+            wine("reg", "add", SETTINGS + r"\Settings", "/v", name, "/t", kind, "/d", value, "/f")
+        shutil.rmtree(ACCOUNTS, ignore_errors=True)
+        ACCOUNTS.mkdir(parents=True)
+        shutil.copy(REPO / "samples" / "household.qmk", ACCOUNTS)
+        (ACCOUNTS / "wages.qif").write_text(WAGES, encoding="ascii")
+        wine(str(BIN / "qmktool.exe"), "convert", r"C:\Accounts\wages.qif",
+             r"C:\Accounts\savings.qmk")
+
+    def end(self) -> None:
+        run(str(WINE), "--end", "win64")
+        self._process.send_signal(signal.SIGTERM)
+        self._process.wait()
+
+    @staticmethod
+    def windows() -> dict[str, tuple[int, int, int, int]]:
+        """The titles on the screen, each with left, top, width and height."""
+        place = re.compile(r'0x\w+ "(.*)": \(.*\)  (\d+)x(\d+)\+-?\d+\+-?\d+  \+(-?\d+)\+(-?\d+)')
+        found = {}
+        for match in place.finditer(run("xwininfo", "-root", "-tree")):
+            title, *numbers = match.groups()
+            width, height, left, top = map(int, numbers)
+            found[title] = (left, top, width, height)
+        return found
+
+    def place_of(self, title: str) -> tuple[int, int, int, int] | None:
+        places = [place for name, place in self.windows().items() if re.fullmatch(title, name)]
+        return places[0] if places else None
+
+    def wait_for(self, title: str, gone: bool = False) -> None:
+        end = time.monotonic() + LIMIT_S
+        while (self.place_of(title) is None) != gone:
+            if time.monotonic() > end or self._process.poll() is not None:
+                sys.exit(f"take_pictures: no window '{title}' among {sorted(self.windows())}")
+            time.sleep(PAUSE_S)
+
+    @staticmethod
+    def settle() -> None:
+        """Waits until the screen no longer changes."""
+        before = ""
+        for _ in range(int(LIMIT_S / PAUSE_S)):
+            time.sleep(PAUSE_S)
+            picture = subprocess.run(["import", "-window", "root", "ppm:-"], check=True,
+                                     capture_output=True).stdout
+            now = hashlib.sha256(picture).hexdigest()
+            if now == before:
+                return
+            before = now
+
+    def press(self, *keys: str) -> None:
+        """Presses keys by their X names, such as ctrl+a, one after another."""
+        for key in keys:
+            run("xdotool", "key", "--clearmodifiers", key)
+            time.sleep(PAUSE_S)
+        self.settle()
+
+    def type(self, text: str) -> None:
+        run("xdotool", "type", "--delay", "40", text)
+        self.settle()
+
+    def click(self, left: int, top: int, title: str = "Quillmark.*") -> None:
+        """A click at pixels of the window."""
+        place = self.place_of(title)
+        run("xdotool", "mousemove", str(place[0] + left), str(place[1] + top), "click", "1")
+        self.settle()
+
+    def open_file(self, order: str, path: str) -> None:
+        """Chooses a file in a file dialog, which this key opens."""
+        self.press(*order.split())
+        self.type(path)
+        self.press("Return")
+
+
+class Picture:
+    def __init__(self, path: Path) -> None:
+        self.path = path
+
+    def take(self, program: Program, title: str = "Quillmark.*") -> None:
+        """Saves what the screen shows in the place of a window."""
+        program.settle()
+        left, top, width, height = program.place_of(title)
+        # The pointer stands where nothing follows it.
+        run("xdotool", "mousemove", "1270", "1010")
+        program.settle()
+        run("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage",
+            "-strip", "-type", "TrueColor", "-define", "png:color-type=2",
+            "-define", "png:compression-level=9", str(self.path))
+
+
+Scene = Callable[[Program, Picture], None]
+SCENES: dict[str, tuple[int, int, int, list[str], Scene]] = {}
+
+
+def scene(width: int = 1100, height: int = 700, flags: int = USUAL_BARS | CHILD_MAXIMIZED,
+          files: tuple[str, ...] = ("household.qmk",)) -> Callable[[Scene], Scene]:
+    def add(function: Scene) -> Scene:
+        name = function.__name__.replace("_", "-")
+        SCENES[name] = (width, height, flags, list(files), function)
+        return function
+    return add
+
+
+@scene()
+def frame(program: Program, picture: Picture) -> None:
+    picture.take(program)
+
+
+@scene(width=1000, height=640)
+def add_transaction(program: Program, picture: Picture) -> None:
+    program.press("ctrl+a")
+    program.wait_for("Add Transaction")
+    picture.take(program)
+
+
+@scene(width=1000, height=640)
+def import_review(program: Program, picture: Picture) -> None:
+    program.open_file("alt+f i", r"C:\Accounts\wages.qif")
+    program.wait_for("Import File")
+    picture.take(program, "Import File")
+
+
+@scene(flags=USUAL_BARS | CHILD_MAXIMIZED | TRANSACTIONS_BAR)
+def all_bars(program: Program, picture: Picture) -> None:
+    picture.take(program)
+
+
+@scene(width=900, height=500, flags=CHILD_MAXIMIZED)
+def no_bars(program: Program, picture: Picture) -> None:
+    picture.take(program)
+
+
+@scene(width=420, height=500)
+def narrow_frame(program: Program, picture: Picture) -> None:
+    picture.take(program)
+
+
+@scene(width=900, height=560, files=())
+def empty_account(program: Program, picture: Picture) -> None:
+    program.press("ctrl+n")
+    picture.take(program)
+
+
+@scene(flags=USUAL_BARS, files=("household.qmk", "savings.qmk"))
+def two_accounts(program: Program, picture: Picture) -> None:
+    program.press("alt+w", "h")
+    picture.take(program)
+
+
+def take(name: str, folder: Path) -> None:
+    width, height, flags, files, function = SCENES[name]
+    program = Program(width, height, flags, files)
+    try:
+        function(program, Picture(folder / f"{name}.png"))
+    finally:
+        program.end()
+    print(f"{folder / name}.png")
+
+
+def main() -> None:
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("-o", dest="folder", type=Path, default=REPO / "docs" / "images")
+    parser.add_argument("--list", action="store_true", help="print the names of the scenes")
+    parser.add_argument("scenes", nargs="*", metavar="SCENE")
+    words = parser.parse_args()
+    if words.list:
+        print("\n".join(SCENES))
+        return
+    unknown = [name for name in words.scenes if name not in SCENES]
+    if unknown:
+        parser.error(f"there is no scene '{unknown[0]}'")
+    words.folder.mkdir(parents=True, exist_ok=True)
+    screen = Screen()
+    try:
+        run(str(WINE), "--prepare", "win64")
+        for name in words.scenes or SCENES:
+            take(name, words.folder)
+    finally:
+        screen.end()
+
+
+if __name__ == "__main__":
+    main()
