@@ -57,6 +57,24 @@ public:
         }
     }
 
+    // The same, until f answers false; and the same from the last to the first.
+    template <class F>
+    void ForEachWhile(F f) const
+    {
+        const QMListNode* p = GetHead();
+        while (p != nullptr && f(*static_cast<const QMTransaction*>(p))) {
+            p = p->GetNext();
+        }
+    }
+    template <class F>
+    void ForEachFromLastWhile(F f) const
+    {
+        const QMListNode* p = GetTail();
+        while (p != nullptr && f(*static_cast<const QMTransaction*>(p))) {
+            p = p->GetPrevious();
+        }
+    }
+
     // Sets the sort mode and sorts everything by it. Transactions of one day keep their order. The
     // cursor stays on its transaction; its position is returned. When memory ran out it returns -1,
     // and nothing but the mode has changed.
