@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "account/qmaccount.h"
+#include "account/qmbytesink.h"
 
 struct QMFileImage
 {
@@ -17,3 +18,7 @@ size_t QMAccountImageSize(const QMAccount& account);
 
 // Makes the whole file in the account's format version. The account is not changed.
 QMFileImage QMMakeAccountImage(const QMAccount& account);
+
+// Hands the same bytes to a sink, in pieces, so that they are never in memory as a whole. Returns
+// false when the sink refused a piece.
+bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account);

@@ -43,3 +43,15 @@ int32_t QMMergeMarked(QMTransactionStore& from, QMTransactionStore& into)
     }
     return lCount;
 }
+
+int32_t QMMergeAll(QMTransactionStore& from, QMTransactionStore& into)
+{
+    const int32_t lCount = from.GetCount();
+    const bool bInOrder = into.IsEmpty() && into.GetSortMode() == from.GetSortMode();
+    into.AppendFrom(from);
+    if (!bInOrder && lCount > 0 && into.Resort(into.GetSortMode()) < 0) {
+        RemoveLast(into, lCount);
+        return -1;
+    }
+    return lCount;
+}

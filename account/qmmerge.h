@@ -11,3 +11,7 @@
 // would refuse. Returns how many were copied, with the account's cursor on the last of them. When
 // memory runs out it returns a number below 0 and adds nothing.
 int32_t QMMergeMarked(QMTransactionStore& from, QMTransactionStore& into);
+
+// The same of all transactions, marked or not, which move over instead of being copied: the other
+// store is empty afterwards, even where memory ran out.
+int32_t QMMergeAll(QMTransactionStore& from, QMTransactionStore& into);

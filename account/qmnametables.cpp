@@ -90,8 +90,10 @@ int32_t Lookup(std::span<const NameEntry> table, const char* szText)
     if (szText == nullptr) {
         return -1;
     }
+    // Most entries are told apart by their first character.
+    const char cFirst = VToLower(*szText);
     for (const NameEntry& entry : table) {
-        if (VBeginsWithNoCase(szText, entry.szName)) {
+        if (VToLower(*entry.szName) == cFirst && VBeginsWithNoCase(szText, entry.szName)) {
             return entry.lValue;
         }
     }

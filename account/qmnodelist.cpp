@@ -79,6 +79,26 @@ void QMNodeList::TakeNodesFrom(QMNodeList& other)
     std::swap(m_lCount, other.m_lCount);
 }
 
+void QMNodeList::AppendNodesFrom(QMNodeList& other)
+{
+    if (other.IsEmpty()) {
+        return;
+    }
+    if (IsEmpty()) {
+        TakeNodesFrom(other);
+        Last();
+        return;
+    }
+    m_pTail->m_pNext = other.m_pHead;
+    other.m_pHead->m_pPrevious = m_pTail;
+    m_pTail = other.m_pTail;
+    m_lCount += other.m_lCount;
+    other.m_pHead = other.m_pCurrent = other.m_pTail = nullptr;
+    other.m_lPosition = 0;
+    other.m_lCount = 0;
+    Last();
+}
+
 bool QMNodeList::CopyCurrentTo(QMListNode& node) const
 {
     if (m_pCurrent == nullptr) {

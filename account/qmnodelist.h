@@ -97,6 +97,10 @@ protected:
     // which is empty then.
     void TakeNodesFrom(QMNodeList& other);
 
+    // Moves the other list's nodes behind the last node of this list, in their order. The other
+    // list is empty then. The cursor goes to the last of them; it stays when there are none.
+    void AppendNodesFrom(QMNodeList& other);
+
     // Relinks the nodes in a new order. nodeAt(i) returns the node for position i, and must return
     // each node once. The cursor stays on its node and takes the node's new position.
     template <class F>

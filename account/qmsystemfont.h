@@ -15,5 +15,6 @@ struct QMSystemFont
     int nDotsPerInch = 0; // vertical; 0 when the display could not be queried
 };
 
-// Queries the font of the system. On a system without windows bKnown is false.
+// Queries the font of the system. A system without windows has none of its own and answers with
+// that of most Windows systems.
 QMSystemFont QMQuerySystemFont();

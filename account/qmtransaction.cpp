@@ -290,6 +290,10 @@ void QMTransaction::ParseAmount(const char* szText)
     if (!HasText(szText)) {
         return;
     }
+    if (strchr(szText, ',') == nullptr) {
+        fAmount = static_cast<float>(VParseDouble(szText));
+        return;
+    }
     VString sDigits;
     for (const char* p = szText; *p != '\0'; ++p) {
         if (*p != ',') {

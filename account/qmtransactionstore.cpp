@@ -71,6 +71,13 @@ void QMTransactionStore::TakeFrom(QMTransactionStore& other)
     }
 }
 
+void QMTransactionStore::AppendFrom(QMTransactionStore& other)
+{
+    if (&other != this) {
+        AppendNodesFrom(other);
+    }
+}
+
 int32_t QMTransactionStore::Add(std::unique_ptr<QMTransaction> pTransaction)
 {
     if (pTransaction == nullptr || (!IsEmpty() && GetCurrentNode() == nullptr)) {

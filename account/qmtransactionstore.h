@@ -32,6 +32,10 @@ public:
     // copying them. The other store is empty then.
     void TakeFrom(QMTransactionStore& other);
 
+    // Moves the other store's transactions behind the last one of this store, as they stand; Resort
+    // puts them in order. The cursor goes to the last of them. The other store is empty then.
+    void AppendFrom(QMTransactionStore& other);
+
     // Puts a transaction in its place and sets the cursor on it. Returns its position. Returns -1,
     // and deletes the transaction, when it is null or when the cursor of a store that is not empty
     // is on no transaction.
@@ -52,7 +56,17 @@ public:
     template <class F>
     void ForEach(F f) const
     {
+        // The transactions of a sorted store lie here and there in memory. Those to come are
+        // fetched while f is at work, and the link of each is followed one step later.
+        const QMListNode* pAhead = GetHead();
+        for (int i = 1; i < nFetchedAhead && pAhead != nullptr; ++i) {
+            pAhead = pAhead->GetNext();
+        }
         for (const QMListNode* p = GetHead(); p != nullptr; p = p->GetNext()) {
+            if (pAhead != nullptr) {
+                pAhead = pAhead->GetNext();
+                Fetch(static_cast<const QMTransaction*>(pAhead));
+            }
             f(*static_cast<const QMTransaction*>(p));
         }
     }
@@ -119,6 +133,19 @@ private:
     void SeekPlaceFromStart(uint64_t uKey);
     bool PutInOrder(Ties ties);
     uint32_t ChangeFlag(uint32_t uFlag, bool bSet);
+
+    static constexpr int nFetchedAhead = 4;
+
+    // Where the links, the numbers and the beginnings of the texts lie.
+    static void Fetch(const QMTransaction* pTransaction)
+    {
+        if (pTransaction != nullptr) {
+            __builtin_prefetch(pTransaction);
+            __builtin_prefetch(pTransaction->szDescription);
+            __builtin_prefetch(pTransaction->szMemo);
+            __builtin_prefetch(pTransaction->szCategory);
+        }
+    }
 
     int32_t m_lSortMode = QM_SORT_DATE;
 };

@@ -1,5 +1,7 @@
 #include "base/vfilesystem.h"
 
+#include "base/vnewfile.h"
+
 const char* VFileFaultText(VFileFault fault)
 {
     switch (fault) {
@@ -31,4 +33,14 @@ void VSplitPath(const char* szPath, VString& sFolder, VString& sFileName)
     const auto uFolder = static_cast<uint32_t>(sPath.FindLast(VPathSeparator) + 1);
     sFolder = sPath.Left(uFolder);
     sFileName = sPath.Mid(uFolder);
+}
+
+VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace)
+{
+    VNewFile file;
+    VFileFault fault = file.Create(szPath, bReplace);
+    if (fault == VFileFault::None) {
+        fault = file.Write(pBytes, uSize);
+    }
+    return fault == VFileFault::None ? file.PutInPlace() : fault;
 }

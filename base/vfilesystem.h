@@ -27,6 +27,9 @@ const char* VFileFaultText(VFileFault fault);
 // The character between the parts of a path: "\" on Windows, "/" elsewhere.
 extern const char VPathSeparator;
 
+// How the platform ends a line of text: "\r\n" on Windows, "\n" elsewhere.
+extern const char VLineEnd[3];
+
 // True for an existing regular file; false for a folder, and for an empty or null path.
 bool FileExists(const char* szPath);
 

@@ -13,6 +13,7 @@
 #include "base/vfilesystem.h"
 
 const char VPathSeparator = '/';
+const char VLineEnd[3] = "\n";
 
 VFileFault VFaultFromErrno(int nError)
 {
@@ -100,46 +101,6 @@ VString FolderOf(const char* szPath)
     return sFolder.IsEmpty() ? VString(".") : sFolder;
 }
 
-// Writes the new file that will take the name. On a fault the new file is removed again.
-VFileFault WriteNew(const char* szNew, const void* pBytes, size_t uSize, mode_t uMode)
-{
-    VPosixFile file;
-    VFileFault fault = file.Open(szNew, O_WRONLY | O_CREAT | O_EXCL, 0666);
-    if (fault != VFileFault::None) {
-        return fault;
-    }
-    fault = file.WriteAll(pBytes, uSize);
-    if (fault == VFileFault::None && uMode != 0 && fchmod(file.Get(), uMode) != 0) {
-        fault = VFaultFromErrno(errno);
-    }
-    if (fault == VFileFault::None && fsync(file.Get()) != 0) {
-        fault = VFaultFromErrno(errno);
-    }
-    if (fault != VFileFault::None) {
-        unlink(szNew);
-    }
-    return fault;
-}
-
-// Gives the finished new file its final name, or removes it on a fault. Without bReplace it uses
-// link: unlike rename, link fails when a file of that name has appeared since it was tested.
-VFileFault PutInPlace(const char* szNew, const char* szPath, bool bReplace)
-{
-    const int nResult = bReplace ? rename(szNew, szPath) : link(szNew, szPath);
-    const VFileFault fault = nResult == 0 ? VFileFault::None : VFaultFromErrno(errno);
-    if (!bReplace || fault != VFileFault::None) {
-        unlink(szNew);
-    }
-    return fault;
-}
-
-// Follows szPath where it is a symbolic link, so that the file is replaced and the link stays.
-VString FinalPath(const char* szPath)
-{
-    const std::unique_ptr<char, decltype(&free)> szFinal(realpath(szPath, nullptr), &free);
-    return VString(szFinal == nullptr ? szPath : szFinal.get());
-}
-
 } // namespace
 
 bool FileExists(const char* szPath)
@@ -169,31 +130,4 @@ VFileFault VCanReplaceFile(const char* szPath, uint64_t uSize)
         return VFaultFromErrno(errno);
     }
     return uRoom < uSize ? VFileFault::NoRoom : VFileFault::None;
-}
-
-VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace)
-{
-    struct stat status = {};
-    VPosixFile present; // locked until the new file has taken its name
-    if (stat(szPath, &status) == 0) {
-        if (!S_ISREG(status.st_mode)) {
-            return VFileFault::NotAFile;
-        }
-        if (!bReplace) {
-            return VFileFault::Exists;
-        }
-        const VFileFault fault = present.OpenLocked(szPath, O_RDWR, 0);
-        if (fault != VFileFault::None) {
-            return fault;
-        }
-    }
-    const VString sPath = FinalPath(szPath);
-    VString sNew = sPath;
-    sNew.Append(".new-");
-    sNew.AppendNumber(static_cast<uint32_t>(getpid()));
-    const VFileFault fault = WriteNew(sNew.GetText(), pBytes, uSize, status.st_mode & 07777);
-    if (fault != VFileFault::None) {
-        return fault;
-    }
-    return PutInPlace(sNew.GetText(), sPath.GetText(), bReplace);
 }

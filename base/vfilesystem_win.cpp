@@ -5,6 +5,7 @@
 #include "base/vfile_win.h"
 
 const char VPathSeparator = '\\';
+const char VLineEnd[3] = "\r\n";
 
 VFileFault VFaultFromLastError()
 {
@@ -94,24 +95,6 @@ VString FolderOf(const char* szPath)
     return sFolder;
 }
 
-VFileFault WriteNew(const char* szNew, const void* pBytes, size_t uSize)
-{
-    VWinFile file;
-    VFileFault fault = file.Open(szNew, GENERIC_WRITE, CREATE_NEW);
-    if (fault != VFileFault::None) {
-        return fault;
-    }
-    fault = file.WriteAll(pBytes, uSize);
-    if (fault == VFileFault::None && !FlushFileBuffers(file.Get())) {
-        fault = VFaultFromLastError();
-    }
-    file.Close();
-    if (fault != VFileFault::None) {
-        DeleteFileA(szNew);
-    }
-    return fault;
-}
-
 } // namespace
 
 bool FileExists(const char* szPath)
@@ -142,34 +125,4 @@ VFileFault VCanReplaceFile(const char* szPath, uint64_t uSize)
         uRoom += (uint64_t{data.nFileSizeHigh} << 32) + data.nFileSizeLow;
     }
     return uRoom < uSize ? VFileFault::NoRoom : VFileFault::None;
-}
-
-VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize, bool bReplace)
-{
-    const DWORD uAttributes = GetFileAttributesA(szPath);
-    if (uAttributes != INVALID_FILE_ATTRIBUTES) {
-        if ((uAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-            return VFileFault::NotAFile;
-        }
-        if (!bReplace) {
-            return VFileFault::Exists;
-        }
-        // MoveFileEx would replace a read-only file or fail late on an open one. Opening the file
-        // first finds both out before anything is written.
-        VWinFile present;
-        const VFileFault fault = present.Open(szPath, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
-        if (fault != VFileFault::None) {
-            return fault;
-        }
-    }
-    VString sNew(szPath);
-    sNew.Append(".new-");
-    sNew.AppendNumber(GetCurrentProcessId());
-    VFileFault fault = WriteNew(sNew.GetText(), pBytes, uSize);
-    if (fault == VFileFault::None &&
-        !MoveFileExA(sNew.GetText(), szPath, bReplace ? MOVEFILE_REPLACE_EXISTING : 0)) {
-        fault = VFaultFromLastError();
-        DeleteFileA(sNew.GetText());
-    }
-    return fault;
 }

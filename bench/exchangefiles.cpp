@@ -35,16 +35,16 @@ const Shape& ShapeOf(QMExchangeKind kind)
                          [=](const Shape& shape) { return shape.kind == kind; });
 }
 
-std::string ReadWhole(FILE* pFile)
+struct StringSink : QMByteSink
 {
-    std::string sText;
-    char aBlock[1 << 16];
-    rewind(pFile);
-    for (size_t uRead; (uRead = fread(aBlock, 1, sizeof aBlock, pFile)) > 0;) {
-        sText.append(aBlock, uRead);
+    bool Write(const char* pBytes, size_t uSize) override
+    {
+        sText.append(pBytes, uSize);
+        return true;
     }
-    return sText;
-}
+
+    std::string sText;
+};
 
 std::string Reorder(const std::string& sText, const Shape& shape, EntryOrder order)
 {
@@ -90,13 +90,11 @@ std::string MakeExchangeText(QMExchangeKind kind, int32_t lCount, EntryOrder ord
 {
     QMTransactionStore store;
     FillStore(store, lCount);
-    FILE* pFile = tmpfile();
-    if (pFile == nullptr || !QMExportTo(pFile, kind, store)) {
+    StringSink sink;
+    if (!QMExportTo(sink, kind, store)) {
         abort();
     }
-    const std::string sText = ReadWhole(pFile);
-    fclose(pFile);
-    return order == EntryOrder::Sorted ? sText : Reorder(sText, ShapeOf(kind), order);
+    return order == EntryOrder::Sorted ? sink.sText : Reorder(sink.sText, ShapeOf(kind), order);
 }
 
 ExchangeFile::ExchangeFile(QMExchangeKind kind, const std::string& sText)

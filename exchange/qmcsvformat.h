@@ -1,10 +1,9 @@
 // QMCsvFormat: comma-separated files with a header row.
 #pragma once
 
-#include <cstdio>
-
 #include "base/vstring.h"
 #include "exchange/qmexchangeformat.h"
+#include "exchange/qmtextwriter.h"
 #include "exchange/qmtokenizer.h"
 
 // The writer has one layout. The reader finds the columns by their names in the header row, so it
@@ -24,9 +23,8 @@ public:
     // Kept: for a store without transactions this never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store) override;
 
-    // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
-    // all was written.
-    static void WriteTo(FILE* pFile, QMTransactionStore& store);
+    // Writes to a sink. Returns false when the sink refused anything.
+    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store);
 
 private:
     void ParseHeader(char* szText);

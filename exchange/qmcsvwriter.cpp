@@ -1,55 +1,53 @@
 #include "exchange/qmcsvformat.h"
-#include "exchange/qmstdiofile.h"
+#include "exchange/qmexchangewriter.h"
 
 namespace {
 
-const char* TruthOf(bool b)
+void AddTruth(QMTextWriter& writer, bool b)
 {
-    return b ? "True" : "False";
+    writer.Add(b ? ",True" : ",False");
 }
 
-void WriteRow(FILE* pFile, const QMTransaction& transaction)
+void AddCell(QMTextWriter& writer, std::string_view text)
 {
-    const QMDate& date = transaction.dtDate;
-    fprintf(pFile, "%2d/%2d/%d,", date.wMonth, date.wDay, date.wYear);
+    writer.Add(',');
+    writer.Add(text);
+}
+
+void WriteRow(QMTextWriter& writer, const QMTransaction& transaction)
+{
+    writer.AddDate(transaction.dtDate, ' ');
+    writer.Add(',');
     if (transaction.lType == QM_TRANS_CHECK) {
-        fprintf(pFile, "%d", static_cast<int>(transaction.lNumber));
+        writer.AddNumber(static_cast<int32_t>(transaction.lNumber));
     }
     char szPayee[QM_FIELD_TEXT_SIZE];
     transaction.FormatField(QM_FIELD_DESCRIPTION, szPayee, false, 0);
-    fprintf(pFile, ",%s,%s,%s,%s,%s,%s,%s,%s\n", szPayee, QMSignedAmount(transaction).szText,
-            transaction.szMemo, transaction.szCategory,
-            TruthOf(!transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED)),
-            TruthOf(transaction.HasFlag(QM_TRANS_FLAG_VOIDED)),
-            TruthOf(transaction.HasFlag(QM_TRANS_FLAG_TAX)),
-            TruthOf(transaction.HasFlag(QM_TRANS_FLAG_EXPENSE)));
+    AddCell(writer, szPayee);
+    AddCell(writer, QMSignedAmount(transaction).GetText());
+    AddCell(writer, transaction.szMemo);
+    AddCell(writer, transaction.szCategory);
+    AddTruth(writer, !transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED));
+    AddTruth(writer, transaction.HasFlag(QM_TRANS_FLAG_VOIDED));
+    AddTruth(writer, transaction.HasFlag(QM_TRANS_FLAG_TAX));
+    AddTruth(writer, transaction.HasFlag(QM_TRANS_FLAG_EXPENSE));
+    writer.Add('\n');
 }
 
 } // namespace
 
 bool QMCsvFormat::Export(const char* szPath, QMTransactionStore& store)
 {
-    const QMStdioFile pFile = QMCreateTextFile(szPath);
-    if (pFile == nullptr) {
-        return false;
-    }
-    WriteTo(pFile.get(), store);
-    return true;
+    return QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { WriteTo(sink, store); });
 }
 
-void QMCsvFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
+bool QMCsvFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store)
 {
-    fputs("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n", pFile);
-    store.First();
-    for (;;) {
-        // Kept: the loop ends only after a transaction was written. The caller makes sure that
-        // there is one.
-        if (const QMTransaction* pCurrent = store.GetCurrentNode()) {
-            WriteRow(pFile, *pCurrent);
-            if (store.IsLast()) {
-                return;
-            }
-        }
-        store.Next();
-    }
+    QMTextWriter writer(sink);
+    writer.Add("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n");
+    QMWriteTransactions(store, [&](const QMTransaction& transaction) {
+        WriteRow(writer, transaction);
+        return true;
+    });
+    return writer.Finish();
 }

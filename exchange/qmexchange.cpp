@@ -4,6 +4,7 @@
 
 #include "base/vtext.h"
 #include "exchange/qmcsvformat.h"
+#include "exchange/qmexchangewriter.h"
 #include "exchange/qmqifformat.h"
 #include "exchange/qmxmlformat.h"
 
@@ -19,6 +20,27 @@ constexpr struct
     {".xml", QMExchangeKind::Xml},
     {".txt", QMExchangeKind::Text},
 };
+
+bool IsWritten(QMExchangeKind kind)
+{
+    return kind != QMExchangeKind::None && kind != QMExchangeKind::Text;
+}
+
+// From a path or a source of bytes.
+template <class T>
+bool Import(QMExchangeKind kind, T&& from, QMTransactionStore& store)
+{
+    switch (kind) {
+        case QMExchangeKind::Qif:
+            return QMQifFormat().Import(from, store);
+        case QMExchangeKind::Csv:
+            return QMCsvFormat().Import(from, store);
+        case QMExchangeKind::Xml:
+            return QMXmlFormat().Import(from, store);
+        default:
+            return false;
+    }
+}
 
 } // namespace
 
@@ -37,44 +59,30 @@ QMExchangeKind QMKindOfPath(const char* szPath)
 
 bool QMImportFile(const char* szPath, QMTransactionStore& store)
 {
-    switch (QMKindOfPath(szPath)) {
-        case QMExchangeKind::Qif:
-            return QMQifFormat().Import(szPath, store);
-        case QMExchangeKind::Csv:
-            return QMCsvFormat().Import(szPath, store);
-        case QMExchangeKind::Xml:
-            return QMXmlFormat().Import(szPath, store);
-        default:
-            return false;
-    }
+    return Import(QMKindOfPath(szPath), szPath, store);
+}
+
+bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store)
+{
+    return Import(kind, source, store);
 }
 
 bool QMExportFile(const char* szPath, QMTransactionStore& store)
 {
-    switch (QMKindOfPath(szPath)) {
-        case QMExchangeKind::Qif:
-            return QMQifFormat().Export(szPath, store);
-        case QMExchangeKind::Csv:
-            return QMCsvFormat().Export(szPath, store);
-        case QMExchangeKind::Xml:
-            return QMXmlFormat().Export(szPath, store);
-        default:
-            return false;
-    }
+    const QMExchangeKind kind = QMKindOfPath(szPath);
+    return IsWritten(kind) &&
+           QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { QMExportTo(sink, kind, store); });
 }
 
-bool QMExportTo(FILE* pFile, QMExchangeKind kind, QMTransactionStore& store)
+bool QMExportTo(QMByteSink& sink, QMExchangeKind kind, QMTransactionStore& store)
 {
     switch (kind) {
         case QMExchangeKind::Qif:
-            QMQifFormat::WriteTo(pFile, store);
-            return true;
+            return QMQifFormat::WriteTo(sink, store);
         case QMExchangeKind::Csv:
-            QMCsvFormat::WriteTo(pFile, store);
-            return true;
+            return QMCsvFormat::WriteTo(sink, store);
         case QMExchangeKind::Xml:
-            QMXmlFormat::WriteTo(pFile, store);
-            return true;
+            return QMXmlFormat::WriteTo(sink, store);
         default:
             return false;
     }

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 
+#include "account/qmbytesource.h"
 #include "account/qmtransactionstore.h"
+#include "exchange/qmtextwriter.h"
 
 enum class QMExchangeKind
 {
@@ -22,15 +23,18 @@ QMExchangeKind QMKindOfPath(const char* szPath);
 // store as it is, for a kind that cannot be read, and when the format's Import returns false.
 bool QMImportFile(const char* szPath, QMTransactionStore& store);
 
+// Reads the bytes of a source instead of a file.
+bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store);
+
 // Writes all transactions of the store. The store's cursor moves. Returns false, without making a
 // file, for a kind that cannot be written, and when the file cannot be created.
 //
 // Kept: when QMExportObstacle has a reason against the export, this never returns.
 bool QMExportFile(const char* szPath, QMTransactionStore& store);
 
-// Writes to a file that is open for writing text, for a caller that must know whether everything
-// was written: ferror and fclose tell.
-bool QMExportTo(FILE* pFile, QMExchangeKind kind, QMTransactionStore& store);
+// Writes to a sink instead of a file. Returns false for a kind that cannot be written, and when the
+// sink refused anything.
+bool QMExportTo(QMByteSink& sink, QMExchangeKind kind, QMTransactionStore& store);
 
 // Why a store must not be exported to that kind, as a phrase that ends a sentence; null when it may
 // be.

@@ -37,14 +37,27 @@ QMSignedAmount::QMSignedAmount(const QMTransaction& transaction)
     if (transaction.IsDebitType()) {
         *pDigits++ = '-';
     }
-    QMFormatMoney(transaction.GetRoundedAmount(), 0, pDigits, sizeof szText - 1);
+    const size_t uDigits =
+        QMFormatMoney(transaction.GetRoundedAmount(), 0, pDigits, sizeof szText - 1);
+    uLength = static_cast<size_t>(pDigits - szText) + uDigits;
 }
 
 bool QMExchangeFormat::Import(const char* szPath, QMTransactionStore& store)
 {
+    return ImportFrom(szPath, store);
+}
+
+bool QMExchangeFormat::Import(QMByteSource& source, QMTransactionStore& store)
+{
+    return ImportFrom(source, store);
+}
+
+template <class T>
+bool QMExchangeFormat::ImportFrom(T&& source, QMTransactionStore& store)
+{
     m_records.Begin();
     ResetPending();
-    if (!Read(szPath, true, 0)) {
+    if (!Read(source, true, 0)) {
         storeTemp.Clear();
         return false;
     }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
@@ -20,7 +21,10 @@ void QMSettleRecord(QMTransaction& transaction);
 struct QMSignedAmount
 {
     explicit QMSignedAmount(const QMTransaction& transaction);
+    std::string_view GetText() const { return {szText, uLength}; }
+
     char szText[64];
+    size_t uLength;
 };
 
 class QMExchangeFormat : public QMLineReader
@@ -30,6 +34,7 @@ public:
     // store as it is, when the file cannot be opened or is empty, and when memory ran out. Nothing
     // that a file may contain is an error.
     bool Import(const char* szPath, QMTransactionStore& store);
+    bool Import(QMByteSource& source, QMTransactionStore& store);
 
     // Writes the store from its first transaction on. The store's cursor is on the last one
     // afterwards. Returns false when the file cannot be created.
@@ -51,6 +56,8 @@ protected:
     QMTransaction txPending;      // the record that is being read
 
 private:
+    template <class T>
+    bool ImportFrom(T&& source, QMTransactionStore& store);
     void ResetPending();
 
     QMTemporaryRecords m_records{storeTemp};

@@ -14,6 +14,28 @@ bool IsLineEnd(unsigned uCharacter)
     return uCharacter == '\n' || uCharacter == '\r';
 }
 
+bool IsMaxLine(int32_t lMaxLine)
+{
+    return lMaxLine == 0 || (lMaxLine >= 3 && lMaxLine <= QMLineFile::lLargestMaxLine);
+}
+
+// Whether any of eight bytes is zero: only from such a one does the subtraction carry into a high
+// bit that was not set before.
+bool HasZero(uint64_t uBytes)
+{
+    constexpr uint64_t uOnes = 0x0101010101010101;
+    return ((uBytes - uOnes) & ~uBytes & (uOnes << 7)) != 0;
+}
+
+// Of the eight bytes from there on.
+bool HasLineEnd(const char* pBytes)
+{
+    constexpr uint64_t uOnes = 0x0101010101010101;
+    uint64_t uBytes;
+    memcpy(&uBytes, pBytes, sizeof uBytes);
+    return HasZero(uBytes ^ (uOnes * '\n')) || HasZero(uBytes ^ (uOnes * '\r'));
+}
+
 bool IsWide(QMTextEncoding encoding)
 {
     return encoding == QM_TEXT_UTF16_BIG || encoding == QM_TEXT_UTF16_LITTLE;
@@ -49,18 +71,29 @@ QMTextEncoding QMTellEncoding(const char* pBytes, size_t uCount)
 
 QMTextEncoding QMLineFile::Open(const char* szPath, int32_t lMaxLine)
 {
-    lMaxLine = lMaxLine == 0 ? lDefaultMaxLine : lMaxLine;
-    if (szPath == nullptr || lMaxLine < 3 || lMaxLine > lLargestMaxLine) {
+    if (szPath == nullptr || !IsMaxLine(lMaxLine)) {
         return QM_TEXT_BAD_ARGUMENT;
     }
     m_pFile = QMOpenForReading(szPath);
-    if (m_pFile == nullptr || !Reserve(lMaxLine)) {
+    if (m_pFile == nullptr) {
         return QM_TEXT_UNREADABLE;
     }
     // This class has a buffer of its own, so the C library needs none.
     setvbuf(m_pFile.get(), nullptr, _IONBF, 0);
+    return Open(m_fileSource.emplace(m_pFile.get()), lMaxLine);
+}
+
+QMTextEncoding QMLineFile::Open(QMByteSource& source, int32_t lMaxLine)
+{
+    if (!IsMaxLine(lMaxLine)) {
+        return QM_TEXT_BAD_ARGUMENT;
+    }
+    m_pSource = &source;
+    if (!Reserve(lMaxLine == 0 ? lDefaultMaxLine : lMaxLine)) {
+        return QM_TEXT_UNREADABLE;
+    }
     const size_t uCount = Provide(3);
-    if (ferror(m_pFile.get()) != 0) {
+    if (m_bFailed) {
         return QM_TEXT_UNREADABLE;
     }
     m_encoding = QMTellEncoding(m_pBuffer.get(), uCount);
@@ -91,7 +124,9 @@ size_t QMLineFile::Provide(size_t uWanted)
     memmove(m_pBuffer.get(), m_pBuffer.get() + m_uNext, m_uEnd - m_uNext);
     m_uEnd -= m_uNext;
     m_uNext = 0;
-    m_uEnd += fread(m_pBuffer.get() + m_uEnd, 1, m_uSize - m_uEnd, m_pFile.get());
+    const int64_t nRead = m_pSource->ReadSome(m_pBuffer.get() + m_uEnd, m_uSize - m_uEnd);
+    m_bFailed = nRead < 0;
+    m_uEnd += static_cast<size_t>(std::max<int64_t>(nRead, 0));
     m_bAtEnd = m_uEnd < m_uSize;
     return m_uEnd;
 }
@@ -127,6 +162,9 @@ size_t QMLineFile::FindEnd(size_t uAvailable) const
     const char* pBegin = m_pBuffer.get() + m_uNext;
     const char* pEnd = pBegin + std::min(uAvailable, m_uMaxLength);
     const char* p = pBegin;
+    while (pEnd - p >= 8 && !HasLineEnd(p)) {
+        p += 8;
+    }
     while (p < pEnd && *p != '\n' && *p != '\r') {
         ++p;
     }

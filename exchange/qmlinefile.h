@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "exchange/qmstdiofile.h"
 
@@ -35,6 +36,9 @@ public:
     // was refused.
     QMTextEncoding Open(const char* szPath, int32_t lMaxLine);
 
+    // Reads the bytes of a source, which must last as long as lines are read.
+    QMTextEncoding Open(QMByteSource& source, int32_t lMaxLine);
+
     // Reads a line. It ends at CR, at LF, at the two together in either order, or where it is cut:
     // the rest of a longer line comes as the next line. Returns null at the end of the file. The
     // text ends with a zero, may be changed by the caller, and is valid until the next call.
@@ -57,7 +61,9 @@ private:
     char* TakeLine(size_t uLength);
     char* TakeWideLine(size_t uLength);
 
-    QMStdioFile m_pFile;
+    QMStdioFile m_pFile; // null when the source is the caller's
+    std::optional<QMStdioSource> m_fileSource;
+    QMByteSource* m_pSource = nullptr;
     QMTextEncoding m_encoding = QM_TEXT_PLAIN;
     size_t m_uMaxLength = 0; // a line is cut at this many characters
 
@@ -68,6 +74,7 @@ private:
     size_t m_uNext = 0;
     size_t m_uEnd = 0;
     bool m_bAtEnd = false;
+    bool m_bFailed = false; // the last reading failed, which ends the text
 
     // When m_bBorrowed is set, the terminating zero of a line that was cut is in the place of the
     // first character of the next line, m_cBorrowed.

@@ -3,6 +3,9 @@
 
 #include <cstdint>
 
+class QMByteSource;
+class QMLineFile;
+
 class QMLineReader
 {
 public:
@@ -20,4 +23,8 @@ public:
     // Returns true when at least one line was passed on: a file that is empty or cannot be opened
     // gives false.
     bool Read(const char* szPath, bool bDeliverBlank, int32_t nMaxLine);
+    bool Read(QMByteSource& source, bool bDeliverBlank, int32_t nMaxLine);
+
+private:
+    bool Deliver(QMLineFile& file, bool bDeliverBlank);
 };

@@ -2,9 +2,8 @@
 // it.
 #pragma once
 
-#include <cstdio>
-
 #include "exchange/qmexchangeformat.h"
+#include "exchange/qmtextwriter.h"
 
 // Kept: writing and reading do not give the same back. Voided transactions, the tags and the date
 // cleared are not written, and a description returns with the " - " that joins it to the type.
@@ -19,9 +18,8 @@ public:
     // never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store) override;
 
-    // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
-    // all was written.
-    static void WriteTo(FILE* pFile, QMTransactionStore& store);
+    // Writes to a sink. Returns false when the sink refused anything.
+    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store);
 
 private:
     void ParseField(char* szLine);

@@ -1,57 +1,53 @@
+#include "exchange/qmexchangewriter.h"
 #include "exchange/qmqifformat.h"
-#include "exchange/qmstdiofile.h"
 
 namespace {
 
-void WriteText(FILE* pFile, char cField, const char* szText)
+void WriteText(QMTextWriter& writer, char cField, std::string_view text)
 {
-    if (*szText != '\0') {
-        fprintf(pFile, "%c%s\n", cField, szText);
+    if (!text.empty()) {
+        writer.Add(cField);
+        writer.Add(text);
+        writer.Add('\n');
     }
 }
 
-void WriteRecord(FILE* pFile, const QMTransaction& transaction)
+void WriteRecord(QMTextWriter& writer, const QMTransaction& transaction)
 {
-    const QMDate& date = transaction.dtDate;
-    fprintf(pFile, "D%02d/%02d/%d\n", date.wMonth, date.wDay, date.wYear);
+    writer.Add('D');
+    writer.AddDate(transaction.dtDate, '0');
     if (transaction.lType == QM_TRANS_CHECK) {
-        fprintf(pFile, "N%d\n", static_cast<int>(transaction.lNumber));
+        writer.Add("\nN");
+        writer.AddNumber(static_cast<int32_t>(transaction.lNumber));
     }
-    fprintf(pFile, "T%s\n", QMSignedAmount(transaction).szText);
+    writer.Add("\nT");
+    writer.Add(QMSignedAmount(transaction).GetText());
+    writer.Add('\n');
     char szPayee[QM_FIELD_TEXT_SIZE];
     transaction.FormatField(QM_FIELD_DESCRIPTION, szPayee, false, 0);
-    WriteText(pFile, 'P', szPayee);
-    WriteText(pFile, 'M', transaction.szMemo);
-    WriteText(pFile, 'L', transaction.szCategory);
-    fputs(transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED) ? "^\n" : "CX\n^\n", pFile);
+    WriteText(writer, 'P', szPayee);
+    WriteText(writer, 'M', transaction.szMemo);
+    WriteText(writer, 'L', transaction.szCategory);
+    writer.Add(transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED) ? "^\n" : "CX\n^\n");
 }
 
 } // namespace
 
 bool QMQifFormat::Export(const char* szPath, QMTransactionStore& store)
 {
-    const QMStdioFile pFile = QMCreateTextFile(szPath);
-    if (pFile == nullptr) {
-        return false;
-    }
-    WriteTo(pFile.get(), store);
-    return true;
+    return QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { WriteTo(sink, store); });
 }
 
-void QMQifFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
+bool QMQifFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store)
 {
-    fputs("!Type:Bank\n", pFile);
-    store.First();
-    for (;;) {
-        // Kept: the loop ends only after the last transaction was written, and at the end of the
-        // store there is no next one. The caller makes sure that the last one is written.
-        const QMTransaction* pCurrent = store.GetCurrentNode();
-        if (pCurrent != nullptr && !pCurrent->HasFlag(QM_TRANS_FLAG_VOIDED)) {
-            WriteRecord(pFile, *pCurrent);
-            if (store.IsLast()) {
-                return;
-            }
+    QMTextWriter writer(sink);
+    writer.Add("!Type:Bank\n");
+    QMWriteTransactions(store, [&](const QMTransaction& transaction) {
+        const bool bWritten = !transaction.HasFlag(QM_TRANS_FLAG_VOIDED);
+        if (bWritten) {
+            WriteRecord(writer, transaction);
         }
-        store.Next();
-    }
+        return bWritten;
+    });
+    return writer.Finish();
 }

@@ -1,12 +1,11 @@
 // QMXmlFormat: transactions as an XML document.
 #pragma once
 
-#include <cstdio>
-
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
 #include "base/vstring.h"
 #include "exchange/qmtemporaryrecords.h"
+#include "exchange/qmtextwriter.h"
 #include "exchange/qmxmlparser.h"
 
 class QMXmlFormat : public QMXmlParser
@@ -19,6 +18,7 @@ public:
     // Kept: values are taken as they are. A type that does not fit the sign of its amount stays,
     // and so does the sign.
     bool Import(const char* szPath, QMTransactionStore& store);
+    bool Import(QMByteSource& source, QMTransactionStore& store);
 
     // Writes the store from its first transaction on. The store's cursor is on the last one
     // afterwards. A transaction of an unknown type is left out. Returns false when the file cannot
@@ -28,9 +28,8 @@ public:
     // type, this never returns. Call QMExportObstacle first.
     bool Export(const char* szPath, QMTransactionStore& store);
 
-    // Writes to a file that is open for writing text. ferror, and fclose at the end, tell whether
-    // all was written.
-    static void WriteTo(FILE* pFile, QMTransactionStore& store);
+    // Writes to a sink. Returns false when the sink refused anything.
+    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store);
 
     void OnCharacterData(const char* pText, int32_t lLength) override;
     void OnStartElement(const char* szName, const char** aszAttributes) override;

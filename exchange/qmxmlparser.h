@@ -5,6 +5,8 @@
 
 #include <expat.h>
 
+#include "account/qmbytesource.h"
+
 // Names, attributes and texts are UTF-8, whatever the encoding of the document is.
 class QMXmlParser
 {
@@ -27,7 +29,14 @@ public:
     // Parses a whole document. Returns false when it is not well formed, and when memory ran out.
     bool Parse(const char* pBytes, int32_t lLength);
 
+    // The same for a source, piece by piece: a document of any length takes little memory. Texts
+    // come in the same pieces as from a document in memory. False also when the source fails.
+    bool Parse(QMByteSource& source);
+
 private:
+    bool OpenParser();
+    bool ParsePiece(const char* pBytes, size_t uLength, bool bLast);
+    bool ParsePieces(QMByteSource& source);
     void CloseParser();
 
     XML_Parser pParser = nullptr;

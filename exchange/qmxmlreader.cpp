@@ -1,8 +1,5 @@
 #include <algorithm>
 #include <cstring>
-#include <limits>
-#include <memory>
-#include <new>
 
 #include "base/vtext.h"
 #include "exchange/qmstdiofile.h"
@@ -14,33 +11,6 @@ constexpr int32_t lNone = -1;
 
 // Longer than any field, so a piece need not be longer.
 constexpr uint32_t uMaxPiece = 256;
-
-struct WholeFile
-{
-    std::unique_ptr<char[]> pBytes;
-    int32_t lSize = 0;
-};
-
-// The whole file; nothing when it is empty, cannot be read, or is too large to be parsed at once.
-WholeFile ReadFile(const char* szPath)
-{
-    WholeFile whole;
-    const QMStdioFile pFile = QMOpenForReading(szPath);
-    if (pFile == nullptr || fseek(pFile.get(), 0, SEEK_END) != 0) {
-        return whole;
-    }
-    const long lSize = ftell(pFile.get());
-    if (lSize <= 0 || lSize > std::numeric_limits<int32_t>::max() ||
-        fseek(pFile.get(), 0, SEEK_SET) != 0) {
-        return whole;
-    }
-    const auto uSize = static_cast<size_t>(lSize);
-    whole.pBytes.reset(new (std::nothrow) char[uSize]);
-    if (whole.pBytes != nullptr && fread(whole.pBytes.get(), 1, uSize, pFile.get()) == uSize) {
-        whole.lSize = static_cast<int32_t>(lSize);
-    }
-    return whole;
-}
 
 bool IsTransaction(const char* szName)
 {
@@ -62,9 +32,19 @@ void ForEachType(const char** aszAttributes, F f)
 
 bool QMXmlFormat::Import(const char* szPath, QMTransactionStore& store)
 {
+    const QMStdioFile pFile = QMOpenForReading(szPath);
+    if (pFile == nullptr) {
+        return false;
+    }
+    setvbuf(pFile.get(), nullptr, _IONBF, 0);
+    QMStdioSource source(pFile.get());
+    return Import(source, store);
+}
+
+bool QMXmlFormat::Import(QMByteSource& source, QMTransactionStore& store)
+{
     Begin();
-    const WholeFile whole = ReadFile(szPath);
-    if (whole.lSize == 0 || !Parse(whole.pBytes.get(), whole.lSize)) {
+    if (!Parse(source)) {
         // Nothing is taken from a damaged document, not even its complete records.
         storeTemp.Clear();
         return false;

@@ -1,8 +1,8 @@
 #include <cstring>
 
 #include "account/qmmoney.h"
+#include "exchange/qmexchangewriter.h"
 #include "exchange/qmreplace.h"
-#include "exchange/qmstdiofile.h"
 #include "exchange/qmxmlformat.h"
 
 namespace {
@@ -46,90 +46,102 @@ constexpr struct
     {'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'\'', "&apos;"}, {'"', "&quot;"},
 };
 
+void AddElement(QMTextWriter& writer, std::string_view element, std::string_view text)
+{
+    writer.Add("\t<");
+    writer.Add(element);
+    writer.Add('>');
+    writer.Add(text);
+    writer.Add("</");
+    writer.Add(element);
+    writer.Add(">\n");
+}
+
 // Kept: the replacement for "&" holds an "&", so QMReplace replaces only the first one of a text. A
 // text with two gives a document that no parser accepts.
-void WriteText(FILE* pFile, const char* szElement, const char* szText)
+void WriteText(QMTextWriter& writer, std::string_view element, const char* szText)
 {
     if (*szText == '\0') {
         return;
     }
     if (strpbrk(szText, "&<>'\"") == nullptr) {
-        fprintf(pFile, "\t<%s>%s</%s>\n", szElement, szText, szElement);
+        AddElement(writer, element, szText);
         return;
     }
     VString sEscaped(szText);
     for (const auto& entity : aEntities) {
         QMReplace(sEscaped, entity.c, entity.szEntity);
     }
-    fprintf(pFile, "\t<%s>%s</%s>\n", szElement, sEscaped.GetText(), szElement);
+    AddElement(writer, element, sEscaped.GetText());
 }
 
-void WriteTags(FILE* pFile, const QMTransaction& transaction)
+void WriteTags(QMTextWriter& writer, const QMTransaction& transaction)
 {
     if (transaction.HasFlag(QM_TRANS_FLAG_VOIDED)) {
-        fputs("\t<tag type=\"voided\"></tag>\n", pFile);
+        writer.Add("\t<tag type=\"voided\"></tag>\n");
     }
     if (transaction.HasFlag(QM_TRANS_FLAG_EXPENSE)) {
-        fputs("\t<tag type=\"expense\"></tag>\n", pFile);
+        writer.Add("\t<tag type=\"expense\"></tag>\n");
     }
     if (transaction.HasFlag(QM_TRANS_FLAG_TAX)) {
-        fputs("\t<tag type=\"tax-deductible\"></tag>\n", pFile);
+        writer.Add("\t<tag type=\"tax-deductible\"></tag>\n");
     }
     if (!transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED)) {
-        const QMDate& date = transaction.dtCleared;
-        fprintf(pFile, "\t<tag type=\"cleared\">%02d/%02d/%d</tag>\n", date.wMonth, date.wDay,
-                date.wYear);
+        writer.Add("\t<tag type=\"cleared\">");
+        writer.AddDate(transaction.dtCleared, '0');
+        writer.Add("</tag>\n");
     }
 }
 
-void WriteRecord(FILE* pFile, const QMTransaction& transaction)
+void WriteNumber(QMTextWriter& writer, const QMTransaction& transaction)
 {
-    fprintf(pFile, "<transaction type=\"%s\">\n", aszTypeNames[transaction.lType]);
+    writer.Add("\t<number>");
+    writer.AddNumber(static_cast<int32_t>(transaction.lNumber));
+    writer.Add("</number>\n");
+}
+
+void WriteRecord(QMTextWriter& writer, const QMTransaction& transaction)
+{
+    writer.Add("<transaction type=\"");
+    writer.Add(aszTypeNames[transaction.lType]);
+    writer.Add("\">\n");
     const bool bCheck = transaction.lType == QM_TRANS_CHECK;
     if (bCheck) {
-        fprintf(pFile, "\t<number>%d</number>\n", static_cast<int>(transaction.lNumber));
+        WriteNumber(writer, transaction);
     }
-    const QMDate& date = transaction.dtDate;
-    fprintf(pFile, "\t<date>%02d/%02d/%d</date>\n", date.wMonth, date.wDay, date.wYear);
+    writer.Add("\t<date>");
+    writer.AddDate(transaction.dtDate, '0');
+    writer.Add("</date>\n");
     // Kept: the description is written from the payee column, which is empty for everything but
     // checks.
-    WriteText(pFile, "description", bCheck ? transaction.szDescription : "");
+    WriteText(writer, "description", bCheck ? transaction.szDescription : "");
     char szAmount[64];
     QMFormatMoney(transaction.GetRoundedAmount(), 0, szAmount, sizeof szAmount);
-    fprintf(pFile, "\t<amount>%s</amount>\n", szAmount);
-    WriteText(pFile, "memo", transaction.szMemo);
-    WriteText(pFile, "category", transaction.szCategory);
-    WriteTags(pFile, transaction);
-    fputs("</transaction>\n", pFile);
+    AddElement(writer, "amount", szAmount);
+    WriteText(writer, "memo", transaction.szMemo);
+    WriteText(writer, "category", transaction.szCategory);
+    WriteTags(writer, transaction);
+    writer.Add("</transaction>\n");
 }
 
 } // namespace
 
 bool QMXmlFormat::Export(const char* szPath, QMTransactionStore& store)
 {
-    const QMStdioFile pFile = QMCreateTextFile(szPath);
-    if (pFile == nullptr) {
-        return false;
-    }
-    WriteTo(pFile.get(), store);
-    return true;
+    return QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { WriteTo(sink, store); });
 }
 
-void QMXmlFormat::WriteTo(FILE* pFile, QMTransactionStore& store)
+bool QMXmlFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store)
 {
-    fputs(szProlog, pFile);
-    store.First();
-    for (;;) {
-        // Kept: the loop ends only after the last transaction was written, and at the end of the
-        // store there is no next one. The caller makes sure that the last one is written.
-        const QMTransaction* pCurrent = store.GetCurrentNode();
-        if (pCurrent != nullptr && pCurrent->IsTypeValid()) {
-            WriteRecord(pFile, *pCurrent);
-            if (store.IsLast()) {
-                break;
-            }
+    QMTextWriter writer(sink);
+    writer.Add(szProlog);
+    QMWriteTransactions(store, [&](const QMTransaction& transaction) {
+        const bool bWritten = transaction.IsTypeValid();
+        if (bWritten) {
+            WriteRecord(writer, transaction);
         }
-        store.Next();
-    }
-    fputs("</quillmark>\n", pFile);
+        return bWritten;
+    });
+    writer.Add("</quillmark>\n");
+    return writer.Finish();
 }

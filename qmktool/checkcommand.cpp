@@ -79,20 +79,21 @@ int RunCheck(const ToolOptions& options)
 {
     const char* szFile = options.aFiles[0];
     QMReadReport report;
-    const auto pAccount = OpenToolAccount(szFile, options, report);
-    if (pAccount == nullptr) {
+    auto pOpened = OpenToolAccount(szFile, options, report);
+    if (pOpened == nullptr) {
         return QM_EXIT_REFUSED;
     }
+    const QMAccount& account = KeepUntilExit(std::move(pOpened));
     Output output;
-    output.Format("format: %s (%d)\n", FormatName(pAccount->lVersion), pAccount->lVersion);
-    output.Format("transactions: %d\n", pAccount->store.GetCount());
+    output.Format("format: %s (%d)\n", FormatName(account.lVersion), account.lVersion);
+    output.Format("transactions: %d\n", account.store.GetCount());
     output.Format("order in the file: %s\n", report.bInOrder ? "by date" : "not by date");
     Findings findings(output);
     findings.Mended(report.lClearedDates, "cleared before the date of the transaction");
     findings.Mended(report.lVoided, "voided but marked as cleared");
     findings.Mended(report.lHeaderTexts, "header texts without an end");
     findings.Mended(report.lTexts, "texts with a zero byte within");
-    CheckEntries(*pAccount, findings);
+    CheckEntries(account, findings);
     findings.Trailing(report.uTrailingBytes);
     if (findings.GetCount() == 0) {
         output.Add("sound\n");

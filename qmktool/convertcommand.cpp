@@ -121,9 +121,10 @@ int RunConvert(const ToolOptions& options)
         WriteError("--format is for account files, and '%s' is none (see qmktool --help)", szOut);
         return QM_EXIT_USAGE;
     }
-    const auto pAccount = ReadSource(szIn, options);
-    if (pAccount == nullptr) {
+    auto pSource = ReadSource(szIn, options);
+    if (pSource == nullptr) {
         return QM_EXIT_REFUSED;
     }
-    return bToAccount ? WriteAccount(*pAccount, options) : WriteExchange(*pAccount, options);
+    QMAccount& account = KeepUntilExit(std::move(pSource));
+    return bToAccount ? WriteAccount(account, options) : WriteExchange(account, options);
 }

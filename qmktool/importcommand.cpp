@@ -11,19 +11,20 @@ int RunImport(const ToolOptions& options)
         return RefuseFile("import", szIn, "only .qif, .csv and .xml files can be imported");
     }
     QMReadReport report;
-    const auto pAccount = OpenToolAccount(szAccount, options, report);
-    if (pAccount == nullptr) {
+    auto pOpened = OpenToolAccount(szAccount, options, report);
+    if (pOpened == nullptr) {
         return QM_EXIT_REFUSED;
     }
+    QMAccount& account = KeepUntilExit(std::move(pOpened));
     // Kept: an account marked read-only takes an import, here and in the program.
-    const int32_t lCount = ImportInto(*pAccount, szIn);
+    const int32_t lCount = ImportInto(account, szIn);
     if (lCount < 0) {
         return QM_EXIT_REFUSED;
     }
     // A save in the program makes the account one of format 2.0 too. With nothing to add, the
     // account is not written.
-    pAccount->SetVersion(QM_VERSION_2_0);
-    if (lCount > 0 && !WriteToolAccount(*pAccount, szAccount, true)) {
+    account.SetVersion(QM_VERSION_2_0);
+    if (lCount > 0 && !WriteToolAccount(account, szAccount, true)) {
         return QM_EXIT_REFUSED;
     }
     Output output;

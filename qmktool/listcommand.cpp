@@ -204,7 +204,7 @@ int RunList(const ToolOptions& options)
     if (pAccount == nullptr) {
         return QM_EXIT_REFUSED;
     }
-    Listing listing(std::move(pAccount), options);
+    Listing& listing = KeepUntilExit(std::make_unique<Listing>(std::move(pAccount), options));
     if (!listing.IsReady()) {
         return RefuseFile("list", options.aFiles[0], "there is not enough memory");
     }

@@ -63,13 +63,8 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
 
 bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace)
 {
-    const QMFileImage image = QMMakeAccountImage(account);
-    if (image.pBytes == nullptr) {
-        RefuseFile("write", szFile, "there is not enough memory");
-        return false;
-    }
-    return ReportWriting(szFile,
-                         VWriteWholeFile(szFile, image.pBytes.get(), image.uSize, bReplace));
+    return WriteToolFile(szFile, bReplace,
+                         [&](QMByteSink& sink) { return QMWriteAccountTo(sink, account); });
 }
 
 const char* FormatName(int32_t lVersion)

@@ -17,5 +17,15 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
 // replaced only with bReplace. Returns false after a line on standard error.
 bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace);
 
+// Leaves what a command has made in memory until the process ends. The system gives it back at
+// once; to delete a million transactions one by one takes as long as to read them.
+template <class T>
+T& KeepUntilExit(std::unique_ptr<T> pKept)
+{
+    static T* pLast;
+    pLast = pKept.release();
+    return *pLast;
+}
+
 // The name of a format version: "1.0", "1.1" or "2.0". An unknown one acts as 1.1 and is named so.
 const char* FormatName(int32_t lVersion);

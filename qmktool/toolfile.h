@@ -2,6 +2,9 @@
 // not written.
 #pragma once
 
+#include <functional>
+
+#include "account/qmbytesink.h"
 #include "base/vfilesystem.h"
 #include "exchange/qmexchange.h"
 
@@ -11,5 +14,7 @@ bool IsAccountName(const char* szFile);
 // The kind of an exchange file by its name. None for .txt too, because there is no such format.
 QMExchangeKind ExchangeKindOf(const char* szFile);
 
-// Returns true for no fault; otherwise false after a line on standard error.
-bool ReportWriting(const char* szFile, VFileFault fault);
+// Makes the file of what write(sink) writes: the whole file or nothing. An existing file is
+// replaced with bReplace only. Returns false after a line on standard error.
+bool WriteToolFile(const char* szFile, bool bReplace,
+                   const std::function<bool(QMByteSink& sink)>& write);

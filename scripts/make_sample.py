@@ -117,8 +117,8 @@ HEADER_FIELDS = (
     HeaderField("width tag", 1068, 4, "signed", "30"),
     HeaderField("font style", 1072, 4, "unsigned", "0"),
     HeaderField("font color", 1076, 4, "unsigned", "0x00000000"),
-    HeaderField("font face", 1080, 128, "text", ""),
-    HeaderField("font size", 1208, 4, "signed", "0"),
+    HeaderField("font face", 1080, 128, "text", "MS Shell Dlg"),
+    HeaderField("font size", 1208, 4, "signed", "8"),
     HeaderField("shaded lines", 1212, 1, "flag", "yes"),
     HeaderField("show cleared", 1213, 1, "flag", "yes"),
     HeaderField("width cleared", 1216, 4, "signed", "30"),
@@ -218,7 +218,7 @@ HEADER_PACKERS: dict[str, Callable[[str, int], bytes]] = {
 
 
 class Header:
-    """The header block in plain form; starts as that of a new account without a font."""
+    """The header block in plain form; starts as that of a new account."""
 
     def __init__(self) -> None:
         self._block = bytearray(HEADER_SIZE)

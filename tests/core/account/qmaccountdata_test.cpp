@@ -240,16 +240,22 @@ TEST(AccountData, NewOneHasTheSystemsFont)
     EXPECT_EQ(data.store.GetSortMode(), QM_SORT_DATE);
 }
 
-TEST(AccountData, SystemFontIsKnownWhereThereAreWindows)
+TEST(AccountData, SystemFontIsThatOfTheProgramWhereThereAreNoWindows)
 {
     const QMSystemFont font = QMQuerySystemFont();
-#ifdef _WIN32
     EXPECT_TRUE(font.bKnown);
+#ifdef _WIN32
     EXPECT_STRNE(font.szFace, "");
     EXPECT_NE(font.nHeight, 0);
 #else
-    EXPECT_FALSE(font.bKnown);
-    EXPECT_EQ(BytesOf(QMAccountData().header), DefaultHeaderBytes());
+    const QMAccountHeader header = QMAccountData().header;
+    EXPECT_STREQ(header.szFontFace, "MS Shell Dlg");
+    EXPECT_EQ(header.lFontSize, 8);
+    EXPECT_EQ(header.lFontStyle, 0U);
+    QMAccountHeader plain = header;
+    memset(plain.szFontFace, 0, sizeof plain.szFontFace);
+    plain.lFontSize = 0;
+    EXPECT_EQ(BytesOf(plain), DefaultHeaderBytes());
 #endif
 }
 

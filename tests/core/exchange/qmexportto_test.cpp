@@ -1,4 +1,4 @@
-// Writing transactions into a file that is open already.
+// Writing transactions into a sink.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -26,6 +26,22 @@ void Fill(QMTransactionStore& store)
     AddTo(store, MakeTransaction(QM_TRANS_DEPOSIT, "3/15/2004", 250.0F));
 }
 
+// Takes so many pieces and refuses the rest.
+struct CountingSink : QMByteSink
+{
+    explicit CountingSink(int n) : nTaken(n) {}
+    bool Write(const char* pBytes, size_t uSize) override
+    {
+        const bool bTaken = nCalls++ < nTaken;
+        sTaken.append(pBytes, bTaken ? uSize : 0);
+        return bTaken;
+    }
+
+    int nTaken;
+    int nCalls = 0;
+    std::string sTaken;
+};
+
 } // namespace
 
 TEST(QMExportTo, WritesWhatExportingToAPathWrites)
@@ -38,9 +54,10 @@ TEST(QMExportTo, WritesWhatExportingToAPathWrites)
         ASSERT_TRUE(QMExportFile(sPath.c_str(), store));
         const std::string sOther = folder.PathOf("other");
         {
-            const QMStdioFile pFile = QMCreateTextFile(sOther.c_str());
+            const QMStdioFile pFile = QMCreateFile(sOther.c_str());
             ASSERT_NE(pFile, nullptr);
-            EXPECT_TRUE(QMExportTo(pFile.get(), entry.kind, store));
+            QMStdioSink sink(pFile.get());
+            EXPECT_TRUE(QMExportTo(sink, entry.kind, store));
         }
         EXPECT_EQ(ReadWholeFile(sOther), ReadWholeFile(sPath)) << entry.szName;
         EXPECT_GT(ReadWholeFile(sPath).size(), 60U) << entry.szName;
@@ -54,32 +71,28 @@ TEST(QMExportTo, GoesOnWhereTheFileIs)
     QMTransactionStore store;
     Fill(store);
     {
-        const QMStdioFile pFile = QMCreateTextFile(sPath.c_str());
+        const QMStdioFile pFile = QMCreateFile(sPath.c_str());
         ASSERT_NE(pFile, nullptr);
         fputs("in front ", pFile.get());
-        EXPECT_TRUE(QMExportTo(pFile.get(), QMExchangeKind::Qif, store));
+        QMStdioSink sink(pFile.get());
+        EXPECT_TRUE(QMExportTo(sink, QMExchangeKind::Qif, store));
     }
     EXPECT_EQ(ReadWholeFile(sPath).rfind("in front !Type:Bank", 0), 0U);
 }
 
 TEST(QMExportTo, RefusesWhatIsNoFormat)
 {
-    const TemporaryFolder folder;
-    const std::string sPath = folder.PathOf("out");
     QMTransactionStore store;
     Fill(store);
     for (const QMExchangeKind kind : {QMExchangeKind::None, QMExchangeKind::Text}) {
-        {
-            const QMStdioFile pFile = QMCreateTextFile(sPath.c_str());
-            ASSERT_NE(pFile, nullptr);
-            EXPECT_FALSE(QMExportTo(pFile.get(), kind, store));
-        }
-        EXPECT_EQ(ReadWholeFile(sPath), "");
+        CountingSink sink(0);
+        EXPECT_FALSE(QMExportTo(sink, kind, store));
+        EXPECT_EQ(sink.nCalls, 0);
     }
 }
 
 // Exporting to a path cannot tell this.
-TEST(QMExportTo, LeavesItToTheFileWhetherItTookEverything)
+TEST(QMExportTo, TellsWhetherTheFileTookEverything)
 {
     const TemporaryFolder folder;
     const std::string sPath = folder.PathOf("out");
@@ -89,8 +102,26 @@ TEST(QMExportTo, LeavesItToTheFileWhetherItTookEverything)
     for (const auto& entry : aKinds) {
         const QMStdioFile pFile = QMOpenForReading(sPath.c_str());
         ASSERT_NE(pFile, nullptr);
-        EXPECT_TRUE(QMExportTo(pFile.get(), entry.kind, store));
-        EXPECT_NE(ferror(pFile.get()), 0) << entry.szName;
+        setvbuf(pFile.get(), nullptr, _IONBF, 0);
+        QMStdioSink sink(pFile.get());
+        EXPECT_FALSE(QMExportTo(sink, entry.kind, store)) << entry.szName;
     }
     EXPECT_EQ(ReadWholeFile(sPath), "for reading only");
+}
+
+TEST(QMExportTo, AsksASinkThatRefusedNoMore)
+{
+    QMTransactionStore store;
+    for (int i = 0; i < 2000; ++i) {
+        Fill(store);
+    }
+    for (const auto& entry : aKinds) {
+        CountingSink all(1000);
+        EXPECT_TRUE(QMExportTo(all, entry.kind, store)) << entry.szName;
+        EXPECT_GT(all.nCalls, 2) << entry.szName;
+        CountingSink one(1);
+        EXPECT_FALSE(QMExportTo(one, entry.kind, store)) << entry.szName;
+        EXPECT_EQ(one.nCalls, 2) << entry.szName;
+        EXPECT_EQ(one.sTaken, all.sTaken.substr(0, one.sTaken.size())) << entry.szName;
+    }
 }
