@@ -1,0 +1,97 @@
+// The calculator against the second statement of its rules, key by key.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <random>
+#include <string>
+
+#include "tests/support/calculatormodel.h"
+#include "tools/qmcalculatorengine.h"
+
+namespace {
+
+constexpr unsigned long long uUsualKeys = 200'000;
+
+// A long run is asked for by QUILLMARK_CALCULATOR_KEYS=NUMBER.
+unsigned long long KeysToPress()
+{
+    const char* szKeys = getenv("QUILLMARK_CALCULATOR_KEYS");
+    const unsigned long long uKeys = szKeys == nullptr ? 0 : strtoull(szKeys, nullptr, 10);
+    return uKeys == 0 ? uUsualKeys : uKeys;
+}
+
+// The sign of what is not a number depends on how the compiler arranges a sum.
+bool IsSame(double a, double b)
+{
+    return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
+}
+
+bool IsSameText(const char* szA, const char* szB)
+{
+    const bool bNotANumber = strstr(szA, "nan") != nullptr && strstr(szB, "nan") != nullptr;
+    return bNotANumber || strcmp(szA, szB) == 0;
+}
+
+bool Agree(const QMCalculatorEngine& engine, const CalculatorState& state)
+{
+    return IsSameText(engine.GetDisplay().GetText(), state.sText.c_str()) &&
+           IsSame(engine.GetAccumulator(), state.dLeft) &&
+           IsSame(engine.GetEntry(), state.dRight) && IsSame(engine.GetMemory(), state.dKept) &&
+           engine.HasMemory() == (state.dKept != 0);
+}
+
+// Mostly digits in some sequences, mostly operators in others.
+char RandomKey(std::mt19937_64& random, unsigned uDigits)
+{
+    constexpr size_t uKeys = sizeof szCalculatorKeys - 1;
+    const size_t uKey = random() % 100 < uDigits ? random() % 10 : random() % uKeys;
+    return szCalculatorKeys[uKey];
+}
+
+// The keys of a sequence up to the first that the two disagree on; empty when they agree on all.
+std::string FirstDisagreement(std::mt19937_64& random, size_t uLength)
+{
+    QMCalculatorEngine engine;
+    CalculatorState state;
+    std::string sKeys;
+    const auto uDigits = static_cast<unsigned>(random() % 100);
+    for (size_t u = 0; u < uLength; ++u) {
+        sKeys += RandomKey(random, uDigits);
+        state = AfterKey(state, sKeys.back());
+        if (!engine.Press(CommandOfKey(sKeys.back())) || !Agree(engine, state)) {
+            return sKeys + "\" shows " + engine.GetDisplay().GetText() + ", not " + state.sText;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+TEST(QMCalculatorEngineRandom, AgreesWithASecondStatementOfItsRules)
+{
+    const unsigned long long uKeys = KeysToPress();
+    std::mt19937_64 random(20040314);
+    for (unsigned long long uPressed = 0; uPressed < uKeys;) {
+        // Some are long enough to leave the range of numbers.
+        const size_t uLength = 1 + random() % (random() % 50 == 0 ? 1000 : 60);
+        ASSERT_EQ(FirstDisagreement(random, uLength), "") << "after " << uPressed << " keys";
+        uPressed += uLength;
+    }
+}
+
+// A statement that could not disagree would be none.
+TEST(QMCalculatorEngineRandom, NoticesARuleThatIsNotKept)
+{
+    QMCalculatorEngine engine;
+    CalculatorState state;
+    for (const char cKey : {'5', 'n', '3'}) {
+        engine.Press(CommandOfKey(cKey));
+        state = AfterKey(state, cKey);
+    }
+    EXPECT_TRUE(Agree(engine, state));
+    state.dRight = -53;
+    EXPECT_FALSE(Agree(engine, state));
+}
