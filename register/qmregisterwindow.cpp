@@ -47,13 +47,30 @@ void QMRegisterWindow::Document::OnTitleChanged()
 QMRegisterWindow::QMRegisterWindow(const QMRegisterOptions& options)
     : m_document(*this),
       m_model(m_document, m_list),
-      m_operations(m_document, m_list, m_model, *this)
+      m_operations(m_document, m_list, m_model, *this),
+      m_options(options)
 {
     m_operations.SetConfirmRemove(options.bConfirmRemove);
     m_operations.SetSortEditLists(options.bSortEditLists);
     m_model.SetIncludeUncleared(options.bIncludeUncleared);
     m_model.SetPeriodFilter(options.bPeriodFilter, false);
     m_list.SetBalanceColors(options.crBalancePositive, options.crBalanceNegative);
+}
+
+void QMRegisterWindow::SetOptions(const QMRegisterOptions& options)
+{
+    const bool bShows = options.crBalancePositive != m_options.crBalancePositive ||
+                        options.crBalanceNegative != m_options.crBalanceNegative ||
+                        options.bIncludeUncleared != m_options.bIncludeUncleared;
+    m_options = options;
+    m_operations.SetConfirmRemove(options.bConfirmRemove);
+    m_operations.SetSortEditLists(options.bSortEditLists);
+    if (bShows) {
+        m_list.SetBalanceColors(options.crBalancePositive, options.crBalanceNegative);
+        m_model.SetIncludeUncleared(options.bIncludeUncleared);
+        // A row's marks are set anew with its texts, so all columns take part.
+        m_model.RefreshRows(0, QM_COLUMN_ALL, true);
+    }
 }
 
 bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullName, bool bIsNew,
@@ -109,12 +126,17 @@ void QMRegisterWindow::ShowFont(COLORREF crText)
     m_list.Send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(crText));
 }
 
+LOGFONTA QMRegisterWindow::GetFont() const
+{
+    LOGFONTA font = {};
+    GetObjectA(m_font.GetHandle(), sizeof font, &font);
+    return font;
+}
+
 void QMRegisterWindow::SetFont(const LOGFONTA& font, COLORREF crText)
 {
     QMAccountHeader* pHeader = m_document.GetHeader(false);
-    LOGFONTA present = {};
-    GetObjectA(m_font.GetHandle(), sizeof present, &present);
-    if (pHeader == nullptr || (IsSameFont(font, present) && crText == pHeader->lFontColor)) {
+    if (pHeader == nullptr || (IsSameFont(font, GetFont()) && crText == pHeader->lFontColor)) {
         return;
     }
     VFont old; // the list uses it until it has the new one

@@ -50,6 +50,14 @@ public:
     const QMAccountHeader& GetHeader() const { return m_document.GetAccount()->header; }
     const VString& GetFileName() const { return m_document.GetFileName(); }
 
+    // Takes over what the user chose, but for the period filter. The rows are brought up to date
+    // and painted where that changes what they show.
+    void SetOptions(const QMRegisterOptions& options);
+
+    // The register's font, and the colour of its text.
+    LOGFONTA GetFont() const;
+    COLORREF GetFontColor() const { return GetHeader().lFontColor; }
+
     // Gives the register another font and text colour, and puts both into the account's header.
     // Does nothing when the register has both already.
     void SetFont(const LOGFONTA& font, COLORREF crText);
@@ -116,5 +124,6 @@ private:
     QMRegisterModel m_model;
     QMRegisterOperations m_operations;
     VFont m_font;
+    QMRegisterOptions m_options;
     bool m_bReady = false; // the list has been made
 };

@@ -50,6 +50,7 @@
 
 // Strings; every other string has the number of the command that it explains.
 #define IDS_APPLICATION 1
+#define IDS_HELPFILE 699
 
 // Commands: File
 #define IDM_FILE_NEW 57600

@@ -120,6 +120,27 @@ void QMSettings::SetCurrentDirectory(const char* szPath)
     }
 }
 
+const char* QMSettings::GetKeyPath()
+{
+    return szSettingsKey;
+}
+
+void QMSettings::SetOptions(DWORD uGeneral, DWORD uPrinting, COLORREF crPositive,
+                            COLORREF crNegative)
+{
+    m_uOptionsGeneral = uGeneral;
+    m_uOptionsPrinting = uPrinting;
+    m_crBalancePositive = crPositive;
+    m_crBalanceNegative = crNegative;
+    VRegKey key;
+    if (key.Open(szSettingsKey)) {
+        key.WriteNumber("Options - General", uGeneral);
+        key.WriteNumber("Options - Printing", uPrinting);
+        key.WriteNumber("Balance Color Pos", crPositive);
+        key.WriteNumber("Balance Color Neg", crNegative);
+    }
+}
+
 void QMSettings::SetFlag(DWORD uFlag, bool bSet)
 {
     m_uFlags = bSet ? m_uFlags | uFlag : m_uFlags & ~uFlag;

@@ -56,6 +56,15 @@ public:
     bool ReloadFlags();
     void WriteFlags() const;
 
+    // Where the values are that the rest of the program keeps for itself, below the current user's
+    // branch.
+    static const char* GetKeyPath();
+
+    DWORD GetGeneralOptions() const { return m_uOptionsGeneral; }
+    DWORD GetPrintingOptions() const { return m_uOptionsPrinting; }
+    // Takes over what the options' sheet ended with, and writes it where the key can be opened.
+    void SetOptions(DWORD uGeneral, DWORD uPrinting, COLORREF crPositive, COLORREF crNegative);
+
     bool HasOption(DWORD uOption) const { return (m_uOptionsGeneral & uOption) != 0; }
     COLORREF GetBalancePositive() const { return m_crBalancePositive; }
     COLORREF GetBalanceNegative() const { return m_crBalanceNegative; }

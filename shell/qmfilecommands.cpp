@@ -4,6 +4,7 @@
 #include "resources/resource.h"
 #include "shell/qmcommand.h"
 #include "shell/qmmainframe.h"
+#include "shell/qmsheetcommands.h"
 #include "toolkit/vmessages.h"
 
 namespace {
@@ -175,6 +176,14 @@ constexpr QMCommand aCommands[] = {
         .needs = QMNeeds::Document,
         .szWhat = "export file",
         .pRun = ExportTransactions,
+    },
+    {
+        // Kept: read-only mode does not stop it, so that the mark itself can be taken off.
+        .uFirst = IDM_FILE_ACCOUNTINFO,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "set account information",
+        .pRun = QMSetAccountInformation,
     },
     {
         .uFirst = IDM_FILE_PASSWORD,

@@ -41,6 +41,9 @@ int QMMainFrame::Run(DWORD uStyle, int nShowCommand, UINT uClientId, UINT uFirst
     if (bFirstStart || m_settings.HasOption(QM_OPTION_SHOW_SPLASH)) {
         ShowSplash();
     }
+    m_sHelpPath = m_settings.GetInstallDirectory();
+    m_sHelpPath.AppendCharacter('\\');
+    m_sHelpPath.Append(ResourceString(IDS_HELPFILE));
     const VString sTitle = ResourceString(IDS_APPLICATION);
     // The window owns the menu: Windows destroys it with the window.
     if (!CreateFrame(m_menu.Release(), sTitle.GetText(), m_settings.GetPosition(), uStyle,
@@ -60,6 +63,7 @@ bool QMMainFrame::OnInitialize()
         !CreateClient(hWindowMenu, m_uClientId, m_uFirstChildId)) {
         return false;
     }
+    SetMainWindow(this);
     MakeToolbar();
     MakePeriodBar();
     Show(GetApplication().GetShowCommand());
@@ -200,6 +204,10 @@ bool QMMainFrame::TakePeriod(UINT uId)
 
 bool QMMainFrame::PreTranslate(MSG& message)
 {
+    // The documents' own keys, such as that which closes one, are not for the calculator.
+    if (m_calculator.IsActive()) {
+        return false;
+    }
     return (m_pPeriodBar != nullptr && m_pPeriodBar->PreTranslate(message)) ||
            VMDIFrameWindow::PreTranslate(message);
 }
@@ -260,6 +268,13 @@ void QMMainFrame::ShowTooltip(NMTTDISPINFOA& info)
 {
     VCopyText(info.szText, GetCommandText(static_cast<UINT>(info.hdr.idFrom)).sTooltip.GetText());
     info.lpszText = info.szText;
+}
+
+void QMMainFrame::ShowHelp(const char* szTopic, UINT uCommand)
+{
+    VString sFile = m_sHelpPath;
+    sFile.Append(szTopic);
+    m_helpViewer.Call(GetHandle(), sFile.GetText(), uCommand, 0);
 }
 
 bool QMMainFrame::OnClose(bool /*bForced*/)

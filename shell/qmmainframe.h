@@ -12,8 +12,10 @@
 #include "shell/qmbars.h"
 #include "shell/qmcommand.h"
 #include "shell/qmfiledialogs.h"
+#include "shell/qmhelpviewer.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vsplashwindow.h"
+#include "tools/qmcalculator.h"
 
 // The separator of the arguments that a second start of the program hands to the first.
 inline constexpr char QM_ARGUMENT_SEPARATOR = ',';
@@ -67,6 +69,14 @@ public:
 
     QMSettings& GetSettings() { return m_settings; }
     QMFileDialogs& GetFileDialogs() { return m_fileDialogs; }
+    QMCalculator& GetCalculator() { return m_calculator; }
+    // Whether a register that was on top when a dialog came up is open still.
+    bool HasDocument(const QMRegisterWindow* pDocument) const;
+    // Gives the settings to every register.
+    void SetRegisterOptions();
+    // Opens the program's help: a topic of the file, or the file itself for an empty text. The
+    // command is the viewer's. Where there is no viewer nothing happens.
+    void ShowHelp(const char* szTopic, UINT uCommand);
     // The active register; null when there is none.
     QMRegisterWindow* GetActiveRegister() const;
     // All registers, in the order in which they were made.
@@ -135,6 +145,9 @@ private:
     std::unique_ptr<QMTBTrans> m_pPeriodBar;
     uint32_t m_uPreviousPeriod = 0; // the period of the Transactions Bar before its last change
     QMFileDialogs m_fileDialogs;
+    QMCalculator m_calculator;
+    QMHelpViewer m_helpViewer;
+    VString m_sHelpPath;
     VSplashWindow* m_pSplash = nullptr; // not valid any more when the user has closed it by a click
     UINT m_uClientId = 0;
     UINT m_uFirstChildId = 0;

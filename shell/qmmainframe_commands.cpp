@@ -41,6 +41,10 @@ void QMMainFrame::TellOf(const char* szFront, const VString& sName, const char* 
 LRESULT QMMainFrame::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl)
 {
     const VWaitCursor wait;
+    if (m_calculator.IsActive()) {
+        m_calculator.Post(WM_COMMAND, MAKEWPARAM(uId, uNotifyCode));
+        return 0;
+    }
     if (Arrange(uId)) {
         return 0;
     }

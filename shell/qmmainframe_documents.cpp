@@ -1,5 +1,7 @@
 // How the frame comes to an open document: by a name, by a command line, or as a new account.
 
+#include <algorithm>
+
 #include "base/vfilesystem.h"
 #include "base/vstringlist.h"
 #include "resources/resource.h"
@@ -65,6 +67,18 @@ QMRegisterOptions QMMainFrame::RegisterOptions() const
             m_settings.HasOption(QM_OPTION_INCLUDE_UNCLEARED),
             m_settings.HasOption(QM_OPTION_SORT_EDIT_LISTS),
             IsBarVisible(IDC_TRANSACTIONSBAR)};
+}
+
+void QMMainFrame::SetRegisterOptions()
+{
+    for (QMRegisterWindow* pDocument : m_apChildren) {
+        pDocument->SetOptions(RegisterOptions());
+    }
+}
+
+bool QMMainFrame::HasDocument(const QMRegisterWindow* pDocument) const
+{
+    return std::find(m_apChildren.begin(), m_apChildren.end(), pDocument) != m_apChildren.end();
 }
 
 bool QMMainFrame::CreateDocument(const char* szName, bool bIsNew)

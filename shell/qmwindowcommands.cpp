@@ -13,6 +13,32 @@ bool ShowAbout(QMCommandContext& context)
     return dialog.DoModal(context.frame.GetHandle(), IDD_ABOUT) == IDOK;
 }
 
+// The viewer's own commands.
+enum
+{
+    HelpTopic = 0,
+    HelpContents = 1,
+    HelpIndex = 2
+};
+
+bool ShowGettingStarted(QMCommandContext& context)
+{
+    context.frame.ShowHelp("::/html\\qm_gettingstarted.htm", HelpTopic);
+    return true;
+}
+
+bool ShowHelpContents(QMCommandContext& context)
+{
+    context.frame.ShowHelp("", HelpContents);
+    return true;
+}
+
+bool ShowHelpIndex(QMCommandContext& context)
+{
+    context.frame.ShowHelp("", HelpIndex);
+    return true;
+}
+
 constexpr QMCommand aCommands[] = {
     {.uFirst = IDM_WINDOW_CASCADE, .offered = QMOffered::WithDocument},
     {
@@ -25,6 +51,9 @@ constexpr QMCommand aCommands[] = {
         .uLast = IDM_WINDOW_PREVIOUS,
         .offered = QMOffered::WithTwoDocuments,
     },
+    {.uFirst = IDM_HELP_GETTINGSTARTED, .pRun = ShowGettingStarted},
+    {.uFirst = IDM_HELP_CONTENTS, .pRun = ShowHelpContents},
+    {.uFirst = IDM_HELP_INDEX, .pRun = ShowHelpIndex},
     {.uFirst = IDM_HELP_ABOUT, .pRun = ShowAbout},
 };
 
