@@ -172,6 +172,31 @@ std::vector<std::string> LayoutFaults(HWND hDialog)
     return faults;
 }
 
+std::string NameOfControl(HWND hControl)
+{
+    const int32_t lKind = VWindow::KindOfWindow(hControl);
+    if (lKind == V_KIND_BUTTON || HasTextBeside(lKind)) {
+        return Text(VWindow::WindowText(hControl));
+    }
+    HWND hBefore = GetWindow(hControl, GW_HWNDPREV);
+    const bool bLabel = hBefore != nullptr && VWindow::KindOfWindow(hBefore) == V_KIND_STATIC;
+    return bLabel ? Text(VWindow::WindowText(hBefore)) : std::string();
+}
+
+std::vector<std::string> NamelessControls(HWND hDialog)
+{
+    std::vector<std::string> nameless;
+    for (HWND hControl : ControlsOf(hDialog)) {
+        const int32_t lKind = VWindow::KindOfWindow(hControl);
+        const std::string sName = NameOfControl(hControl);
+        const bool bSilent = lKind == V_KIND_STATIC || lKind == V_KIND_GROUP_BOX;
+        if (!bSilent && (sName.empty() || sName == "$")) {
+            nameless.push_back(std::to_string(GetDlgCtrlID(hControl)));
+        }
+    }
+    return nameless;
+}
+
 ModalDriver::Action AnswerBox(int nButton, std::string* psSentence, std::string* psCaption)
 {
     return [=](HWND hBox) {

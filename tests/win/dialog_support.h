@@ -30,6 +30,12 @@ std::vector<std::string> TabOrder(HWND hDialog);
 // Controls whose text does not fit, that stick out of the dialog, or that cover another one.
 std::vector<std::string> LayoutFaults(HWND hDialog);
 
+// What a control is called to those who hear a window: its own text, or that of the static text
+// right before it.
+std::string NameOfControl(HWND hControl);
+// Controls that the focus can come to and that have no name.
+std::vector<std::string> NamelessControls(HWND hDialog);
+
 // Answers a message box with a button; its caption and sentence go where the pointers lead.
 ModalDriver::Action AnswerBox(int nButton, std::string* psSentence = nullptr,
                               std::string* psCaption = nullptr);

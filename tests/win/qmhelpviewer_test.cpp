@@ -1,0 +1,114 @@
+// How help reaches the system's viewer: by the class that is registered, by its name, or not at
+// all.
+
+#include "shell/qmhelpviewer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/win/classesroot.h"
+#include "tests/win/standinfiles.h"
+#include "tests/win/standins/viewer.h"
+
+namespace {
+
+constexpr char g_szClass[] = "CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
+
+class QMHelpViewerTest : public testing::Test
+{
+protected:
+    // A library stays loaded as long as the program lives; tests let go of theirs.
+    ~QMHelpViewerTest() override
+    {
+        if (HMODULE hModule = GetModuleHandleA(m_sViewer.c_str())) {
+            FreeLibrary(hModule);
+        }
+    }
+
+    const ViewerCalls* GetCalls() const
+    {
+        HMODULE hModule = GetModuleHandleA(m_sViewer.c_str());
+        return hModule == nullptr ? nullptr
+                                  : reinterpret_cast<const ViewerCalls*>(reinterpret_cast<void*>(
+                                        GetProcAddress(hModule, VIEWER_CALLS)));
+    }
+
+    StandinFolder m_folder{"quillmark viewers"};
+    std::string m_sViewer = m_folder.Copy("standin_viewer.dll", "viewer of help.dll");
+    ScopedClassesRoot m_classes;
+    QMHelpViewer m_viewer;
+};
+
+} // namespace
+
+TEST_F(QMHelpViewerTest, CallsTheRegisteredViewerWithItsArguments)
+{
+    m_classes.Set(g_szClass, m_sViewer);
+    HWND hWindow = GetDesktopWindow();
+    EXPECT_EQ(m_viewer.Call(hWindow, "c:\\q\\quillmark.chm::/html\\a.htm", 2, 7),
+              reinterpret_cast<HWND>(UINT_PTR{VIEWER_ANSWER}));
+    const ViewerCalls* pCalls = GetCalls();
+    ASSERT_NE(pCalls, nullptr);
+    EXPECT_EQ(pCalls->nCount, 1);
+    EXPECT_EQ(pCalls->hWindow, hWindow);
+    EXPECT_STREQ(pCalls->szFile, "c:\\q\\quillmark.chm::/html\\a.htm");
+    EXPECT_EQ(pCalls->uCommand, 2U);
+    EXPECT_EQ(pCalls->uData, 7U);
+}
+
+TEST_F(QMHelpViewerTest, LoadsTheViewerOnce)
+{
+    m_classes.Set(g_szClass, m_sViewer);
+    m_viewer.Call(nullptr, "one", 0, 0);
+    m_classes.Set(g_szClass, "c:\\somewhere\\else.dll");
+    m_viewer.Call(nullptr, "two", 1, 0);
+    const ViewerCalls* pCalls = GetCalls();
+    ASSERT_NE(pCalls, nullptr);
+    EXPECT_EQ(pCalls->nCount, 2);
+    EXPECT_STREQ(pCalls->szFile, "two");
+    EXPECT_EQ(pCalls->uCommand, 1U);
+}
+
+TEST_F(QMHelpViewerTest, GivesNothingWithoutTheEntryPoint)
+{
+    const std::string sOther = m_folder.Copy("standin_noviewer.dll", "no viewer.dll");
+    m_classes.Set(g_szClass, sOther);
+    EXPECT_EQ(m_viewer.Call(nullptr, "x", 0, 0), nullptr);
+    // It is not looked for again, even where one can be had now.
+    m_classes.Set(g_szClass, m_sViewer);
+    EXPECT_EQ(m_viewer.Call(nullptr, "x", 0, 0), nullptr);
+    EXPECT_EQ(GetCalls(), nullptr);
+    HMODULE hOther = GetModuleHandleA(sOther.c_str());
+    ASSERT_NE(hOther, nullptr);
+    FreeLibrary(hOther);
+}
+
+TEST_F(QMHelpViewerTest, TakesNoPathThatIsTooLong)
+{
+    // A longer path is not the viewer's: its name alone is tried next, as without any.
+    m_classes.Set(g_szClass, m_sViewer + std::string(300, ' '));
+    HMODULE hBefore = GetModuleHandleA("hhctrl.ocx");
+    m_viewer.Call(nullptr, "x", 0xFFFF, 0);
+    EXPECT_EQ(GetCalls(), nullptr);
+    HMODULE hByName = GetModuleHandleA("hhctrl.ocx");
+    EXPECT_NE(hByName, nullptr) << "the system's own";
+    if (hByName != hBefore) {
+        FreeLibrary(hByName);
+    }
+}
+
+// The name is looked for in the folder of the process first, so the stand-in is found there before
+// the system's own viewer.
+TEST_F(QMHelpViewerTest, FindsTheViewerByItsNameWhereNoneIsRegistered)
+{
+    m_sViewer = m_folder.Copy("standin_viewer.dll", "hhctrl.ocx");
+    ASSERT_EQ(GetModuleHandleA("hhctrl.ocx"), nullptr) << "loaded before";
+    SetDllDirectoryA(m_folder.Get().c_str());
+    HWND hAnswer = m_viewer.Call(nullptr, "by name", 0, 0);
+    SetDllDirectoryA(nullptr);
+    if (GetCalls() == nullptr) {
+        FreeLibrary(GetModuleHandleA("hhctrl.ocx"));
+        GTEST_SKIP() << "this system takes its own viewer, wherever another lies";
+    }
+    EXPECT_EQ(hAnswer, reinterpret_cast<HWND>(UINT_PTR{VIEWER_ANSWER}));
+    EXPECT_STREQ(GetCalls()->szFile, "by name");
+}
