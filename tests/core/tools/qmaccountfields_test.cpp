@@ -133,7 +133,7 @@ TEST(QMMinimumBalance, IsZeroForAnEmptyText)
 TEST(QMCopyParticulars, CopiesWhatThePagesEditAndNothingElse)
 {
     QMAccountHeader from;
-    memset(&from, 'A', sizeof from);
+    memset(static_cast<void*>(&from), 'A', sizeof from);
     QMAccountHeader into = {};
     QMCopyParticulars(from, into);
     EXPECT_EQ(QMTerminateHeaderTexts(into), 0);
