@@ -197,12 +197,13 @@ void QMRegisterWindow::FollowFocus()
 {
     if (m_model.SetFocusRow(m_list.GetFocusedRow()) && IsOnTop()) {
         GetFrame()->UpdateCommands();
-        UpdateStatusBar(false);
+        UpdateStatusBar();
     }
 }
 
 void QMRegisterWindow::OnListClick(const NMITEMACTIVATE& click)
 {
+    const VCommandScope running(*GetFrame(), this);
     if (IsReadOnly()) {
         Tell(szReadOnly);
     } else if (m_model.HasSelection() &&
@@ -213,6 +214,7 @@ void QMRegisterWindow::OnListClick(const NMITEMACTIVATE& click)
 
 void QMRegisterWindow::OnListDoubleClick()
 {
+    const VCommandScope running(*GetFrame(), this);
     if (IsReadOnly()) {
         Tell(szReadOnly);
     } else if (m_model.HasSelection()) {
@@ -229,7 +231,14 @@ void QMRegisterWindow::FollowWidths()
     }
 }
 
-void QMRegisterWindow::UpdateStatusBar(bool bClear)
+void QMRegisterWindow::UpdateStatusBar()
+{
+    if (IsOnTop()) {
+        ShowPanes(false);
+    }
+}
+
+void QMRegisterWindow::ShowPanes(bool bClear)
 {
     FramePanes panes(*GetFrame());
     m_model.UpdateStatusBar(bClear, QMToday(), panes);
@@ -270,7 +279,7 @@ void QMRegisterWindow::ReloadRows()
     m_model.RebuildRows(true);
     m_model.RefreshRows(0, QM_COLUMN_ALL, false);
     m_model.SelectRow(lFocus);
-    UpdateStatusBar(false);
+    UpdateStatusBar();
 }
 
 bool QMRegisterWindow::SaveAs(const char* szFullName, int32_t lVersion)
@@ -295,15 +304,13 @@ int32_t QMRegisterWindow::MergeMarked(QMTransactionStore& from)
 void QMRegisterWindow::SetPeriodFilter(bool bEnabled)
 {
     m_model.SetPeriodFilter(bEnabled, true);
-    if (IsOnTop()) {
-        UpdateStatusBar(false);
-    }
+    UpdateStatusBar();
 }
 
 void QMRegisterWindow::SetPeriod(uint32_t uSelection, QMDate& dtFrom, QMDate& dtTo, bool bReload)
 {
     m_model.SetPeriod(uSelection, dtFrom, dtTo, bReload);
-    UpdateStatusBar(false);
+    UpdateStatusBar();
 }
 
 bool QMRegisterWindow::AskToSave()
@@ -314,6 +321,11 @@ bool QMRegisterWindow::AskToSave()
     const int nAnswer =
         MessageBox(GetHandle(), sQuestion.GetText(), MB_YESNOCANCEL | MB_ICONQUESTION);
     if (nAnswer == IDYES) {
+        if (!m_document.GetAccount()->IsOpen()) {
+            // It was never saved: the name that it has so far is none that a user would look for.
+            return GetFrame()->SaveNewChild(*this);
+        }
+        // Kept: a save that fails here is not told, and the window closes.
         m_document.Save();
     }
     return nAnswer != IDCANCEL;
@@ -321,14 +333,16 @@ bool QMRegisterWindow::AskToSave()
 
 bool QMRegisterWindow::QueryClose(bool bForced)
 {
-    QMAccount* pAccount = m_document.GetAccount();
-    if (pAccount == nullptr) {
+    if (m_document.GetAccount() == nullptr) {
         return false;
     }
-    if (m_document.IsModified() && !bForced && !AskToSave()) {
-        return false;
+    if (m_document.IsModified() && !bForced) {
+        const VCommandScope running(*GetFrame(), this);
+        if (!AskToSave()) {
+            return false;
+        }
     }
-    pAccount->Close();
+    m_document.GetAccount()->Close();
     m_bReady = false;
     DestroyChild();
     return true;

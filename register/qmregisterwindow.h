@@ -26,8 +26,8 @@ public:
 
     bool QueryClose(bool bForced) override;
     bool OnCreate() override;
-    void OnActivated() override { UpdateStatusBar(false); }
-    void OnDeactivated() override { UpdateStatusBar(true); }
+    void OnActivated() override { ShowPanes(false); }
+    void OnDeactivated() override { ShowPanes(true); }
     LRESULT OnSize(UINT uType, int nWidth, int nHeight) override;
     LRESULT OnNotify(UINT uId, NMHDR* pHeader) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
@@ -84,8 +84,6 @@ public:
     // The sentence of every command that a read-only account refuses.
     static constexpr char szReadOnly[] = "This command cannot be performed in read-only mode.";
 
-    void UpdateStatusBar(bool bClear);
-
 private:
     // The document. Its title is the caption of the window.
     class Document : public QMDocument
@@ -105,11 +103,12 @@ private:
     bool Ask(const char* szQuestion) override;
     void Tell(const char* szText) override;
     bool RunTransactionDialog(QMTransactionDialogArgs& args) override;
-    void UpdateStatusBar() override { UpdateStatusBar(false); }
+    void UpdateStatusBar() override;
 
     // Whether this register is the active one. Only the active register may write to the frame's
     // bars.
     bool IsOnTop() const;
+    void ShowPanes(bool bClear);
     bool AskForPassword(const VWindow& owner);
     bool AskToSave();
     void ReloadRows();

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "resources/resource.h"
+#include "shell/qmcommandline.h"
 #include "shell/qmmainframe.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
@@ -42,19 +43,6 @@ VString InstanceName(const char* szProduct, HINSTANCE hInstance)
     return VString(szName);
 }
 
-// The arguments, each with a comma after it.
-//
-// Kept: a name that has a comma in it is split there.
-VString JoinArguments()
-{
-    VString sText;
-    for (int i = 1; i < __argc; ++i) {
-        sText.Append(__argv[i]);
-        sText.AppendCharacter(QM_ARGUMENT_SEPARATOR);
-    }
-    return sText;
-}
-
 // Waits for the window of the first instance, for as long as it takes: that instance may still be
 // starting.
 HWND FindFirstInstance(const char* szClass)
@@ -74,7 +62,8 @@ int HandOver(const char* szClass)
     HWND hFrame = FindFirstInstance(szClass);
     ShowWindow(hFrame, SW_SHOWNORMAL);
     SetForegroundWindow(hFrame);
-    const VString sText = JoinArguments();
+    // The first instance runs in another folder.
+    const VString sText = QMWithFullNames(QMJoinArguments(__argc, __argv));
     COPYDATASTRUCT data = {};
     data.dwData = static_cast<ULONG_PTR>(__argc);
     data.cbData = sText.GetLength() + 1;
@@ -91,7 +80,7 @@ int RunFirstInstance(HINSTANCE hInstance, int nShowCommand, const char* szClass,
         return 0;
     }
     GetApplication().SetName(szProduct);
-    QMMainFrame frame(JoinArguments().GetText());
+    QMMainFrame frame(QMJoinArguments(__argc, __argv).GetText());
     return frame.Run(uFrameStyle, SW_SHOWNORMAL, IDC_MDICLIENT, IDC_FIRSTCHILD);
 }
 

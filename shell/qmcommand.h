@@ -58,6 +58,9 @@ struct QMCommand
     bool (*pIsChecked)(const QMCommandContext& context) = nullptr;
     bool bTellsFailure = false;
     bool bUpdates = false; // the menu and the toolbar are brought up to date afterwards
+    // It closes the frame. Every other command keeps frame and documents from closing while it
+    // runs.
+    bool bCloses = false;
 
     constexpr bool IsFor(UINT uId) const { return uId == uFirst || (uId > uFirst && uId <= uLast); }
 };

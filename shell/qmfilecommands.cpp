@@ -49,32 +49,12 @@ bool OpenDocuments(QMCommandContext& context)
 
 // ---- Save.
 
-// Returns true when the user cancels the dialog, too.
-bool SaveUnder(QMMainFrame& frame, QMRegisterWindow& document)
-{
-    VFileDialog& dialog = frame.GetFileDialogs().save;
-    if (!dialog.Run(frame.GetHandle(), false, OFN_HIDEREADONLY, document.GetFullName().GetText(),
-                    frame.GetSettings().GetCurrentDirectory().GetText(), szAccountExtension)) {
-        return true;
-    }
-    const VWaitCursor wait;
-    frame.SetCurrentDirectory(dialog.GetDirectory().GetText());
-    const VString& sPath = dialog.GetPath();
-    if (!document.SaveAs(sPath.GetText(), QMVersionOfFilter(dialog.GetFilterIndex()))) {
-        frame.TellOf(szSaveFailed, sPath, szEnd);
-        return false;
-    }
-    frame.AddRecent(sPath.GetText());
-    frame.RebuildRecentMenu();
-    return true;
-}
-
 bool SaveDocument(QMCommandContext& context)
 {
     QMRegisterWindow& document = *context.pDocument;
     const VString sPath = document.GetFullName();
     if (!FileExists(sPath.GetText())) {
-        return SaveUnder(context.frame, document);
+        return context.frame.SaveUnder(document);
     }
     const bool bDone = document.GetDocument().Save();
     if (!bDone) {
@@ -85,12 +65,14 @@ bool SaveDocument(QMCommandContext& context)
 
 bool SaveDocumentAs(QMCommandContext& context)
 {
-    return SaveUnder(context.frame, *context.pDocument);
+    return context.frame.SaveUnder(*context.pDocument);
 }
 
 bool SaveAllDocuments(QMCommandContext& context)
 {
-    for (QMRegisterWindow* pDocument : context.frame.GetDocuments()) {
+    // A copy: while a box tells of a failure another start of the program may open a file.
+    const std::vector<QMRegisterWindow*> documents = context.frame.GetDocuments();
+    for (QMRegisterWindow* pDocument : documents) {
         if (!pDocument->IsReadOnly() && !pDocument->GetDocument().Save()) {
             context.frame.TellOf(szSaveFailed, pDocument->GetFileName(), szEnd);
         }
@@ -200,6 +182,7 @@ constexpr QMCommand aCommands[] = {
     {
         .uFirst = IDM_FILE_EXIT,
         .pRun = [](QMCommandContext& context) { return context.frame.OnClose(true); },
+        .bCloses = true,
     },
 };
 

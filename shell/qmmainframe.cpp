@@ -87,6 +87,8 @@ void QMMainFrame::OpenFirstDocuments()
     }
     Show();
     HideSplash();
+    // A large account takes its time to load: what stands so far is not black until then.
+    RedrawWindow(GetHandle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     if (bArguments) {
         ProcessCommandLine(m_sArguments.GetText());
     } else {
@@ -240,6 +242,10 @@ LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
     if (uMessage == WM_COPYDATA) {
         return TakeArguments(reinterpret_cast<COPYDATASTRUCT*>(lParam));
     }
+    if (uMessage == QM_ORDERS_MESSAGE) {
+        RunOrders();
+        return 0;
+    }
     const bool bPlaced = !m_bRestoring && !IsIconic(hWnd) && !IsZoomed(hWnd);
     if (uMessage == WM_MOVE && bPlaced) {
         NotePlace(false);
@@ -279,10 +285,18 @@ void QMMainFrame::ShowHelp(const char* szTopic, UINT uCommand)
 
 bool QMMainFrame::OnClose(bool /*bForced*/)
 {
+    // Not even the end of the session frees what a command stands on.
+    if (IsBusy() || m_bClosing) {
+        return false;
+    }
     if (IsIconic(GetHandle())) {
         Restore();
     }
-    if (!CloseChildren()) {
+    m_bClosing = true;
+    const bool bClosed = CloseChildren();
+    m_bClosing = false;
+    // An order that came while a document was asking is carried out first.
+    if (!bClosed || !m_orders.empty()) {
         return false;
     }
     WinHelpA(GetHandle(), nullptr, HELP_QUIT, 0);

@@ -17,13 +17,13 @@
 #include "toolkit/vsplashwindow.h"
 #include "tools/qmcalculator.h"
 
-// The separator of the arguments that a second start of the program hands to the first.
-inline constexpr char QM_ARGUMENT_SEPARATOR = ',';
+// A message that the frame posts to itself when a command has ended and import orders wait.
+inline constexpr UINT QM_ORDERS_MESSAGE = WM_APP;
 
 class QMMainFrame : public VMDIFrameWindow
 {
 public:
-    // szArguments holds the arguments of the program, each with a comma after it.
+    // szArguments holds the arguments of the program, as QMJoinArguments makes them.
     explicit QMMainFrame(const char* szArguments);
     ~QMMainFrame() override;
 
@@ -41,6 +41,10 @@ public:
     void ProcessCommandLine(const char* szText);
     // Whether a file is open in a register. bActivate makes that register the active one.
     bool ActivateIfOpen(const char* szPath, bool bActivate);
+
+    // Asks for a name and a format and saves the document there. Returns false when the user
+    // cancels, and when the save failed, after a message about it.
+    bool SaveUnder(QMRegisterWindow& document);
 
     // Both choose the format by the extension of the path. They return false when the format
     // failed. An import that the user cancels returns true.
@@ -107,8 +111,17 @@ public:
     void OnChildDeactivated(VMDIChildWindow& child) override;
     void OnChildDestroyed(VMDIChildWindow& child) override;
     void OnChildGone(VMDIChildWindow& child) override;
+    void OnCommandEnded() override;
+    bool SaveNewChild(VMDIChildWindow& child) override;
 
 private:
+    // An order of a command line to import a file into an account.
+    struct ImportOrder
+    {
+        VString sImported;
+        VString sAccount;
+    };
+
     // ---- The start of the program.
 
     void ShowSplash();
@@ -122,11 +135,14 @@ private:
     LRESULT TakeArguments(const COPYDATASTRUCT* pData);
     void ProcessArgument(const char* szArgument);
     void ImportFromArgument(const char* szOrder);
+    void RunOrder(const ImportOrder& order);
+    void RunOrders();
     void ShowTooltip(NMTTDISPINFOA& info);
 
     // ---- Commands.
 
     void RunCommand(const QMCommand& command, UINT uId);
+    static bool Perform(const QMCommand& command, QMCommandContext& context);
     bool IsEnabled(const QMCommand& command, UINT uId) const;
 
     VString m_sArguments;
@@ -149,6 +165,8 @@ private:
     QMHelpViewer m_helpViewer;
     VString m_sHelpPath;
     VSplashWindow* m_pSplash = nullptr; // not valid any more when the user has closed it by a click
+    std::vector<ImportOrder> m_orders;  // for accounts that a command works on, until it ends
+    bool m_bClosing = false;            // OnClose asks the documents
     UINT m_uClientId = 0;
     UINT m_uFirstChildId = 0;
     bool m_bRestoring = true; // the program, not the user, is moving the frame

@@ -68,12 +68,22 @@ void QMMainFrame::RunCommand(const QMCommand& command, UINT uId)
         Tell(sLack.GetText());
         return;
     }
-    if (!command.pRun(context) && command.bTellsFailure) {
+    if (!Perform(command, context) && command.bTellsFailure) {
         Tell(QMFailedTo(command.szWhat).GetText());
     }
     if (command.bUpdates) {
         UpdateCommands();
     }
+}
+
+bool QMMainFrame::Perform(const QMCommand& command, QMCommandContext& context)
+{
+    if (command.bCloses) {
+        return command.pRun(context);
+    }
+    const bool bOnDocument = command.needs != QMNeeds::Nothing;
+    const VCommandScope running(context.frame, bOnDocument ? context.pDocument : nullptr);
+    return command.pRun(context);
 }
 
 bool QMMainFrame::IsEnabled(const QMCommand& command, UINT uId) const

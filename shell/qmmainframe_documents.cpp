@@ -5,23 +5,20 @@
 #include "base/vfilesystem.h"
 #include "base/vstringlist.h"
 #include "resources/resource.h"
+#include "shell/qmcommandline.h"
 #include "shell/qmmainframe.h"
 #include "toolkit/vmessages.h"
 
 namespace {
 
 constexpr DWORD uChildStyle = 0x50CF0000;
+constexpr char szExtension[] = "qmk";
 
 VString LongName(const VString& sName)
 {
     char szLong[260];
     const DWORD uLength = GetLongPathNameA(sName.GetText(), szLong, sizeof szLong);
     return uLength > 0 && uLength < sizeof szLong ? VString(szLong) : sName;
-}
-
-bool IsOption(const char* szArgument)
-{
-    return *szArgument == '-' || *szArgument == '/';
 }
 
 } // namespace
@@ -38,7 +35,7 @@ bool QMMainFrame::OpenDocument(const char* szName)
         TellOf("Failed to open.\nFile '", sName, "' does not exist.");
         return false;
     }
-    sName = LongName(sName);
+    sName = LongName(QMFullName(sName));
     if (ActivateIfOpen(sName.GetText(), true) || CreateDocument(sName.GetText(), false)) {
         return true;
     }
@@ -105,6 +102,7 @@ bool QMMainFrame::CreateDocument(const char* szName, bool bIsNew)
 
 void QMMainFrame::ProcessCommandLine(const char* szText)
 {
+    const VCommandScope running(*this);
     VStringList arguments(szText, QM_ARGUMENT_SEPARATOR);
     while (const char* szArgument = arguments.Next()) {
         ProcessArgument(szArgument);
@@ -113,7 +111,7 @@ void QMMainFrame::ProcessCommandLine(const char* szText)
 
 void QMMainFrame::ProcessArgument(const char* szArgument)
 {
-    if (!IsOption(szArgument)) {
+    if (!QMIsOption(szArgument)) {
         OpenDocument(szArgument);
     } else if (szArgument[1] == 'I') {
         ImportFromArgument(szArgument + 2);
@@ -126,7 +124,63 @@ void QMMainFrame::ImportFromArgument(const char* szOrder)
     const char* szPart = parts.Next();
     const VString sImported(szPart == nullptr ? "" : szPart);
     szPart = parts.Next();
-    if (OpenDocument(szPart == nullptr ? "" : szPart) && GetActiveRegister() != nullptr) {
-        ImportInto(*GetActiveRegister(), sImported);
+    RunOrder({QMFullName(sImported), szPart == nullptr ? "" : szPart});
+}
+
+// The account opens at once in any case.
+void QMMainFrame::RunOrder(const ImportOrder& order)
+{
+    if (!OpenDocument(order.sAccount.GetText()) || GetActiveRegister() == nullptr) {
+        return;
     }
+    QMRegisterWindow& document = *GetActiveRegister();
+    if (IsBusyWith(document)) {
+        // The command counts on the transactions to stay where they are.
+        m_orders.push_back({order.sImported, document.GetFullName()});
+        return;
+    }
+    ImportInto(document, order.sImported);
+}
+
+void QMMainFrame::OnCommandEnded()
+{
+    if (!m_orders.empty()) {
+        // Not at once: the command's functions are still on their way back.
+        Post(QM_ORDERS_MESSAGE);
+    }
+}
+
+void QMMainFrame::RunOrders()
+{
+    const std::vector<ImportOrder> orders = std::move(m_orders);
+    m_orders.clear();
+    for (const ImportOrder& order : orders) {
+        RunOrder(order);
+    }
+}
+
+// ---- Saving under another name.
+
+bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
+{
+    VFileDialog& dialog = m_fileDialogs.save;
+    if (!dialog.Run(GetHandle(), false, OFN_HIDEREADONLY, document.GetFullName().GetText(),
+                    m_settings.GetCurrentDirectory().GetText(), szExtension)) {
+        return false;
+    }
+    const VWaitCursor wait;
+    SetCurrentDirectory(dialog.GetDirectory().GetText());
+    const VString sPath = dialog.GetPath();
+    if (!document.SaveAs(sPath.GetText(), QMVersionOfFilter(dialog.GetFilterIndex()))) {
+        TellOf("Failed to save file '", sPath, "'.");
+        return false;
+    }
+    AddRecent(sPath.GetText());
+    RebuildRecentMenu();
+    return true;
+}
+
+bool QMMainFrame::SaveNewChild(VMDIChildWindow& child)
+{
+    return SaveUnder(static_cast<QMRegisterWindow&>(child));
 }

@@ -29,6 +29,11 @@ bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const char* szTitle, c
     return true;
 }
 
+bool VMDIChildWindow::OnClose(bool bForced)
+{
+    return (bForced || !m_pFrame->IsBusy()) && QueryClose(bForced);
+}
+
 bool VMDIChildWindow::QueryClose(bool /*bForced*/)
 {
     DestroyChild();

@@ -21,7 +21,8 @@ public:
     virtual void OnActivated() {}
     virtual void OnDeactivated() {}
 
-    bool OnClose(bool bForced) override { return QueryClose(bForced); }
+    // Refused while a command runs, unless bForced.
+    bool OnClose(bool bForced) override;
     void OnDestroy() override;
     void OnFinalDestroy() override;
     void Maximize() override;

@@ -3,6 +3,25 @@
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdichildwindow.h"
 
+VCommandScope::VCommandScope(VMDIFrameWindow& frame, const VMDIChildWindow* pOn)
+    : m_frame(frame),
+      m_pOn(pOn),
+      m_pOuter(frame.m_pRunning),
+      m_bDisabled(!IsWindowEnabled(frame.GetHandle()))
+{
+    frame.m_pRunning = this;
+}
+
+VCommandScope::~VCommandScope()
+{
+    m_frame.m_pRunning = m_pOuter;
+    if (m_bDisabled) {
+        // Wine 8 enables the owner at the end of each modal window, of an inner one too.
+        m_frame.Enable(false);
+    }
+    m_frame.OnCommandEnded();
+}
+
 VMDIFrameWindow::~VMDIFrameWindow()
 {
     if (IsValid() && m_hClient != nullptr) {
@@ -48,6 +67,20 @@ void VMDIFrameWindow::OnChildDeactivated(VMDIChildWindow& /*child*/) {}
 void VMDIFrameWindow::OnChildDestroyed(VMDIChildWindow& /*child*/) {}
 void VMDIFrameWindow::OnChildGone(VMDIChildWindow& /*child*/) {}
 void VMDIFrameWindow::OnPreCreateClient(CREATESTRUCTA& /*create*/) {}
+
+bool VMDIFrameWindow::SaveNewChild(VMDIChildWindow& /*child*/)
+{
+    return false;
+}
+
+bool VMDIFrameWindow::IsBusyWith(const VMDIChildWindow& child) const
+{
+    const VCommandScope* pScope = m_pRunning;
+    while (pScope != nullptr && pScope->m_pOn != &child) {
+        pScope = pScope->m_pOuter;
+    }
+    return pScope != nullptr;
+}
 
 bool VMDIFrameWindow::PreTranslate(MSG& message)
 {

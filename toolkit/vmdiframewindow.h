@@ -4,6 +4,7 @@
 #include "toolkit/vframewindow.h"
 
 class VMDIChildWindow;
+class VMDIFrameWindow;
 
 // Commands that this class can carry out by itself.
 enum class VArrange
@@ -17,6 +18,26 @@ enum class VArrange
     CloseAll
 };
 inline constexpr int V_ARRANGE_COUNT = 7;
+
+// Tells a frame, for as long as the object lives, that a command runs. What the command stands on
+// stays: until then neither the frame nor a document closes by a request from outside.
+class VCommandScope
+{
+public:
+    // pOn is the document that the command works on; null for none.
+    explicit VCommandScope(VMDIFrameWindow& frame, const VMDIChildWindow* pOn = nullptr);
+    VCommandScope(const VCommandScope&) = delete;
+    VCommandScope& operator=(const VCommandScope&) = delete;
+    ~VCommandScope();
+
+private:
+    friend class VMDIFrameWindow;
+
+    VMDIFrameWindow& m_frame;
+    const VMDIChildWindow* m_pOn;
+    VCommandScope* m_pOuter; // a command may run inside another one's dialog
+    bool m_bDisabled;        // such a dialog kept the user from the frame when this one began
+};
 
 class VMDIFrameWindow : public VFrameWindow
 {
@@ -34,6 +55,11 @@ public:
     virtual void OnChildDestroyed(VMDIChildWindow& child);
     virtual void OnChildGone(VMDIChildWindow& child);
     virtual void OnPreCreateClient(CREATESTRUCTA& create);
+    // A command has ended, one inside another command's dialog too.
+    virtual void OnCommandEnded() {}
+    // Asks for a file for a document that has none, and saves it there. False, with the document as
+    // it was, when the user gave it up and when the file could not be written, which is then said.
+    virtual bool SaveNewChild(VMDIChildWindow& child);
 
     bool PreTranslate(MSG& message) override;
 
@@ -45,6 +71,12 @@ public:
     // The active child window; null when there is none.
     VMDIChildWindow* GetActiveChild() const;
     void ActivateChild(VMDIChildWindow& child);
+    // Whether a command runs or a modal window keeps the user from the frame. Nothing may be closed
+    // then: what is on the stack stands on it.
+    bool IsBusy() const { return m_pRunning != nullptr || !IsWindowEnabled(GetHandle()); }
+    // Whether a command works on this document.
+    bool IsBusyWith(const VMDIChildWindow& child) const;
+
     // Asks each child window to close, from the top of the stack down, until one refuses. Returns
     // true when none is left.
     bool CloseChildren();
@@ -62,11 +94,14 @@ public:
     HMENU GetWindowMenu() const { return m_hWindowMenu; }
 
 private:
+    friend class VCommandScope;
+
     void Step(bool bBack);
 
     HWND m_hClient = nullptr;
     HMENU m_hFrameMenu = nullptr;
     HMENU m_hWindowMenu = nullptr;
     HACCEL m_hFrameAccelerators = nullptr;
+    VCommandScope* m_pRunning = nullptr; // the innermost
     UINT m_auArrange[V_ARRANGE_COUNT] = {};
 };

@@ -1,6 +1,8 @@
 // A second start: it hands its arguments to the program that runs, and ends.
 
 #include "tests/e2e/e2e_test.h"
+#include "tests/e2e/reviewwindow.h"
+#include "tests/e2e/work_test.h"
 
 namespace {
 
@@ -172,6 +174,198 @@ TEST_F(HandOverTest, AfterTheEndTheNextStartIsAFirstOne)
     EXPECT_EQ(m_program.Close(), 0U);
     m_program.Open();
     EXPECT_EQ(m_program.Close(), 0U);
+}
+
+// The second start stands in the test's folder, the first one elsewhere.
+class RelativeNameTest : public HandOverTest
+{
+protected:
+    RelativeNameTest()
+    {
+        GetCurrentDirectoryA(sizeof m_szBefore, m_szBefore);
+        Enter();
+    }
+    ~RelativeNameTest() override { Leave(); }
+
+    void Enter() const { SetCurrentDirectoryA(PathOf("").c_str()); }
+    void Leave() const { SetCurrentDirectoryA(m_szBefore); }
+
+    char m_szBefore[MAX_PATH] = "";
+};
+
+TEST_F(RelativeNameTest, IsHandedOverInFull)
+{
+    const std::string sPath = CopySample();
+    Leave();
+    m_program.Open();
+    Enter();
+    EXPECT_EQ(StartAgain({"household.qmk"}), 1U);
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    EXPECT_EQ(m_program.GetDocumentTitles(), Texts{sPath});
+    EXPECT_EQ(ReadSettingText("Recent File List", "File1"), sPath);
+    // Nor is it another file by its full name.
+    EXPECT_EQ(StartAgain({sPath}), 1U);
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    EXPECT_EQ(m_program.GetDocuments().size(), 1U);
+}
+
+TEST_F(RelativeNameTest, IsMadeFullInTheProgramsOwnArgumentsToo)
+{
+    const std::string sPath = CopySample();
+    m_program.Open({R"(.\household.qmk)"});
+    EXPECT_EQ(m_program.GetDocumentTitles(), Texts{sPath});
+    EXPECT_EQ(ReadSettingText("Recent File List", "File1"), sPath);
+}
+
+TEST_F(RelativeNameTest, StaysAsItWasTypedWhereThereIsNoFile)
+{
+    Leave();
+    m_program.Open();
+    Enter();
+    Process second;
+    second.Start(ProgramFolder() + "quillmark.exe", {"none.qmk"});
+    m_program.AnswerBox("Failed to open.\nFile 'none.qmk' does not exist.");
+    EXPECT_EQ(second.AwaitExit(), 1U);
+}
+
+TEST_F(RelativeNameTest, BothNamesOfAnOrderAreMadeFull)
+{
+    const std::string sAccount = MakeAccount("target.qmk", 3);
+    MakeFile("import.qif", "!Type:Bank\nD01/05/2004\nT1.00\n^\n");
+    Leave();
+    m_program.Open();
+    Enter();
+    Process second;
+    second.Start(ProgramFolder() + "quillmark.exe", {"-Iimport.qif|target.qmk"});
+    AwaitReview(m_program).End(IDCANCEL);
+    EXPECT_EQ(second.AwaitExit(), 1U);
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    EXPECT_EQ(m_program.GetDocumentTitles(), Texts{sAccount});
+}
+
+// ---- In the middle of a command.
+
+class HandOverInWorkTest : public WorkTest
+{
+protected:
+    static std::string OrderFor(const std::string& sFile, const std::string& sAccount)
+    {
+        return "-I" + sFile + "|" + sAccount;
+    }
+    // Two transactions that come before all of the accounts of these tests.
+    std::string MakeEarly() const
+    {
+        return MakeFile("early.qif",
+                        "!Type:Bank\nD01/05/1980\nT-12.50\nPEarly one\n^\n"
+                        "D01/06/1980\nT-1.00\nPEarly two\n^\n");
+    }
+};
+
+TEST_F(HandOverInWorkTest, OrderForTheAccountWaitsForTheEndOfEdit)
+{
+    const std::string sPath = MakeAccount("a.qmk", 3);
+    const std::string sFile = MakeEarly();
+    OpenAccount(sPath);
+    Select({1});
+    const DialogWindow dialog = BeginEditing();
+    EXPECT_EQ(StartAgain({OrderFor(sFile, sPath)}), 1U);
+    m_program.Settle();
+    EXPECT_EQ(ActiveList().GetRowCount(), 3);
+    EXPECT_TRUE(FindDialogs(m_program, "Import File").empty());
+    dialog.SetText(IDC_TX_MEMO, "edited");
+    dialog.End(IDOK);
+    AwaitReview(m_program).End(IDC_IMPORT_IMPORT);
+    AwaitMessageBox(m_program.GetId(),
+                    "Successfully imported 2 transactions from file:\n'" + sFile + "'.")
+        .Press(IDOK);
+    AwaitRowCount(5);
+    const Texts expected = {"Early one", "Early two", "transaction 0", "edited", "transaction 2"};
+    std::vector<std::string> lines = SaveCloseAndRead(sPath);
+    ASSERT_EQ(lines.size(), expected.size());
+    for (size_t u = 0; u < expected.size(); ++u) {
+        EXPECT_NE(lines[u].find(expected[u]), std::string::npos) << lines[u];
+    }
+}
+
+TEST_F(HandOverInWorkTest, OrderForAnotherAccountIsCarriedOutAtOnce)
+{
+    const std::string sFirst = MakeAccount("a.qmk", 3);
+    const std::string sSecond = MakeAccount("b.qmk", 2);
+    const std::string sFile = MakeEarly();
+    OpenAccount(sFirst);
+    Select({1});
+    const DialogWindow dialog = BeginEditing();
+    Process second;
+    second.Start(ProgramFolder() + "quillmark.exe", {OrderFor(sFile, sSecond)});
+    AwaitReview(m_program).End(IDC_IMPORT_IMPORT);
+    AwaitMessageBox(m_program.GetId(),
+                    "Successfully imported 2 transactions from file:\n'" + sFile + "'.")
+        .Press(IDOK);
+    EXPECT_EQ(second.AwaitExit(), 1U);
+    EXPECT_EQ(ActiveList().GetRowCount(), 4);
+    EXPECT_FALSE(IsWindowEnabled(m_program.GetFrame()));
+    dialog.End(IDCANCEL);
+    m_program.Settle();
+    EXPECT_EQ(m_program.GetDocuments().size(), 2U);
+}
+
+TEST_F(HandOverInWorkTest, TwoOrdersForAnAccountFollowOneAnother)
+{
+    const std::string sPath = MakeAccount("a.qmk", 3);
+    const std::string sFile = MakeEarly();
+    OpenAccount(sPath);
+    const DialogWindow dialog = BeginAdding();
+    EXPECT_EQ(StartAgain({OrderFor(sFile, sPath), OrderFor(sFile, sPath)}), 1U);
+    dialog.End(IDCANCEL);
+    for (int nRows : {5, 7}) {
+        AwaitReview(m_program).End(IDC_IMPORT_IMPORT);
+        AwaitMessageBox(m_program.GetId(),
+                        "Successfully imported 2 transactions from file:\n'" + sFile + "'.")
+            .Press(IDOK);
+        AwaitRowCount(nRows);
+    }
+}
+
+TEST_F(HandOverInWorkTest, OrderThatCameAtTheClosingOpensTheAccountAgain)
+{
+    const std::string sPath = MakeAccount("a.qmk", 3);
+    const std::string sFile = MakeEarly();
+    OpenAccount(sPath);
+    Select({1});
+    Do(IDM_TRANSACTION_CLEARED);
+    AwaitTitle("a.qmk *");
+    m_program.Post(IDM_FILE_CLOSE);
+    const MessageBoxWindow question =
+        AwaitMessageBox(m_program.GetId(), "Save changes to 'a.qmk'?");
+    EXPECT_EQ(StartAgain({OrderFor(sFile, sPath)}), 1U);
+    question.Press(IDNO);
+    AwaitReview(m_program).End(IDCANCEL);
+    m_program.AwaitActive(sPath);
+    EXPECT_EQ(ActiveList().GetRowCount(), 3);
+}
+
+TEST_F(HandOverInWorkTest, FilesOpenAtOnceAndThePanesAreTheirs)
+{
+    const std::string sFirst = MakeAccount("a.qmk", 3);
+    const std::string sSecond = MakeAccount("b.qmk", 2);
+    OpenAccount(sFirst);
+    const DialogWindow dialog = BeginAdding();
+    EXPECT_EQ(StartAgain({sSecond}), 1U);
+    m_program.AwaitActive(sSecond);
+    Texts before;
+    for (int nPane = 1; nPane <= 4; ++nPane) {
+        before.push_back(m_program.GetPaneText(nPane));
+    }
+    Entry{.sDate = "2004-01-01", .sAmount = "1000", .sDescription = "of a"}.Fill(dialog);
+    dialog.End(IDOK);
+    m_program.Settle();
+    EXPECT_EQ(m_program.GetActiveTitle(), sSecond);
+    for (int nPane = 1; nPane <= 4; ++nPane) {
+        EXPECT_EQ(m_program.GetPaneText(nPane), before[static_cast<size_t>(nPane - 1)]) << nPane;
+    }
+    m_program.Post(IDM_WINDOW_NEXT);
+    m_program.AwaitActive("a.qmk *");
+    EXPECT_EQ(ActiveList().GetRowCount(), 4);
 }
 
 } // namespace

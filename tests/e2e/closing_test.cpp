@@ -1,0 +1,413 @@
+// Requests to close that come while a command runs: what the command stands on stays, the user
+// goes on with it, and no file is touched.
+
+#include <cstring>
+
+#include "tests/e2e/reviewwindow.h"
+#include "tests/e2e/work_test.h"
+
+namespace {
+
+constexpr char szQif[] =
+    "!Type:Bank\n"
+    "D01/05/1980\nT-12.50\nPEarly\n^\n"
+    "D01/20/2024\nT100.00\nPLate\n^\n";
+
+class ClosingTest : public WorkTest
+{
+protected:
+    // An account whose last transaction has no amount, so that it cannot be cleared.
+    std::string OpenThree()
+    {
+        const std::string sPath = MakeAccount("three.qmk", 3, [](QMAccount& account) {
+            auto p = std::make_unique<QMTransaction>();
+            p->dtDate = QMMakeDate(2020, 1, 1);
+            account.store.Add(std::move(p));
+        });
+        m_sBytes = ReadWholeFile(sPath);
+        OpenAccount(sPath);
+        Select({1});
+        m_program.Settle();
+        return sPath;
+    }
+
+    HWND Frame() const { return m_program.GetFrame(); }
+
+    // Asks in every way that Windows, another program or a user has.
+    void AskToClose() const
+    {
+        EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 0);
+        SendTo(Frame(), WM_ENDSESSION, FALSE);
+        PostMessageA(Frame(), WM_CLOSE, 0, 0);
+        SendTo(Frame(), WM_CLOSE);
+        for (HWND hDocument : m_program.GetDocuments()) {
+            SendTo(hDocument, WM_CLOSE);
+            PostMessageA(hDocument, WM_SYSCOMMAND, SC_CLOSE, 0);
+        }
+        m_program.Post(IDM_FILE_CLOSE);
+        m_program.Post(IDM_FILE_CLOSEALL);
+        m_program.Post(IDM_FILE_EXIT);
+        // An end that nobody can refuse.
+        SendTo(Frame(), WM_ENDSESSION, TRUE);
+        m_program.Settle();
+    }
+
+    void ExpectKept(size_t uDocuments) const
+    {
+        EXPECT_TRUE(m_program.IsRunning());
+        EXPECT_TRUE(IsWindow(Frame()));
+        EXPECT_EQ(m_program.GetDocuments().size(), uDocuments);
+    }
+
+    // The frame goes on, and closes when it is asked while nothing runs.
+    void ExpectUsable(const std::string& sPath)
+    {
+        m_program.Settle();
+        EXPECT_TRUE(m_program.GetBoxes().empty());
+        EXPECT_EQ(ActiveList().GetRowCount(), 4);
+        EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 1);
+        EXPECT_EQ(m_program.AwaitExit(), 0U);
+        EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
+    }
+
+    std::string m_sBytes; // of the account's file
+};
+
+// A command that opens a dialog.
+struct Opener
+{
+    const char* szName;
+    UINT uCommand;
+    const char* szCaption;
+};
+
+constexpr Opener aOpeners[] = {
+    {"Add", IDM_TRANSACTION_ADD, "Add Transaction"},
+    {"Edit", IDM_TRANSACTION_EDIT, "Edit Transaction"},
+    {"Open", IDM_FILE_OPEN, "Open"},
+    {"SaveAs", IDM_FILE_SAVEAS, "Save As"},
+    {"Import", IDM_FILE_IMPORT, "Open"},
+    {"Export", IDM_FILE_EXPORT, "Save As"},
+    {"Password", IDM_FILE_PASSWORD, "Set Password"},
+};
+
+class DialogClosingTest : public ClosingTest, public testing::WithParamInterface<Opener>
+{};
+
+TEST_P(DialogClosingTest, KeepsTheFrameWhileItIsOpen)
+{
+    const std::string sPath = OpenThree();
+    m_program.Post(GetParam().uCommand);
+    const DialogWindow dialog = AwaitDialog(m_program, GetParam().szCaption);
+    AskToClose();
+    ExpectKept(1);
+    EXPECT_TRUE(dialog.IsOpen());
+    dialog.End(IDCANCEL);
+    ExpectUsable(sPath);
+}
+
+std::string NameOfOpener(const testing::TestParamInfo<Opener>& test)
+{
+    return test.param.szName;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DialogClosingTest, testing::ValuesIn(aOpeners), NameOfOpener);
+
+// A command that opens a box.
+struct Asker
+{
+    const char* szName;
+    UINT uCommand;
+    int nRow;
+    const char* szText;
+    int nAnswer;
+};
+
+constexpr Asker aAskers[] = {
+    {"Remove", IDM_TRANSACTION_REMOVE, 1, "Are you sure you want to remove this transaction?",
+     IDNO},
+    {"ClearNothing", IDM_TRANSACTION_CLEARED, 3,
+     "Transaction 4:\n\nUnable to set cleared status.\nThis transaction has an amount of $0.00.",
+     IDOK},
+};
+
+class BoxClosingTest : public ClosingTest, public testing::WithParamInterface<Asker>
+{};
+
+TEST_P(BoxClosingTest, KeepsTheFrameWhileItIsOpen)
+{
+    OpenThree();
+    Select({GetParam().nRow});
+    m_program.Post(GetParam().uCommand);
+    const MessageBoxWindow box = AwaitMessageBox(m_program.GetId(), GetParam().szText);
+    AskToClose();
+    ExpectKept(1);
+    box.Press(GetParam().nAnswer);
+    m_program.Settle();
+    ExpectKept(1);
+    EXPECT_EQ(ActiveList().GetRowCount(), 4);
+}
+
+std::string NameOfAsker(const testing::TestParamInfo<Asker>& test)
+{
+    return test.param.szName;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, BoxClosingTest, testing::ValuesIn(aAskers), NameOfAsker);
+
+TEST_F(ClosingTest, AboutKeepsTheFrame)
+{
+    const std::string sPath = OpenThree();
+    m_program.Post(IDM_HELP_ABOUT);
+    HWND hAbout = nullptr;
+    Await("the About box", [&] {
+        for (HWND hWnd : TopWindows(m_program.GetId())) {
+            hAbout = WindowText(hWnd) == "About Quillmark" ? hWnd : hAbout;
+        }
+        return hAbout != nullptr;
+    });
+    AskToClose();
+    ExpectKept(1);
+    const DialogWindow about(m_program.GetProcess(), hAbout);
+    about.End(IDOK);
+    ExpectUsable(sPath);
+}
+
+TEST_F(ClosingTest, EntryOfTheDialogThatStayedIsAdded)
+{
+    OpenThree();
+    const DialogWindow dialog = BeginAdding();
+    AskToClose();
+    Entry{.sDate = "2004-01-01", .sAmount = "1", .sDescription = "kept"}.Fill(dialog);
+    dialog.End(IDOK);
+    AwaitRowCount(5);
+    AwaitTitle("three.qmk *");
+}
+
+TEST_F(ClosingTest, EditOfTheDialogThatStayedIsStored)
+{
+    const std::string sPath = OpenThree();
+    const DialogWindow dialog = BeginEditing();
+    AskToClose();
+    dialog.SetText(IDC_TX_MEMO, "changed");
+    dialog.End(IDOK);
+    AwaitTitle("three.qmk *");
+    EXPECT_NE(SaveCloseAndRead(sPath)[1].find("changed"), std::string::npos);
+}
+
+TEST_F(ClosingTest, DoubleClickRunsACommandToo)
+{
+    const std::string sPath = OpenThree();
+    ActiveList().DoubleClick(1, 1);
+    const DialogWindow dialog = AwaitDialog(m_program, "Edit Transaction");
+    AskToClose();
+    ExpectKept(1);
+    dialog.End(IDCANCEL);
+    ExpectUsable(sPath);
+}
+
+TEST_F(ClosingTest, ImportReviewStaysAndImports)
+{
+    const std::string sPath = OpenThree();
+    const std::string sFile = MakeFile("import.qif", szQif);
+    m_program.Post(IDM_FILE_IMPORT);
+    AwaitFileDialog(m_program, "Open").Enter(sFile);
+    const ReviewWindow review = AwaitReview(m_program);
+    AskToClose();
+    ExpectKept(1);
+    review.End(IDC_IMPORT_IMPORT);
+    const MessageBoxWindow box = AwaitMessageBox(
+        m_program.GetId(), "Successfully imported 2 transactions from file:\n'" + sFile + "'.");
+    AskToClose();
+    ExpectKept(1);
+    box.Press(IDOK);
+    AwaitRowCount(6);
+    CloseAnswering("three.qmk", IDNO);
+    EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
+}
+
+TEST_F(ClosingTest, OrderOfTheCommandLineIsACommand)
+{
+    const std::string sPath = MakeAccount("target.qmk", 3);
+    const std::string sFile = MakeFile("import.qif", szQif);
+    m_program.Start({"-I" + sFile + "|" + sPath});
+    m_program.AwaitFrame();
+    const ReviewWindow review = AwaitReview(m_program);
+    AskToClose();
+    ExpectKept(1);
+    review.End(IDCANCEL);
+    m_program.Settle();
+    EXPECT_EQ(m_program.Close(), 0U);
+}
+
+TEST_F(ClosingTest, PasswordQuestionKeepsTheFrame)
+{
+    const std::string sSecret = MakeAccount(
+        "secret.qmk", 3, [](QMAccount& account) { memcpy(account.header.szPassword, "open", 4); });
+    m_program.Open();
+    Process second;
+    second.Start(ProgramFolder() + "quillmark.exe", {sSecret});
+    const DialogWindow dialog = AwaitDialog(m_program, "Enter Password");
+    AskToClose();
+    ExpectKept(0);
+    dialog.SetText(IDC_PW_CURRENT, "open");
+    dialog.End(IDOK);
+    EXPECT_EQ(second.AwaitExit(), 1U);
+    m_program.AwaitActive(sSecret);
+}
+
+TEST_F(ClosingTest, QuestionWhetherToSaveIsAskedOnce)
+{
+    const std::string sPath = OpenThree();
+    Do(IDM_TRANSACTION_CLEARED);
+    AwaitTitle("three.qmk *");
+    const std::string sQuestion = "Save changes to 'three.qmk'?";
+    PostMessageA(Frame(), WM_CLOSE, 0, 0);
+    const MessageBoxWindow box = AwaitMessageBox(m_program.GetId(), sQuestion);
+    AskToClose();
+    EXPECT_EQ(m_program.GetBoxes().size(), 1U);
+    ExpectKept(1);
+    box.Press(IDCANCEL);
+    m_program.Settle();
+    ExpectKept(1);
+    PostMessageA(Frame(), WM_CLOSE, 0, 0);
+    m_program.AnswerQuestion(sQuestion, {IDYES, IDNO, IDCANCEL}, IDNO);
+    EXPECT_EQ(m_program.AwaitExit(), 0U);
+    EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
+}
+
+TEST_F(ClosingTest, FailureOfSaveAllOutlivesAFileThatOpensMeanwhile)
+{
+    // None of the two can be written: folders have their names.
+    ASSERT_TRUE(CreateDirectoryA(PathOf("Untitled1").c_str(), nullptr));
+    ASSERT_TRUE(CreateDirectoryA(PathOf("Untitled2").c_str(), nullptr));
+    char szBefore[MAX_PATH] = "";
+    GetCurrentDirectoryA(sizeof szBefore, szBefore);
+    SetCurrentDirectoryA(PathOf("").c_str());
+    OpenNew();
+    SetCurrentDirectoryA(szBefore);
+    m_program.NewDocument(2);
+    m_program.Post(IDM_FILE_SAVEALL);
+    const MessageBoxWindow box =
+        AwaitMessageBox(m_program.GetId(), "Failed to save file 'Untitled1'.");
+    std::vector<std::string> paths;
+    for (int i = 0; i < 8; ++i) {
+        paths.push_back(MakeAccount("more" + std::to_string(i) + ".qmk", 1));
+    }
+    EXPECT_EQ(StartAgain(paths), 1U);
+    AskToClose();
+    ExpectKept(10);
+    box.Press(IDOK);
+    m_program.AnswerBox("Failed to save file 'Untitled2'.");
+    m_program.Settle();
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    ExpectKept(10);
+}
+
+// ---- A document that was never saved.
+
+class NewDocumentClosingTest : public ClosingTest
+{
+protected:
+    // A new document with a transaction, in a program that works in the test's folder.
+    void OpenNewChanged()
+    {
+        char szBefore[MAX_PATH] = "";
+        GetCurrentDirectoryA(sizeof szBefore, szBefore);
+        SetCurrentDirectoryA(PathOf("").c_str());
+        OpenNew();
+        SetCurrentDirectoryA(szBefore);
+        Add({.sDate = "2004-01-01", .sAmount = "1", .sDescription = "kept"});
+        AwaitTitle("Untitled1 *");
+    }
+
+    // Asks for the close and says that the changes are to be saved.
+    FileDialogWindow CloseWithYes(HWND hWnd) const
+    {
+        PostMessageA(hWnd, WM_CLOSE, 0, 0);
+        m_program.AnswerQuestion("Save changes to 'Untitled1'?", {IDYES, IDNO, IDCANCEL}, IDYES);
+        return AwaitFileDialog(m_program, "Save As");
+    }
+
+    bool HasFile(const char* szName) const
+    {
+        return GetFileAttributesA(PathOf(szName).c_str()) != INVALID_FILE_ATTRIBUTES;
+    }
+};
+
+TEST_F(NewDocumentClosingTest, AsksForANameAndCancelKeepsTheWindow)
+{
+    OpenNewChanged();
+    CloseWithYes(m_program.GetActiveDocument()).End(IDCANCEL);
+    m_program.Settle();
+    AwaitTitle("Untitled1 *");
+    EXPECT_FALSE(HasFile("Untitled1"));
+    CloseWithYes(m_program.GetActiveDocument()).Enter(PathOf("mine.qmk"));
+    m_program.AwaitDocuments(0);
+    EXPECT_FALSE(HasFile("Untitled1"));
+    EXPECT_EQ(LinesOfFile(PathOf("mine.qmk")).size(), 1U);
+    EXPECT_EQ(ReadSettingText("Recent File List", "File1"), PathOf("mine.qmk"));
+}
+
+TEST_F(NewDocumentClosingTest, CancelKeepsTheFrameTooAndANameClosesIt)
+{
+    OpenNewChanged();
+    const FileDialogWindow dialog = CloseWithYes(Frame());
+    AskToClose();
+    EXPECT_TRUE(dialog.IsOpen());
+    dialog.End(IDCANCEL);
+    m_program.Settle();
+    ExpectKept(1);
+    CloseWithYes(Frame()).Enter(PathOf("mine.qmk"));
+    EXPECT_EQ(m_program.AwaitExit(), 0U);
+    EXPECT_EQ(LinesOfFile(PathOf("mine.qmk")).size(), 1U);
+}
+
+TEST_F(NewDocumentClosingTest, FileOfItsNameThatIsNotItsOwnIsLeftAlone)
+{
+    const std::string sOther = MakeFile("Untitled1", "of somebody else");
+    OpenNewChanged();
+    CloseWithYes(m_program.GetActiveDocument()).Enter(PathOf("mine.qmk"));
+    m_program.AwaitDocuments(0);
+    EXPECT_EQ(ReadWholeFile(sOther), "of somebody else");
+    EXPECT_EQ(LinesOfFile(PathOf("mine.qmk")).size(), 1U);
+}
+
+TEST_F(NewDocumentClosingTest, NameThatCannotBeWrittenKeepsTheWindow)
+{
+    OpenNewChanged();
+    // Held by the test: nobody else can write it.
+    const std::string sHeld = MakeFile("held.qmk", "held");
+    HANDLE hFile = CreateFileA(sHeld.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(hFile, INVALID_HANDLE_VALUE);
+    const FileDialogWindow dialog = CloseWithYes(m_program.GetActiveDocument());
+    dialog.EnterName(sHeld);
+    dialog.Accept();
+    Await("the question whether to replace the file, or the failure", [&] {
+        for (const MessageBoxWindow& box : m_program.GetBoxes()) {
+            if (box.GetText() == "Failed to save file '" + sHeld + "'.") {
+                box.Press(IDOK);
+                return true;
+            }
+            const std::vector<int> buttons = box.GetButtons();
+            if (!buttons.empty() && box.GetHandle() != dialog.GetHandle()) {
+                box.Press(buttons.size() > 1 ? IDYES : buttons[0]);
+            }
+        }
+        return false;
+    });
+    CloseHandle(hFile);
+    m_program.Settle();
+    AwaitTitle("Untitled1 *");
+}
+
+TEST_F(NewDocumentClosingTest, OneThatWasSavedByItsNameIsSavedInPlace)
+{
+    OpenNewChanged();
+    Do(IDM_FILE_SAVEALL);
+    Add({.sDate = "2004-01-02", .sAmount = "2", .sDescription = "second"});
+    CloseAnswering("Untitled1", IDYES);
+    EXPECT_EQ(LinesOfFile(PathOf("Untitled1")).size(), 2U);
+}
+
+} // namespace
