@@ -17,16 +17,16 @@ public:
     std::string GetCaption() const;
     bool IsOpen() const { return IsWindow(m_hDialog) && IsWindowVisible(m_hDialog); }
     void AwaitEnd() const;
-    // As the sign in its corner does; does not wait.
+    // Closes it as the close box in its corner does. Does not wait.
     void Close() const;
 
-    // ---- Controls. One that is not there fails the running test.
+    // ---- Controls. A control that does not exist fails the running test.
 
     bool HasItem(int nId) const;
     HWND GetItem(int nId) const;
     bool IsEnabled(int nId) const;
     bool IsVisible(int nId) const;
-    // Of edit fields and of those of combo boxes too.
+    // The text of an edit field, or of the edit field of a combo box.
     std::string GetText(int nId) const;
     void SetText(int nId, const std::string& sText) const;
     // Presses a button and returns at once: it may open a box.
@@ -35,24 +35,24 @@ public:
     void End(int nId) const;
 
     bool IsChecked(int nId) const;
-    // Presses a box or a radio button unless it has this state already.
+    // Presses a check box or a radio button, unless it is in that state already.
     void Check(int nId, bool bOn = true) const;
 
     std::vector<std::string> GetChoices(int nId) const;
-    // The index of a combo box's chosen line; -1 for none.
+    // The index of the selected line of a combo box; -1 when none is.
     int GetChoice(int nId) const;
-    // Chooses as a user does.
+    // Selects a line as a user does, with the notifications.
     void Choose(int nId, int nChoice) const;
 
-    // The date alone of a date field, as "2004-12-31".
+    // The date of a date field without the time, such as "2004-12-31".
     std::string GetDate(int nId) const;
-    // Sets the date as a user does, so that the dialog hears of it.
+    // Sets the date as a user does, so that the dialog is notified.
     void SetDate(int nId, const std::string& sDate) const;
 
     // ---- Keyboard.
 
     void Focus(int nId) const;
-    // The id of the control with the focus; 0 for none.
+    // The id of the control with the focus; 0 when none has it.
     int GetFocus() const;
     void AwaitFocus(int nId) const;
     // The id of the button that Enter presses.
@@ -68,7 +68,7 @@ private:
     HWND m_hDialog;
 };
 
-// The system's dialogs that open and save files.
+// The dialogs of Windows to open and save files.
 class FileDialogWindow : public DialogWindow
 {
 public:
@@ -81,14 +81,15 @@ public:
     void ChooseType(int nType) const;
     // Presses Open or Save and returns at once: a question may follow.
     void Accept() const { Press(IDOK); }
-    // Enters a path, chooses a type unless it is -1, presses Open or Save, and waits for the end.
+    // Enters a path, selects a file type unless nType is -1, presses Open or Save, and waits until
+    // the dialog is gone.
     void Enter(const std::string& sPath, int nType = -1) const;
 
 private:
     HWND FindNameField() const;
 };
 
-// The dialogs of a program with this caption, message boxes not among them.
+// The dialogs of a program with this caption, without message boxes.
 std::vector<DialogWindow> FindDialogs(const Program& program, const std::string& sCaption);
 // Waits for a dialog by its caption.
 DialogWindow AwaitDialog(const Program& program, const std::string& sCaption);

@@ -1,5 +1,5 @@
-// What every end-to-end test starts from: no settings at all, an empty folder for its accounts, and
-// a program that is gone at its end.
+// What every end-to-end test starts with: no settings at all, and an empty folder for its accounts.
+// At its end the program is gone.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,24 +21,24 @@ class E2ETest : public testing::Test
 protected:
     E2ETest();
 
-    // A path in the test's folder, in its long form.
+    // The long path of a name in the folder of the test.
     std::string PathOf(const std::string& sName) const { return m_sFolder + "\\" + sName; }
 
-    // The household sample under a name in the folder; returns the path.
+    // Copies the household sample into the folder under a name. Returns the path.
     std::string CopySample(const std::string& sName = "household.qmk") const;
-    // An account of that many transactions, the last one with the memo "the last one"; fill changes
-    // it before it is written.
+    // Makes an account with that many transactions. The last one has the memo "the last one". fill
+    // changes the account before it is written.
     std::string MakeAccount(
         const std::string& sName, int nTransactions,
         const std::function<void(QMAccount&)>& fill = [](QMAccount&) {}) const;
-    // A file with these bytes.
+    // Makes a file with these bytes.
     std::string MakeFile(const std::string& sName, const std::string& sBytes) const;
 
-    // The list of the active document.
+    // The list of the active register.
     WindowList ActiveList() const;
-    // Starts the program once more with arguments and returns the exit code of that second one.
+    // Starts the program a second time with arguments. Returns the exit code of that second start.
     DWORD StartAgain(const std::vector<std::string>& arguments) const;
-    // The same with a file, and waits until it is the active document.
+    // Starts the program a second time with a file, and waits until that is the active document.
     void HandOverFile(const std::string& sPath) const;
 
     TemporaryFolder m_folder;
@@ -51,5 +51,5 @@ private:
 // Whether another program holds the file open without sharing it.
 bool IsLocked(const std::string& sPath);
 
-// True under Wine, which lacks a few things that tests would look at.
+// Whether the tests run under Wine. Wine 8 lacks a few things that tests would look at.
 bool IsWine();

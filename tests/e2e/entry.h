@@ -14,28 +14,28 @@ struct Entry
     int32_t lType = QM_TRANS_CHECK;
     std::string sDate = {};
     std::string sAmount = {};
-    // For checks alone; an empty number leaves the one offered.
+    // Only for checks. An empty number keeps the number that the dialog offers.
     std::string sNumber = {};
     std::string sDescription = {};
     std::string sMemo = {};
     std::string sCategory = {};
-    // Of QM_TRANS_FLAG_, without the one for what is not cleared.
+    // A QM_TRANS_FLAG_ bit other than QM_TRANS_FLAG_NOT_CLEARED; 0 for none.
     uint32_t uTag = 0;
-    // Empty for a transaction that is not cleared.
+    // The date cleared; empty for a transaction that is not cleared.
     std::string sCleared = {};
 
-    // Sets what the dialog's fields hold, whatever they held before.
+    // Sets all fields of the dialog, whatever they held before.
     void Fill(const DialogWindow& dialog) const;
-    // The same with the keyboard alone but for the dates.
+    // The same by the keyboard, except for the dates.
     void Type(const DialogWindow& dialog, const Keyboard& keyboard) const;
-    // What comes of it; the number is that for a transaction that takes the one offered.
+    // The transaction that results. uOffered is the number that the dialog offers.
     QMTransaction AsTransaction(uint32_t uOffered) const;
 };
 
-// The button of a type.
+// The radio button of a type.
 int RadioOfType(int32_t lType);
 
-// All of a transaction in a line, the dates by their days.
+// Everything about a transaction in a line; of dates the day alone.
 std::string LineOf(const QMTransactionFields& fields);
-// The lines of an account's file, which nobody may have open.
+// The lines of all transactions in an account file. Nobody may have the file open.
 std::vector<std::string> LinesOfFile(const std::string& sPath);

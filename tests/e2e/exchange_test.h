@@ -1,4 +1,4 @@
-// What the tests of import and export start from.
+// What the tests of import and export start with.
 #pragma once
 
 #include "tests/e2e/e2e_test.h"
@@ -10,7 +10,7 @@ class ExchangeTest : public E2ETest
 protected:
     using Texts = std::vector<std::string>;
 
-    // The argument by which the program imports a file into an account.
+    // The argument that makes the program import a file into an account.
     static std::string Order(const std::string& sFile, const std::string& sAccount)
     {
         return "-I" + sFile + "|" + sAccount;
@@ -20,12 +20,12 @@ protected:
         return "Failed to import transactions from file\n'" + sFile + "'.";
     }
 
-    // Answers the box that tells the result of an import or export.
+    // Presses OK in the box that tells the result of an import or export.
     void AnswerResult(const std::string& sCaption, const std::string& sText) const;
     void AnswerImported(int nCount, const std::string& sFile) const;
     void AnswerExported(int nCount, const std::string& sFile) const;
 
-    // Imports a whole file into the active account, by the menu.
+    // Imports all of a file into the active account, by the menu.
     void ImportAll(const std::string& sFile, int nCount) const;
     // Chooses File/Import or File/Export and the file.
     void ImportByMenu(const std::string& sFile) const;
@@ -35,11 +35,12 @@ protected:
     // Saves the active account in place.
     void Save() const;
 
-    // The transactions of an account file that nobody has open.
+    // The transactions of an account file. Nobody may have it open.
     static std::vector<QMTransaction> Load(const std::string& sPath);
 
-    // What an account holds once a file was imported into it, tick(row) and cleared(row) choosing
-    // among the file's rows as the review does: computed without the program, from a copy.
+    // What an account holds after a file was imported into it. tick(row) and cleared(row) choose
+    // among the rows as the user does in the review. It is computed without the program, from a
+    // copy.
     std::string Merged(
         const std::string& sAccount, const std::string& sFile, const std::function<bool(int)>& tick,
         const std::function<bool(int)>& toggleCleared = [](int) { return false; }) const;

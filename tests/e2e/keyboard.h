@@ -1,4 +1,4 @@
-// The keyboard of the machine: what is typed goes to the window in front, as its user's keys do.
+// The keyboard of the machine. What is typed goes to the foreground window, as a user's keys do.
 #pragma once
 
 #include <windows.h>
@@ -14,17 +14,17 @@ class Keyboard
 public:
     explicit Keyboard(const Program& program) : m_program(program) {}
 
-    // Presses a key (VK_, or a capital letter) while others are held; does not wait. The program
-    // has to be in front.
+    // Presses a key (VK_, or a capital letter) while others are held down. Does not wait. The
+    // program must be in the foreground.
     void Press(WORD uKey, const std::vector<WORD>& held = {}) const;
-    // Characters; a line of them at the most.
+    // Types characters: at most one line of them.
     void Type(const std::string& sText) const;
 
     // Presses Tab until the control of that id has the focus.
     void TabTo(const DialogWindow& dialog, int nId) const;
-    // The same, and types a text in the place of what stands there.
+    // Presses Tab until the control has the focus, and replaces its text.
     void Fill(const DialogWindow& dialog, int nId, const std::string& sText) const;
-    // The same for a box, with the space bar.
+    // Presses Tab until the check box has the focus, and sets its state by the space bar.
     void Check(const DialogWindow& dialog, int nId, bool bOn) const;
 
 private:

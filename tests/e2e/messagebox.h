@@ -13,9 +13,9 @@ public:
 
     HWND GetHandle() const { return m_hWnd; }
     std::string GetCaption() const;
-    // The sentence, with the line feeds it was given with.
+    // The sentence, with its line feeds.
     std::string GetText() const;
-    // The ids of the buttons, those of the system's: IDOK for the button of a box with one alone.
+    // The ids of the buttons. A box with a single button has IDOK.
     std::vector<int> GetButtons() const;
     // Presses a button and waits until the box is gone.
     void Press(int nButton) const;

@@ -1,4 +1,4 @@
-// Another program, started by the test and ended with the object at the latest.
+// Another program, which the test starts. It is ended at the end of the object at the latest.
 #pragma once
 
 #include <windows.h>
@@ -12,15 +12,15 @@ public:
     Process() = default;
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
-    // Kills it if it still runs.
+    // Kills the program if it is still running.
     ~Process();
 
-    // Starts a program with arguments, none of which may hold a quotation mark. The running test
-    // fails when that fails.
+    // Starts a program with arguments, which must hold no quotation marks. The running test fails
+    // when the program cannot be started.
     void Start(const std::string& sPath, const std::vector<std::string>& arguments);
 
     bool IsRunning() const;
-    // Waits for the end by itself; the running test fails when it does not come.
+    // Waits until the program ends by itself. The running test fails when it does not.
     DWORD AwaitExit();
     void Kill();
 

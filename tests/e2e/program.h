@@ -1,4 +1,4 @@
-// quillmark.exe as a user has it on the screen: its frame, documents, menu, bars and boxes.
+// quillmark.exe as a user sees it: its frame, documents, menu, bars and boxes.
 #pragma once
 
 #include <windows.h>
@@ -16,17 +16,17 @@ enum class MenuItem
     Missing,
     Grayed,
     Enabled,
-    Checked, // and enabled
+    Checked, // with a check mark, and enabled
 };
 
 class Program
 {
 public:
-    // Starts it and waits until it is idle with its frame on the screen.
+    // Starts the program and waits until its frame is on the screen and it is idle.
     void Open(const std::vector<std::string>& arguments = {});
-    // Only starts it.
+    // Starts the program without waiting.
     void Start(const std::vector<std::string>& arguments);
-    // Waits for the frame, and until the program waits for its user.
+    // Waits for the frame, and until the program is idle.
     void AwaitFrame();
 
     bool IsRunning() const { return m_process.IsRunning(); }
@@ -36,24 +36,24 @@ public:
     DWORD GetId() const { return m_process.GetId(); }
     HANDLE GetProcess() const { return m_process.GetHandle(); }
 
-    // ---- The frame and its parts; null for what is not there.
+    // ---- The frame and its parts; null for a part that does not exist.
 
     HWND GetFrame() const { return m_hFrame; }
     HWND GetClient() const;
     HWND GetRebar() const;
     HWND GetToolbar() const;
     HWND GetStatusBar() const;
-    // The frame's title without that of a maximized document.
+    // The title of the frame without that of a maximized document.
     std::string GetTitle() const;
 
     // ---- Commands and menus.
 
-    // As a menu, a key or a button sends it; does not wait.
+    // Posts a command as a menu, a key or a button does. Does not wait.
     void Post(UINT uCommand) const;
-    // Waits until everything posted so far has been carried out, or waits in a box.
+    // Waits until every command posted so far is done, or waits for an answer in a box.
     void Settle() const;
     MenuItem GetMenuItem(UINT uCommand) const;
-    // The label with its key, as "&New\tCtrl+N"; empty for a missing item.
+    // The label with its key, such as "&New\tCtrl+N"; empty for an item that does not exist.
     std::string GetMenuText(UINT uCommand) const;
     // The same for any menu of the program.
     std::string GetMenuText(HMENU hMenu, UINT uCommand) const;
@@ -61,17 +61,18 @@ public:
 
     // ---- Documents.
 
-    // From the front to the back.
+    // The documents from the foremost to the last.
     std::vector<HWND> GetDocuments() const;
-    // Their titles, in that order.
+    // Their titles in the same order.
     std::vector<std::string> GetDocumentTitles() const;
     HWND GetActiveDocument() const;
-    // Empty without one.
+    // The title of the active document; empty when there is none.
     std::string GetActiveTitle() const;
     void AwaitDocuments(size_t uCount) const;
-    // Waits until the active document has this title; empty stands for no document.
+    // Waits until the active document has this title. An empty title means no document.
     void AwaitActive(const std::string& sTitle) const;
-    // Makes a new document and waits until it is active. nNumber is the one it must get.
+    // Makes a new document and waits until it is active. nNumber is the number that its title must
+    // have.
     void NewDocument(int nNumber) const;
     // The list of a document's register.
     static HWND GetList(HWND hDocument);
@@ -79,13 +80,12 @@ public:
     // ---- Status bar.
 
     std::string GetPaneText(int nPane) const;
-    // Whether the bar shows the free pane alone.
+    // Whether the status bar shows only its first pane.
     bool IsStatusSimple() const;
 
     // ---- Boxes.
 
-    // Waits for a box with this text, checks that it is one of the program's usual ones, and
-    // presses its button.
+    // Waits for a box with this text, checks its caption and its button, and presses the button.
     void AnswerBox(const std::string& sText) const;
     // The same for a question with these buttons, in any order.
     void AnswerQuestion(const std::string& sText, const std::vector<int>& buttons,
@@ -99,5 +99,5 @@ private:
     HWND m_hFrame = nullptr;
 };
 
-// The frame of any running instance; null for none.
+// The frame of any instance that is running; null when there is none.
 HWND FindRunningInstance();

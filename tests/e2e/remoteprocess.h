@@ -1,4 +1,5 @@
-// Memory and functions of another program, which is of the same bitness as this one.
+// Memory and functions of another program, which must be a 32-bit or a 64-bit program as this one
+// is.
 #pragma once
 
 #include <windows.h>
@@ -6,7 +7,7 @@
 #include <cstddef>
 #include <type_traits>
 
-// A block of the other program's memory. Whatever fails fails the running test.
+// A block of memory in the other program. A failure fails the running test.
 class RemoteMemory
 {
 public:
@@ -18,7 +19,7 @@ public:
     void Write(size_t uOffset, const void* pBytes, size_t uSize);
     void Read(size_t uOffset, void* pBytes, size_t uSize) const;
 
-    // The place in the other program, as messages give it.
+    // The address in the other program, for the parameters of messages.
     template <class T = char>
     T* At(size_t uOffset) const
     {
@@ -31,15 +32,15 @@ private:
     void* m_pMemory;
 };
 
-// Reads an object at an address of the other program; false when nothing is there.
+// Reads bytes at an address of the other program. Returns false when there is no memory.
 bool ReadRemote(HANDLE hProcess, const void* pAddress, void* pBytes, size_t uSize);
 
-// Makes the thread that carries out the calls below in the other program; done by the first of them
-// otherwise. Best while the program is idle: some systems make a thread for another program by
-// interrupting one that it has, whatever that is doing, and then both may stand still.
+// Makes the thread that carries out the calls below in the other program. The first call does it
+// otherwise. Call it while the program is idle: Wine 8 makes a thread for another program by
+// interrupting one of its threads, whatever that is doing, and both may then stand still.
 void PrepareCalls(HANDLE hProcess);
 
-// Calls a function of a system library, which lies at the same address in every program, in a
-// thread of the other program. At most four arguments.
+// Calls a function of a DLL of Windows in a thread of the other program. Such a DLL has the same
+// address in every program. At most four arguments.
 UINT_PTR CallRemote(HANDLE hProcess, FARPROC pFunction, UINT_PTR uFirst, UINT_PTR uSecond = 0,
                     UINT_PTR uThird = 0, UINT_PTR uFourth = 0);

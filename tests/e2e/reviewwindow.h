@@ -1,4 +1,4 @@
-// The review of the transactions that an import has read.
+// The import review of the program.
 #pragma once
 
 #include "tests/e2e/dialogwindow.h"
@@ -14,9 +14,9 @@ public:
     // The rows that are ticked.
     std::vector<int> GetTicked() const;
     void Tick(int nRow, bool bOn) const;
-    // Presses and releases the mouse in a row, that many pixels from the list's left edge.
+    // Clicks in a row, nPixels from the left edge of the list.
     void Click(int nRow, int nPixels) const;
-    // 0, 1, or 2 for the third state.
+    // The state of a check box: 0, 1, or 2 for the third state.
     int GetBoxState(int nId) const;
     // Presses one of the two boxes and waits for a state.
     void PressBox(int nId, int nState) const;

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-// Puts the user's own settings aside for the object's life. Those that a killed test run put aside
-// come back too.
+// Puts the user's own settings aside while the object lives. It also brings back those that a
+// killed test run had put aside.
 class SettingsGuard
 {
 public:
@@ -18,7 +18,7 @@ public:
     ~SettingsGuard();
 };
 
-// Removes all settings, as before a very first start.
+// Removes all settings. The next start is then a very first start.
 void ClearSettings();
 bool HasSettings();
 
@@ -33,7 +33,7 @@ DWORD ReadSettingNumber(const char* szKey, const char* szName);
 
 void WriteSettingText(const char* szKey, const char* szName, const std::string& sText);
 void WriteSettingNumber(const char* szKey, const char* szName, DWORD uNumber);
-// Any type and bytes at all.
+// Writes a value of any type and with any bytes.
 void WriteSettingBytes(const char* szKey, const char* szName, DWORD uType,
                        const std::string& sBytes);
 void RemoveSetting(const char* szKey, const char* szName);

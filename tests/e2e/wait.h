@@ -1,4 +1,4 @@
-// Waiting for another program: by asking again and again, with an end.
+// Waits for another program by asking again and again, up to a limit.
 #pragma once
 
 #include <windows.h>
@@ -6,13 +6,13 @@
 #include <functional>
 #include <string>
 
-// Milliseconds. A machine under load takes its time.
+// In milliseconds. A machine under load is slow.
 inline constexpr DWORD uStateLimit = 30000;
 
-// Returns once bReached() is true; asked every few milliseconds. Fails as below when the limit is
-// over, naming what was awaited.
+// Asks reached() every few milliseconds and returns when it is true. Calls FailTest when the limit
+// is over; sWhat says what was awaited.
 void Await(const std::string& sWhat, const std::function<bool()>& reached,
            DWORD uLimit = uStateLimit);
 
-// Notes a failure of the running test and leaves it.
+// Fails the running test and leaves it.
 [[noreturn]] void FailTest(const std::string& sWhat);

@@ -1,4 +1,4 @@
-// A list control in report form of another program, read through memory of that program.
+// A list in report form of another program, read through memory in that program.
 #pragma once
 
 #include <windows.h>
@@ -24,7 +24,7 @@ public:
     int GetColumnWidth(int nColumn) const;
     void SetColumnWidth(int nColumn, int nWidth) const;
 
-    // The texts of rows, each of all columns.
+    // The texts of rows, with all columns.
     std::vector<Row> ReadRows(int nFirst, int nCount) const;
     std::string ReadCell(int nRow, int nColumn) const;
     // The data of rows.
@@ -36,19 +36,20 @@ public:
     bool IsRowVisible(int nRow) const;
     // Selects and focuses this row alone, as a click does.
     void SelectRow(int nRow) const;
-    // Gives rows (-1 for all) this state in the bits of the mask.
+    // Sets the state bits of uMask in a row, or in all rows for -1.
     void SetState(int nRow, UINT uState, UINT uMask) const;
 
-    // Clicks in the middle of a cell, with what MK_ flags tell held down; returns at once.
+    // Clicks in the middle of a cell. uHeld holds the MK_ bits of what is held down. Returns at
+    // once.
     void Click(int nRow, int nColumn, WPARAM uHeld = 0) const;
     void DoubleClick(int nRow, int nColumn) const;
-    // In the first column below the last row.
+    // Double-clicks in the first column below the last row.
     void DoubleClickBelow() const;
 
     // The headings, and their formats (HDF_).
     std::vector<std::string> GetHeadings() const;
     std::vector<int> GetHeadingFormats() const;
-    // Sets a width as a drag in the header does at its end.
+    // Sets the width of a column as the end of a drag in the header does.
     void SetHeadingWidth(int nColumn, int nWidth) const;
 
 private:

@@ -21,38 +21,39 @@ protected:
     // Opens the dialog by its command.
     DialogWindow BeginAdding() const;
     DialogWindow BeginEditing() const;
-    // Adds by the dialog, and leaves it.
+    // Adds a transaction by the dialog and closes it.
     void Add(const Entry& entry) const;
 
-    // Posts a command and waits until it is carried out. It must open nothing.
+    // Posts a command and waits until it is done. The command must open no window.
     void Do(UINT uCommand) const;
-    // Posts a command that must ask or say something, answers it, and waits for the end.
+    // Posts a command that must open a box with that text, answers the box, and waits until the
+    // command is done.
     void DoAnswering(UINT uCommand, const std::string& sText) const;
     void DoAnswering(UINT uCommand, const std::string& sQuestion, const std::vector<int>& buttons,
                      int nAnswer) const;
 
-    // The active document's title, by which its changes show.
+    // Waits for the title of the active document, which shows whether it has changes.
     void AwaitTitle(const std::string& sTitle) const;
     bool IsMarked() const;
     void AwaitPane(int nPane, const std::string& sText) const;
     void AwaitRowCount(int nRows) const;
-    // A column's texts by its heading, without the blanks that align numbers and dates.
+    // The texts of a column, without the blanks that align numbers and dates.
     std::vector<std::string> Column(const std::string& sHeading) const;
     // Selects these rows and no others.
     void Select(const std::vector<int>& rows) const;
 
-    // Saves by the dialog under a name, of a type by its line (-1 for the one that it comes up
-    // with), and waits until the document has that name.
+    // Saves under a name by the dialog, and waits until the document has that name. nType is the
+    // line of the file type; -1 keeps the one that the dialog proposes.
     void SaveAs(const std::string& sPath, int nType = -1) const;
     // Chooses a file in the dialog and waits for the dialog's end.
     void ChooseToOpen(const std::string& sPath) const;
-    // Closes the active document and answers its question; none for an answer of 0.
+    // Closes the active document and answers its question; an nAnswer of 0 expects no question.
     void CloseAnswering(const std::string& sName, int nAnswer) const;
     // Saves the active document, closes it, and returns the transactions in its file.
     std::vector<std::string> SaveCloseAndRead(const std::string& sPath) const;
 };
 
-// The pictures that a row's marks stand for are told by its data.
+// The marks of a row are told from the data of its item.
 inline constexpr uint32_t uRowTax = 4;
 inline constexpr uint32_t uRowExpense = 8;
 inline constexpr uint32_t uRowVoided = 16;

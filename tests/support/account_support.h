@@ -10,12 +10,12 @@
 
 #include "account/qmaccountreader.h"
 
-// The scrambling of account files once more, byte for byte as the format describes it.
+// The scrambling of account files, written a second time from the description of the format.
 std::string Scrambled(std::string sBytes);
 std::string Unscrambled(std::string sBytes);
 
-// A number's or a record's bytes as they stand in memory, and back; fewer bytes leave the rest of
-// the record at its defaults.
+// The bytes of a number or a record, and back. With too few bytes the rest of the record keeps its
+// defaults.
 template <class T>
 std::string BytesOf(const T& object)
 {
@@ -33,7 +33,7 @@ T FromBytes(const std::string& sBytes)
 uint32_t NumberAt(const std::string& sBytes, size_t uOffset);
 void PutNumber(std::string& sBytes, size_t uOffset, uint32_t uNumber);
 
-// Places in an account file whose header has its full size.
+// Offsets in an account file whose header has its full size.
 inline constexpr size_t uVersionOffset = 4;
 inline constexpr size_t uCountOffset = 8;
 inline constexpr size_t uHeaderSizeOffset = 12;
@@ -41,7 +41,7 @@ inline constexpr size_t uHeaderOffset = 16;
 inline constexpr size_t uBlockSizeOffset = 1280;
 inline constexpr size_t uEntriesOffset = 1284;
 
-// One transaction of an account file, nothing scrambled.
+// A transaction of an account file, not scrambled.
 struct EntryParts
 {
     std::string sBlock;
@@ -50,8 +50,7 @@ struct EntryParts
     std::string sCategory;
 };
 
-// An account file, nothing scrambled. The sizes in the file are those of sHeader and of the first
-// block.
+// An account file, not scrambled. The sizes in it are those of sHeader and of the first block.
 struct AccountParts
 {
     uint32_t uVersion = 8192;
@@ -59,7 +58,7 @@ struct AccountParts
     std::vector<EntryParts> entries;
 };
 
-// The header of a new account without a font, by the format's table of offsets and defaults.
+// The header of a new account without a font, by the tables of the format's description.
 std::string DefaultHeaderBytes();
 
 EntryParts EntryOf(const QMTransactionFields& fields);
@@ -67,19 +66,19 @@ EntryParts EntryOf(const QMTransactionFields& fields);
 // The bytes of the file.
 std::string JoinAccount(const AccountParts& parts);
 
-// A file of two transactions, all three texts of the first filled.
+// A file with two transactions. The first one has all three texts.
 std::string SmallAccount(uint32_t uVersion);
 
-// Reads the bytes from a place in memory with nothing behind them.
+// Reads an account from a place in memory that has nothing after it.
 bool ReadBytes(QMAccount& account, const std::string& sBytes, QMReadReport* pReport = nullptr);
 
-// The account's file, as it would be written.
+// The bytes that writing the account gives.
 std::string ImageOf(const QMAccount& account);
 
-// All bytes of an open file, which others may be unable to read.
+// All bytes of an open file. Others may be unable to open it.
 std::string BytesOfFile(QMFile& file);
 
-// What a field of the header is called and where it lies in memory, in the order of the fields.
+// The name of a field of the header and its place in memory, in the order of the fields.
 struct HeaderField
 {
     const char* szName;

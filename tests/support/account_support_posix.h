@@ -1,4 +1,5 @@
-// What the tests of accounts share on POSIX systems: a system that is out of room or of permission.
+// What the tests of accounts share on POSIX systems: a volume without room, and a user without
+// permission.
 #pragma once
 
 #include <csignal>
@@ -14,10 +15,10 @@ public:
     SmallVolume& operator=(const SmallVolume&) = delete;
     ~SmallVolume();
 
-    // Empty when the volume is there; otherwise why the system refused it.
+    // Empty when the volume was mounted; otherwise why the system refused.
     const std::string& GetRefusal() const { return m_sRefusal; }
 
-    // Leaves not a single free byte.
+    // Fills the volume up to the last byte.
     void Fill() const;
 
 private:
@@ -25,7 +26,7 @@ private:
     std::string m_sRefusal;
 };
 
-// A user without rights of its own, where the tests run as root.
+// Runs as a user without rights of its own when the tests run as root.
 class PlainUserScope
 {
 public:
@@ -38,7 +39,7 @@ private:
     bool m_bWasRoot;
 };
 
-// Files cannot grow above uSize bytes, and nothing tells so beforehand.
+// Lets no file grow above uSize bytes. Nothing tells that beforehand.
 class FileSizeScope
 {
 public:

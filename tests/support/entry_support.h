@@ -1,5 +1,5 @@
-// What the tests of the transaction dialog share: its arguments with their arrays, and a caller's
-// function that remembers.
+// What the tests of the transaction dialog share: its arguments with their arrays, and a commit
+// function that notes its calls.
 #pragma once
 
 #include <cstdint>
@@ -9,11 +9,11 @@
 #include "entry/qmtransactiondialogargs.h"
 #include "tests/support/support.h"
 
-// An entry that passes validation: type, number 77, 3/14/2004 for both dates, 12.50, the
-// description "Rent", memo and category "for March" and "Housing".
+// A valid entry of that type: number 77, 3/14/2004 for both dates, 12.50, the description "Rent",
+// the memo "for March" and the category "Housing".
 QMTransaction ProperEntry(int32_t lType, uint32_t uFlags = QM_TRANS_FLAG_NOT_CLEARED);
 
-// The block for those entries. User values are 100, 101, ... and 200, 201, ...
+// The arguments for these entries. The user values are 100, 101, ... and 200, 201, ...
 struct EntryArgs
 {
     explicit EntryArgs(const std::vector<QMTransaction>& given, bool bAddMode = false);
@@ -21,9 +21,9 @@ struct EntryArgs
     EntryArgs& operator=(const EntryArgs&) = delete;
     ~EntryArgs() { pCurrent = nullptr; }
 
-    // The block then calls a function that notes each entry in commits and answers bAccepts; one
-    // that is accepted it makes ready for the next, as a register does: number 1001, nothing else
-    // but the date kept.
+    // Sets a commit function that notes each entry in commits and returns bAccepts. It prepares an
+    // accepted entry for the next one as a register does: number 1001, the same date, and nothing
+    // else.
     void UseCommit();
 
     std::vector<QMTransaction> entries;
@@ -31,11 +31,11 @@ struct EntryArgs
     std::vector<uintptr_t> usersB;
     QMTransactionDialogArgs block;
 
-    std::vector<std::string> commits; // TextOf each, then the two values
+    std::vector<std::string> commits; // TextOf of each, and the two values
     bool bAccepts = true;
 
 private:
     static bool Commit(QMTransaction& entry, uintptr_t uUserA, uintptr_t uUserB);
 
-    static EntryArgs* pCurrent; // whose function is called
+    static EntryArgs* pCurrent; // the object whose function is called
 };

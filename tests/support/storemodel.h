@@ -1,4 +1,5 @@
-// A plain statement of the store's rule of order: a vector, and one insertion after the other.
+// StoreModel: the order of a store stated a second time, as plainly as can be: a vector, and one
+// insertion after another.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +8,7 @@
 
 #include "account/qmtransactionstore.h"
 
-// A transaction stripped to what the order depends on, and a number to know it by.
+// What the order depends on, and a number by which the entry is known.
 struct ModelEntry
 {
     uint32_t uId = 0;
@@ -21,11 +22,11 @@ public:
     explicit StoreModel(int32_t lMode) : m_lMode(lMode) {}
 
     int32_t Add(const ModelEntry& entry);
-    // Takes over the other's mode and adds its entries one by one, then finds its cursor's entry.
+    // Takes the other's mode, adds its entries one by one, and then finds the entry of its cursor.
     void AssignFrom(const StoreModel& other);
-    // By its definition: sets the mode, copies everything into a temporary model and back.
+    // Sets the mode, copies everything into a temporary model in that mode, and copies it back.
     int32_t Resort(int32_t lMode);
-    // In place, so that the order may be wrong then.
+    // Replaces an entry where it is; the order may be wrong afterwards.
     void Replace(int32_t lPosition, const ModelEntry& entry);
     void MoveTo(int32_t lPosition) { m_lCursor = lPosition; }
 
@@ -46,7 +47,7 @@ private:
 // uCount entries with ids from 1 on, on uDays different days at most.
 std::vector<ModelEntry> RandomEntries(std::mt19937& random, uint32_t uCount, uint32_t uDays);
 
-// The store's side of the same: the id goes into the check number.
+// The same for a store: the id is in the check number.
 QMTransaction TransactionOf(const ModelEntry& entry);
 std::vector<uint32_t> IdsOf(const QMTransactionStore& store);
 // The id at the cursor, and 0 without one.

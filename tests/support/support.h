@@ -9,31 +9,31 @@
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
 
-// From a text such as "3/14/2004", read by a rule of its own: month, day and year, nothing tested.
+// Reads a date such as "3/14/2004" by a rule of its own, without any test.
 QMDate MakeDate(const std::string& sText);
 
 // "3/14/2004"; no leading zeroes, and the year as it is.
 std::string DateText(const QMDate& date);
 
-// A new transaction's contents with these in their places; the date cleared is the date.
+// A new transaction with these values. The date cleared is the date.
 QMTransaction MakeTransaction(int32_t lType, const std::string& sDate, float fAmount,
                               uint32_t uFlags = QM_TRANS_FLAG_NOT_CLEARED,
                               const std::string& sDescription = "");
 
-// Adds a copy by the store's rule; returns what Add returns.
+// Adds a copy to the store. Returns what Add returns.
 int32_t AddTo(QMTransactionStore& store, const QMTransaction& transaction);
 
-// True when every byte but the list's links is the same.
+// Whether all fields have the same bytes.
 bool IsSame(const QMTransactionFields& a, const QMTransactionFields& b);
 
 // Date, type, amount and description, such as "3/14/2004 0 12.50 Rent"; the blank before an empty
 // description is left out.
 std::string TextOf(const QMTransactionFields& fields);
 
-// TextOf each transaction from the first to the last; the cursor stays.
+// TextOf of all transactions, from the first to the last. The cursor stays.
 std::vector<std::string> ContentsOf(const QMTransactionStore& store);
 
-// A new empty folder that goes with everything in it at the end of the scope.
+// A new empty folder. It is removed with everything in it at the end of the scope.
 class TemporaryFolder
 {
 public:

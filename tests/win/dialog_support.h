@@ -8,24 +8,24 @@
 
 #include "tests/win/modaldriver.h"
 
-// As a user's mouse does it, before this returns. A disabled control does not react.
+// Clicks as the mouse of a user does, before it returns. A disabled control does not react.
 void Click(HWND hDialog, int nId);
 // Types into an edit field, one character after another; its limit holds.
 void TypeCharacters(HWND hEdit, const std::string& sText);
-// A key on its way through the dialog's own loop.
+// Posts a key, which goes through the loop of the dialog.
 void PostKey(HWND hControl, WPARAM uKey);
 
 bool IsOn(HWND hDialog, int nId);
 bool IsEnabled(HWND hDialog, int nId);
 bool IsShown(HWND hDialog, int nId);
-// The id of the control with the focus, of which its edit field is a part; 0 for none.
+// The id of the control that has the focus, or whose edit field has it; 0 when none has.
 int FocusedId(HWND hDialog);
-// Of an edit field or a combo box.
+// How many characters can be typed into an edit field or a combo box.
 int LimitOf(HWND hDialog, int nId);
 
-// "328x190": the inside of the dialog in its own units.
+// The inside of the dialog in dialog units, such as "328x190".
 std::string SizeInUnits(HWND hDialog);
-// Of each control that is no plain text or frame (id -1), in tab order: "1601 Check".
+// The controls in tab order, such as "1601 Check", without texts and frames (id -1).
 std::vector<std::string> TabOrder(HWND hDialog);
 // Controls whose text does not fit, that stick out of the dialog, or that cover another one.
 std::vector<std::string> LayoutFaults(HWND hDialog);
@@ -36,6 +36,7 @@ std::string NameOfControl(HWND hControl);
 // Controls that the focus can come to and that have no name.
 std::vector<std::string> NamelessControls(HWND hDialog);
 
-// Answers a message box with a button; its caption and sentence go where the pointers lead.
+// An action that answers a message box with a button, and copies its caption and its sentence to
+// where the pointers point.
 ModalDriver::Action AnswerBox(int nButton, std::string* psSentence = nullptr,
                               std::string* psCaption = nullptr);

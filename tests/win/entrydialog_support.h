@@ -15,11 +15,11 @@ INT_PTR RunEntryDialog(EntryArgs& args);
 int TypeOn(HWND hDialog);
 // The boxes that are on, by the letters T (tax), E (expense), V (voided) and C (cleared).
 std::string BoxesOn(HWND hDialog);
-// "3/14/2004".
+// A date such as "3/14/2004".
 std::string DateIn(HWND hDialog, int nId);
-// As a user's choice does it, with the notice to the dialog.
+// Sets a date as a user does, with the notification to the dialog.
 void PickDate(HWND hDialog, int nId, const std::string& sDate);
 // Number, description, amount, memo and category with a bar between them.
 std::string TextsIn(HWND hDialog);
-// The arrows that are open, by the characters of "<<", "<", ">" and ">>", with a blank between.
+// The enabled arrows, as "<<", "<", ">" and ">>" with a blank between them.
 std::string ArrowsOpen(HWND hDialog);

@@ -16,13 +16,14 @@ using Ticks = std::vector<bool>;
 
 inline constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
 
-// Of that day in March 2004, numbered from 1001, $10.25 for each day of the month.
+// A transaction on that day of March 2004. Numbers start at 1001, and the amount is $10.25 for each
+// day of the month.
 QMTransaction MakeTransaction(int32_t lType, uint16_t uDay, uint32_t uFlags,
                               const char* szDescription);
 
-// For each transaction or row, from the first.
+// One value for each transaction or row, from the first on.
 Flags FlagsOf(const QMTransactionStore& store);
-// Without the mark of the import.
+// The flags without the import mark.
 Flags TagsOf(const QMTransactionStore& store);
 Ticks MarksOf(const QMTransactionStore& store);
 Ticks TicksOf(const QMGridList& list);
@@ -46,14 +47,15 @@ class QMImportDialogTest : public testing::Test
 protected:
     using Look = std::function<void(VDialog& dialog, QMGridList& list)>;
 
-    // One for each of these flags, a day between; row 2 is a check, all others deposits.
+    // Adds a transaction for each of these flags, one a day. Row 2 is a check, the others are
+    // deposits.
     void Fill(const Flags& flags);
 
-    // Shows the review, looks at it and presses the button; 0 for none, where the look has ended
-    // the dialog. Returns what the dialog does.
+    // Shows the review, runs the look and presses the button; 0 when the look has ended the dialog.
+    // Returns what the dialog returns.
     INT_PTR Review(const Look& look, int nButton = IDCANCEL);
 
-    // Ends the review with a key that comes to the list by the dialog's own loop.
+    // Ends the review by a key to the list, which goes through the loop of the dialog.
     INT_PTR ReviewWithKey(WPARAM uKey);
 
     QMTransactionStore m_store;

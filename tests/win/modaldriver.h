@@ -23,20 +23,20 @@ public:
     using Action = std::function<void(HWND hDialog)>;
     using Condition = std::function<bool(HWND hDialog)>;
 
-    // One at a time. The time counts for each step anew.
+    // There may be one driver at a time. The limit counts for each step anew.
     explicit ModalDriver(DWORD uLimitMs = 10000);
     ModalDriver(const ModalDriver&) = delete;
     ModalDriver& operator=(const ModalDriver&) = delete;
-    // Fails the test when a step did not come.
+    // Fails the test when a step was not reached.
     ~ModalDriver();
 
-    // Adds a step, run on the foremost dialog (visible, enabled, of this thread) once that is one
-    // which no step has seen yet. An action may send as well as post: the next steps run even in
-    // the loop of a box that is opened before it returns.
+    // Adds a step for the next dialog that no step has seen yet: the foremost one of this thread
+    // that is visible and enabled. An action may send as well as post: when it opens a box, the
+    // next steps run in the loop of that box.
     ModalDriver& Next(Action action);
-    // Once it is one that a step has seen.
+    // Adds a step for a dialog that a step has seen before.
     ModalDriver& Again(Action action);
-    // Once the condition holds for it.
+    // Adds a step for a dialog for which the condition holds.
     ModalDriver& When(Condition condition, Action action);
 
     bool IsDone() const { return m_uNext == m_steps.size(); }
@@ -62,12 +62,13 @@ private:
     bool m_bGaveUp = false;
 };
 
-// The foremost dialog or message box of this thread that is visible and enabled; null for none.
+// The foremost dialog or message box of this thread that is visible and enabled; null when there is
+// none.
 HWND FindForemostDialog();
 
-// Presses a button once the messages before are through.
+// Presses a button after the messages that are in the queue.
 void Press(HWND hDialog, int nId);
-// Sets an edit field's text, or a combo box's, as typing does: with its notifications.
+// Sets the text of an edit field or a combo box with the notifications that typing sends.
 void Type(HWND hDialog, int nId, const char* szText);
 std::string ItemText(HWND hDialog, int nId);
 // The sentence in a message box.

@@ -1,4 +1,4 @@
-// What a window paints, to be looked at pixel by pixel.
+// What a window paints, to be examined pixel by pixel.
 #pragma once
 
 #include <windows.h>
@@ -13,26 +13,28 @@ class VWindow;
 class Picture
 {
 public:
-    // Has the window paint its client area, background included, into memory.
+    // Lets the window paint its client area, with its background, into memory.
     explicit Picture(const VWindow& window);
-    // A bitmap of the resources.
+    // Takes a bitmap of the resources.
     explicit Picture(UINT uId);
 
     int GetWidth() const { return m_nWidth; }
     int GetHeight() const { return m_nHeight; }
 
-    // 0x00BBGGRR; CLR_INVALID outside.
+    // The colour of a pixel, 0x00BBGGRR; CLR_INVALID outside.
     COLORREF At(int x, int y) const;
 
-    // Whether the whole of a part that lies inside has one colour, and whether any of it has it.
+    // Whether all pixels of a part, or any of them, have that colour. A part that is not inside has
+    // none.
     bool IsAll(const VRect& part, COLORREF cr) const;
     bool HasAny(const VRect& part, COLORREF cr) const;
 
-    // Rows of pixels, a character for each colour in the order in which they come: ".", "a" to "z",
-    // then "?". For texts of failing tests.
+    // Rows of pixels with a character for each colour in the order in which the colours come: ".",
+    // "a" to "z", then "?". For the messages of failing tests.
     std::string Describe(const VRect& part) const;
 
-    // For the eye: where the environment's QUILLMARK_PICTURES names a folder, a BMP file in it.
+    // Saves the picture as a BMP file in the folder that the variable QUILLMARK_PICTURES of the
+    // environment names, if it is set.
     void Save(const char* szName) const;
 
 private:

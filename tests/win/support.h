@@ -1,5 +1,5 @@
-// What the window tests share: a message pump, a window that notes its calls, a registry key that
-// goes with its scope, counts of the system's objects.
+// What the window tests share: a message loop, a window that notes its calls, a registry key that
+// is removed with its scope, and counts of the objects of Windows.
 #pragma once
 
 #include <windows.h>
@@ -11,12 +11,12 @@
 
 #include "toolkit/vwindow.h"
 
-// Handles messages until the condition holds; false when it does not within the time.
+// Handles messages until the condition holds. Returns false when it does not within the limit.
 bool PumpUntil(const std::function<bool()>& condition, DWORD uLimitMs = 10000);
-// Handles what is in the queue.
+// Handles the messages in the queue.
 void PumpAll();
 
-// Makes the application object as the tests expect it, registering their window class.
+// Makes the application object for the tests and registers its window class.
 bool InitializeApplication();
 
 // A text's bytes as a VString's, for comparisons that print both.
@@ -25,16 +25,16 @@ inline std::string Text(const VString& sText)
     return {sText.GetText(), sText.GetLength()};
 }
 
-// What a VRecordingWindow noted, and what it is to answer. Outlives the window.
+// What a VRecordingWindow notes, and what it returns. It must live longer than the window.
 struct Record
 {
     std::vector<std::string> calls;
-    std::set<UINT> watched; // messages that are noted when they come to DefaultProc
+    std::set<UINT> watched; // messages to note when they reach DefaultProc
 
     bool bRefusesPreCreate = false;
     bool bRefusesInitialize = false;
     bool bRefusesClose = false;
-    bool bKeepsWindow = false; // OnClose answers true and leaves the window
+    bool bKeepsWindow = false; // OnClose returns true and keeps the window
     bool bDeletesInClose = false;
     bool bPaints = true;
     bool bTranslates = false;
@@ -45,7 +45,7 @@ struct Record
     std::function<void(VDrawingSurface&)> paint;
     std::function<void(VWindow&)> command;
 
-    // The calls since the last time, with a blank between.
+    // The calls since the last Take, with a blank between them.
     std::string Take();
 };
 
@@ -78,11 +78,12 @@ private:
 
 inline const VRect g_testRect = {10, 10, 210, 110};
 
-// An overlapped window of the toolkit's own class, hidden; its creation is not in the record.
+// Makes a hidden overlapped window of the toolkit's class. Its creation is not noted.
 bool CreateTestWindow(VWindow& window, DWORD uStyle = WS_OVERLAPPEDWINDOW);
 bool CreateTestWindow(VRecordingWindow& window, Record& record);
 
-// A key below the current user's software, deleted with its tree at both ends of the scope.
+// A key below the Software key of the current user. It is deleted with everything below it at the
+// beginning and at the end of the scope.
 class ScopedRegistryPath
 {
 public:
@@ -107,11 +108,11 @@ struct ObjectCounts
     bool operator==(const ObjectCounts&) const = default;
 };
 
-// Of this process.
+// Counts the objects of this process.
 ObjectCounts CountObjects();
 
-// Destroys at its end the accelerator tables that came within its scope, under Wine alone: its view
-// of a folder, as file dialogs show it, keeps one from every showing.
+// Under Wine 8, destroys the accelerator tables that were made within its scope: the folder view of
+// a file dialog of Wine keeps one each time it is shown.
 class ScopedAcceleratorTables
 {
 public:
