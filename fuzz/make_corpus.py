@@ -140,6 +140,28 @@ XML_TYPES = ("check", "deposit", "withdrawal", "fee", "direct-deposit", "direct-
              "interest")
 
 
+def reports() -> dict[str, bytes]:
+    """Accounts whose transactions fill the sections and groups of reports."""
+    every_byte = bytes(range(1, 256))
+    categories = (b"House", b"HOUSE", b"house", b"", b"All", b"Car")
+    return {
+        "all_types": account(*(entry(8192, block(kind, (2004, 3, kind + 2), kind + 0.5, flags=0),
+                                     b"Payee", b"Memo", categories[kind % 6])
+                               for kind in range(-1, 13))),
+        "all_flags": account(*(entry(8192, block(flags % 12, flags=flags), b"Payee", b"Memo",
+                                     b"Car") for flags in range(24))),
+        "odd_amounts": account(*(entry(8192, block(kind, amount=amount, flags=0), b"Payee")
+                                 for kind in (0, 1, 3, 11)
+                                 for amount in (0.0, -0.0, -5.0, 3e38, float("inf"),
+                                                float("-inf"), float("nan"), 0.005))),
+        "odd_dates": account(*(entry(8192, block(2, day, flags=0, cleared=(2004, 1, 1)))
+                               for day in ((0, 0, 0), (65535, 65535, 65535), (2004, 2, 31)))),
+        "every_byte": account(*(entry(8192, block(kind, flags=flags), every_byte, every_byte,
+                                      every_byte[-127:])
+                                for kind in (0, 1) for flags in (0, 4, 16, 17))),
+    }
+
+
 def in_encodings(plain: bytes) -> dict[str, bytes]:
     return {name: mark + plain.decode("latin-1").encode(encoding)
             for name, mark, encoding in MARKED}
@@ -250,6 +272,7 @@ def all_inputs() -> dict[str, dict[str, bytes]]:
     """By folder, and there by what begins the names."""
     return {
         "account": {"good": good_accounts(), "bad": bad_accounts()},
+        "report": {"good": reports()},
         "qif": {"good": good_qif(), "bad": {"nothing": b"", "mark_alone": b"\xFE\xFF",
                                             "odd_utf_16": b"\xFF\xFE^\0\n\0^"}},
         "csv": {"good": good_csv(), "bad": {"nothing": b"", "mark_alone": b"\xEF\xBB\xBF"}},

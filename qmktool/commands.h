@@ -8,3 +8,4 @@ int RunList(const ToolOptions& options);
 int RunCheck(const ToolOptions& options);
 int RunConvert(const ToolOptions& options);
 int RunImport(const ToolOptions& options);
+int RunReport(const ToolOptions& options);

@@ -16,6 +16,8 @@ constexpr ToolCommand aCommands[] = {
     {"check", 1, " --password ", RunCheck},
     {"convert", 2, " --format --force --password ", RunConvert},
     {"import", 2, " --password ", RunImport},
+    {"report", 1, " --kind --group --month --from --to --json --pdf --paper --force --password ",
+     RunReport},
 };
 
 constexpr char szHelp[] =
@@ -35,6 +37,12 @@ constexpr char szHelp[] =
     "  qmktool import IN ACCOUNT\n"
     "      adds every transaction of a .qif, .csv or .xml file to an account, which is\n"
     "      then of format 2.0; nothing is tested for duplicates\n"
+    "  qmktool report FILE --kind KIND [--group TEXT]\n"
+    "                 (--month M/YYYY | --from M/D/YYYY --to M/D/YYYY)\n"
+    "                 [--json | --pdf OUT [--paper letter|a4] [--force]]\n"
+    "      a report, as text, JSON or a PDF file. KIND is statement, type, description,\n"
+    "      memo, category, tax, expenses, voided or not-cleared; --group is the name of\n"
+    "      a type, which the kind type needs, or a text of description, memo or category\n"
     "  qmktool --help\n"
     "  qmktool --version\n"
     "\n"

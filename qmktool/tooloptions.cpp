@@ -101,17 +101,37 @@ private:
             return Refuse("a value is missing behind", szOption);
         }
         const char* szValue = m_aszWords[m_nNext++];
-        if (strcmp(szOption, "--password") == 0) {
-            m_options.szPassword = szValue;
-            return true;
-        }
         if (strcmp(szOption, "--format") == 0) {
             return ParseFormat(szValue, m_options.lVersion) || Refuse("unknown format", szValue);
+        }
+        if (TakeText(szOption, szValue)) {
+            return true;
         }
         const bool bFrom = strcmp(szOption, "--from") == 0;
         (bFrom ? m_bFrom : m_bTo) = true;
         return ParseDay(szValue, bFrom ? m_options.dtFrom : m_options.dtTo) ||
                Refuse("not a date in the form M/D/YYYY:", szValue);
+    }
+
+    // Options whose command makes sense of their text.
+    bool TakeText(const char* szOption, const char* szValue)
+    {
+        constexpr struct
+        {
+            const char* szOption;
+            const char* ToolOptions::*pMember;
+        } aTexts[] = {
+            {"--password", &ToolOptions::szPassword}, {"--kind", &ToolOptions::szKind},
+            {"--group", &ToolOptions::szGroup},       {"--month", &ToolOptions::szMonth},
+            {"--pdf", &ToolOptions::szPdf},           {"--paper", &ToolOptions::szPaper},
+        };
+        for (const auto& text : aTexts) {
+            if (strcmp(szOption, text.szOption) == 0) {
+                m_options.*text.pMember = szValue;
+                return true;
+            }
+        }
+        return false;
     }
 
     bool CheckWhole()

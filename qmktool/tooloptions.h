@@ -17,6 +17,12 @@ struct ToolOptions
     bool bPeriod = false; // true when dtFrom and dtTo were given
     QMDate dtFrom;
     QMDate dtTo;
+    // Of a report, as they were given; null for those that were not.
+    const char* szKind = nullptr;
+    const char* szGroup = nullptr;
+    const char* szMonth = nullptr;
+    const char* szPdf = nullptr;
+    const char* szPaper = nullptr;
     int32_t lVersion = 0; // the format version to write; 0 keeps that of the file
 };
 

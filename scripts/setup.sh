@@ -15,12 +15,12 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 declare -rA PACKAGES=(
-    [run]="g++ cmake ninja-build libexpat1-dev"
+    [run]="g++ cmake ninja-build libexpat1-dev libhpdf-dev"
     [window]="g++ cmake ninja-build dpkg-dev g++-mingw-w64-x86-64-win32
               fonts-wine fonts-liberation wine wine64 xvfb imagemagick x11-utils fp-utils"
     [test]="python3 dpkg-dev googletest clang-format clang-tidy
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
-            fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin"
+            fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin poppler-utils"
     [pictures]="graphviz librsvg2-bin xdotool"
     [bench]="libbenchmark-dev"
     [fuzz]="clang libclang-rt-14-dev"
@@ -78,5 +78,5 @@ for group in "$@"; do
 done
 provide "${packages[@]}"
 # What is built for Windows needs it.
-[[ " $* " != *" test "* && " $* " != *" window "* ]] || scripts/expat.sh
+[[ " $* " != *" test "* && " $* " != *" window "* ]] || { scripts/expat.sh && scripts/libharu.sh; }
 [[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install

@@ -16,6 +16,7 @@
 
 // LLVMFuzzerTestOneInput of each fuzzer's source; the build gives it a name of its own.
 extern "C" int FuzzAccountReader(const uint8_t* pBytes, size_t uSize);
+extern "C" int FuzzAccountReport(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzQifReader(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzCsvReader(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzXmlReader(const uint8_t* pBytes, size_t uSize);
@@ -60,6 +61,7 @@ constexpr struct
     bool (*pReads)(const std::string& sBytes);
 } aCorpora[] = {
     {"account", 40, FuzzAccountReader, ReadsAsAccount},
+    {"report", 5, FuzzAccountReport, ReadsAsAccount},
     {"qif", 20, FuzzQifReader, ReadsAsQif},
     {"csv", 15, FuzzCsvReader, ReadsAsCsv},
     {"xml", 20, FuzzXmlReader, ReadsAsXml},
@@ -123,6 +125,16 @@ TEST(Corpora, AreThere)
 {
     for (size_t u = 0; u < std::size(aCorpora); ++u) {
         EXPECT_GE(NamesIn(FolderOf(u)).size(), aCorpora[u].uAtLeast) << aCorpora[u].szFolder;
+    }
+}
+
+// Whatever reads as an account can be reported on.
+TEST(Corpora, OfAccountsGiveReports)
+{
+    for (const std::string& sName : NamesIn(FolderOf(0))) {
+        const std::string sInput = ReadWholeFile(FolderOf(0) + "/" + sName);
+        const std::vector<uint8_t> bytes(sInput.begin(), sInput.end());
+        EXPECT_EQ(FuzzAccountReport(bytes.data(), bytes.size()), 0) << sName;
     }
 }
 
