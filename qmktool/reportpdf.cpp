@@ -84,8 +84,8 @@ int WriteReportPdf(const QMAccountData& account, QMReport& report, uint32_t uKin
     if (sBytes.empty()) {
         return RefuseFile("report on", options.aFiles[0], "the PDF pages cannot be made");
     }
-    return ReportWriting(options.szPdf, VWriteWholeFile(options.szPdf, sBytes.data(), sBytes.size(),
-                                                        options.bForce))
-               ? QM_EXIT_DONE
-               : QM_EXIT_REFUSED;
+    const bool bWritten = WriteToolFile(options.szPdf, options.bForce, [&](QMByteSink& sink) {
+        return sink.Write(sBytes.data(), sBytes.size());
+    });
+    return bWritten ? QM_EXIT_DONE : QM_EXIT_REFUSED;
 }
