@@ -1,4 +1,4 @@
-// Where the writers of files put their bytes.
+// QMByteSink: where the writers of files put their bytes.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@ class QMByteSink
 public:
     virtual ~QMByteSink() = default;
 
-    // Takes the next bytes of the file. Returns false when not all of them found their place; the
-    // writer then hands over no more.
+    // Takes the next bytes. Returns false when it could not take all of them; the writer then
+    // writes no more.
     virtual bool Write(const char* pBytes, size_t uSize) = 0;
 };

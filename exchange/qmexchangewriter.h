@@ -1,16 +1,16 @@
-// What the writers of the exchange formats have in common.
+// What the writers of the exchange formats share.
 #pragma once
 
 #include "account/qmtransactionstore.h"
 #include "exchange/qmstdiofile.h"
 #include "exchange/qmtextwriter.h"
 
-// Calls write(transaction) for the transactions of the store from its first one on, which leaves
-// the cursor on the last; write answers whether it wrote that one.
+// Calls write(transaction) for the transactions of the store, from the first on. write returns
+// whether it has written the transaction. The store's cursor is on the last one afterwards.
 //
-// Kept: the end is looked for behind a written transaction only, and at the end of the store there
-// is no next one. So this never returns for an empty store, nor where write leaves out the last
-// transaction. Whoever calls a writer asks QMExportObstacle first.
+// Kept: the loop ends only after the last transaction was written, and at the end of the store
+// there is no next one. So it never returns for an empty store, nor when write leaves out the last
+// transaction. The caller asks QMExportObstacle first.
 template <class F>
 void QMWriteTransactions(QMTransactionStore& store, F write)
 {
@@ -24,8 +24,8 @@ void QMWriteTransactions(QMTransactionStore& store, F write)
     }
 }
 
-// Makes the file and has writeTo(sink) fill it. False when the file cannot be made; whether it took
-// everything is not told.
+// Creates the file and calls writeTo(sink) to fill it. Returns false when the file cannot be
+// created. Whether everything was written is not reported.
 template <class F>
 bool QMWriteExchangeFile(const char* szPath, F writeTo)
 {

@@ -1,4 +1,4 @@
-// QMTextWriter: what the writers of the exchange formats write through, and where it goes.
+// QMTextWriter: through which the exchange formats write their text.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 #include "account/qmbytesink.h"
 #include "account/qmdate.h"
 
-// Into a file that is open for writing bytes, which stays the caller's.
+// Writes to a file that is open for writing bytes. The caller owns the file.
 class QMStdioSink : public QMByteSink
 {
 public:
@@ -20,8 +20,7 @@ private:
     FILE* m_pFile;
 };
 
-// Gathers text and hands it to a sink. A line is ended by "\n" here and as the platform ends lines
-// in the sink.
+// Collects text and passes it to a sink in large pieces. "\n" becomes the line end of the system.
 class QMTextWriter
 {
 public:
@@ -39,10 +38,12 @@ public:
     }
     void AddNumber(int32_t lNumber);
 
-    // Month, day and year with slashes between them; month and day take two characters.
+    // Adds month, day and year with slashes between them. Month and day take two characters; cFill
+    // fills the first.
     void AddDate(const QMDate& date, char cFill);
 
-    // Hands over what is left; to be called once at the end. False when the sink refused anything.
+    // Passes on what is left. Call it once at the end. Returns false when the sink did not take
+    // everything.
     bool Finish();
 
 private:
@@ -52,7 +53,7 @@ private:
     void Flush();
 
     QMByteSink& m_sink;
-    bool m_bTaken = true; // the sink took everything so far
+    bool m_bTaken = true; // the sink has taken everything so far
     size_t m_uLength = 0;
     char m_aBuffer[uBufferSize];
 };

@@ -51,7 +51,7 @@ VString QMGetAccountText(const QMAccountHeader& header, const QMAccountField& fi
     return VString(pText, static_cast<uint32_t>(field.uSize - 1));
 }
 
-// Kept: an emptied edit is not taken over, and the old text stays.
+// Kept: an empty text is ignored, and the old one stays. A user cannot clear a field.
 void QMTakeAccountText(QMAccountHeader& header, const QMAccountField& field, const char* szText)
 {
     if (*szText != '\0') {

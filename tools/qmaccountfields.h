@@ -1,5 +1,5 @@
-// The account's particulars that the user edits: which field of the header stands in which control,
-// and what a control's text does to it.
+// The rules of the account's particulars: which field of the header is in which control, and what
+// the text of a control does to it.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 #include "account/qmaccountdata.h"
 #include "base/vstring.h"
 
-// One page of the account's information each.
+// Each part has a page of its own.
 enum class QMAccountPart
 {
     Account,
@@ -16,7 +16,7 @@ enum class QMAccountPart
     Holder
 };
 
-// A text of the header and the edit field that shows it. The field takes uSize - 1 characters.
+// A text of the header and the edit field that shows it. The edit field takes uSize - 1 characters.
 struct QMAccountField
 {
     int nControl;
@@ -27,13 +27,15 @@ struct QMAccountField
 std::span<const QMAccountField> QMAccountFields(QMAccountPart part);
 
 VString QMGetAccountText(const QMAccountHeader& header, const QMAccountField& field);
-// Takes a text over, bounded by its field. An empty one leaves the field as it was.
+// Copies a text into its field of the header, cut to the size of the field. An empty text leaves
+// the field as it is.
 void QMTakeAccountText(QMAccountHeader& header, const QMAccountField& field, const char* szText);
 
-// In dollars, with two decimals, in ten places at least.
+// The balance in dollars with two decimals, at least ten characters wide.
 VString QMMinimumBalanceText(float fBalance);
-// A text that is no number leaves the balance as it was; an empty one makes it 0.
+// Reads the balance from a text. A text that is no number leaves it as it is; an empty text makes
+// it 0.
 void QMTakeMinimumBalance(float& fBalance, const char* szText);
 
-// Copies what the pages edit, and nothing else, from one header into another.
+// Copies the fields that the pages edit, and no others, from one header into another.
 void QMCopyParticulars(const QMAccountHeader& from, QMAccountHeader& into);

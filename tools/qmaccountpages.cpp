@@ -32,7 +32,7 @@ bool QMParticularsPage::OnOK()
 
 LRESULT QMParticularsPage::OnSetActive()
 {
-    // The check box may have changed on its own page.
+    // The user may have changed the check box, which is on another page.
     UpdateEnabling();
     return 0;
 }
@@ -101,7 +101,7 @@ LRESULT QMBankPage::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl)
     return 0;
 }
 
-// With what stands in the field now, whether or not it will be kept.
+// Uses the text that is in the field now, whether the user will press OK or not.
 void QMBankPage::GoToHomepage()
 {
     const VString sUrl = GetItemText(IDC_BANK_HOMEPAGE);

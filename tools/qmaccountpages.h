@@ -1,5 +1,5 @@
-// The pages of the sheet "Account Information". They edit a copy of the account's header; who runs
-// the sheet copies it back.
+// The pages of the sheet "Account Information". They edit a copy of the account's header. The
+// caller of the sheet copies it back.
 #pragma once
 
 #include "toolkit/vdatepicker.h"
@@ -11,21 +11,20 @@
 struct QMAccountParticulars
 {
     QMAccountHeader header = {};
-    bool bReadOnlyProtect = false; // as the check box shows it while the sheet is up
+    bool bReadOnlyProtect = false; // the state of the check box while the sheet is open
 };
 
 class QMParticularsPage : public VPropertyPage
 {
 public:
-    // The window ends here, while the operations below still are this object's.
     ~QMParticularsPage() override { Detach(); }
 
     bool OnInitDialog() override;
-    // Takes the controls over; never refuses.
+    // Copies the controls into the header. Always returns true.
     bool OnOK() override;
     LRESULT OnSetActive() override;
 
-    // Enables what the user may change.
+    // Enables the controls that the user may change.
     virtual void UpdateEnabling();
 
 protected:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// A string handle of the DDE library.
+// Owns a string handle of the DDE library.
 class DdeString
 {
 public:
@@ -52,7 +52,7 @@ private:
     HCONV m_hConversation;
 };
 
-// The library wants one, and all notifications are skipped.
+// DdeInitialize wants a callback. All notifications are switched off, so it is never called.
 HDDEDATA CALLBACK OnDdeEvent(UINT, UINT, HCONV, HSZ, HSZ, HDDEDATA, ULONG_PTR, ULONG_PTR)
 {
     return nullptr;
@@ -64,7 +64,7 @@ bool ReadClassDefault(const char* szKey, VString& sText)
     return key.Open(szKey, HKEY_CLASSES_ROOT, KEY_READ) && key.ReadText("", sText);
 }
 
-// Empty when the registry names no program for files of that extension.
+// The program that the registry names for files of that extension; empty when it names none.
 VString ProgramForExtension(const char* szExtension)
 {
     VString sType;
@@ -79,15 +79,16 @@ VString ProgramForExtension(const char* szExtension)
     return QMProgramOfCommand(sCommand.GetText(), &FileExists);
 }
 
-// The program is named apart from the command line: in "c:\program files\b.exe" alone Windows would
-// try "c:\program.exe" first. One that needs the command interpreter is not started at all.
+// Starts the program. Its path is passed apart from the command line: for "c:\program files\b.exe"
+// in the command line alone, Windows would try "c:\program.exe" first. A program that needs the
+// command interpreter is not started.
 bool StartProgram(const char* szProgram, const char* szUrl)
 {
     if (QMNeedsInterpreter(szProgram)) {
         return false;
     }
     const VString sLine = QMBrowserCommandLine(szProgram, szUrl);
-    // Windows writes into the command line that it is given.
+    // CreateProcess writes into its command line, so it gets a copy.
     std::vector<char> line(sLine.GetText(), sLine.GetText() + sLine.GetLength() + 1);
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
@@ -131,7 +132,7 @@ QMBrowserLauncher::Result QMBrowserLauncher::Launch(const char* szUrl)
     return StartProgram(sPath.GetText(), szUrl) ? Done : NotStarted;
 }
 
-// Tries the other service where the one does not answer.
+// Asks the browser with that service, and the other one when it does not answer.
 QMBrowserLauncher::Result QMBrowserLauncher::Ask(const char* szUrl, const char* szService)
 {
     Result result = Converse(szUrl, szService);
@@ -162,7 +163,8 @@ QMBrowserLauncher::Result QMBrowserLauncher::Converse(const char* szUrl, const c
     if (item.Get() == nullptr) {
         return NoConversation;
     }
-    // Kept: once the conversation stood, a browser that does not answer counts as one that did.
+    // Kept: a browser that has accepted the conversation and then does not answer counts as one
+    // that has shown the page.
     HDDEDATA hAnswer = DdeClientTransaction(nullptr, 0, conversation.Get(), item.Get(), CF_TEXT,
                                             XTYP_REQUEST, m_uTimeOut, nullptr);
     if (hAnswer != nullptr) {

@@ -1,5 +1,5 @@
-// QMBrowserLauncher: shows a web address in the user's browser. A browser that runs is asked over
-// DDE; only then the program is started that the registry names for web pages.
+// QMBrowserLauncher: shows a web address in the user's browser. It first asks a running browser
+// over DDE. If none answers, it starts the program that the registry names for web pages.
 #pragma once
 
 #include <windows.h>
@@ -13,20 +13,22 @@ public:
     {
         Done,
         NotStarted,     // the program could not be started
-        NoConversation, // no browser answers; no launch ends with this
-        NoBrowser       // and the registry names none
+        NoConversation, // no browser answers; Launch never returns it
+        NoBrowser       // no browser answers, and the registry names none
     };
 
-    // Milliseconds that a browser which took the call has for its answer.
+    // uTimeOut is how long a browser that has accepted the conversation may take to answer, in
+    // milliseconds.
     explicit QMBrowserLauncher(DWORD uTimeOut = 60000) : m_uTimeOut(uTimeOut) {}
     QMBrowserLauncher(const QMBrowserLauncher&) = delete;
     QMBrowserLauncher& operator=(const QMBrowserLauncher&) = delete;
     ~QMBrowserLauncher();
 
-    // Messages are handled while a browser takes its time.
+    // Shows the address. While it waits for a browser, messages are handled.
     Result Launch(const char* szUrl);
 
-    // Puts the path of the browser's program into an empty sPath; whether sPath exists as a file.
+    // Finds the path of the browser's program; sPath must be empty. Returns whether that file
+    // exists.
     static bool FindBrowser(VString& sPath);
 
 private:
@@ -34,6 +36,6 @@ private:
     Result Converse(const char* szUrl, const char* szService);
 
     DWORD m_uTimeOut;
-    DWORD m_uDdeInstance = 0;               // 0 until first used
-    const char* m_pszLastService = nullptr; // the one that answered last
+    DWORD m_uDdeInstance = 0;               // 0 before the first use
+    const char* m_pszLastService = nullptr; // the service that answered last
 };

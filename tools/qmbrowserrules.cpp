@@ -6,7 +6,7 @@
 
 namespace {
 
-// White space, and the characters below it that do not print.
+// Whether a character is white space, or a control character, which prints nothing.
 bool IsBlank(char c)
 {
     const auto uCharacter = static_cast<unsigned char>(c);
@@ -20,7 +20,7 @@ VString BetweenQuotes(const VString& sCommand)
     return lEnd < 0 ? sRest : sRest.Left(static_cast<uint32_t>(lEnd));
 }
 
-// The text up to the character before the first "%", or the whole of it.
+// The text up to the character before the first "%", or all of it when there is no "%".
 VString BeforeArguments(const VString& sCommand)
 {
     const int32_t lPercent = sCommand.Find('%');
@@ -33,7 +33,7 @@ VString LongestFile(const VString& sText, QMFileTest pExists)
     while (uLength > 0 && !pExists(sText.Left(uLength).GetText())) {
         --uLength;
     }
-    // Windows passes over blanks behind a file's name.
+    // Windows ignores blanks at the end of a file's name.
     while (uLength > 0 && IsBlank(sText.GetAt(uLength - 1))) {
         --uLength;
     }
@@ -81,7 +81,7 @@ bool QMNeedsInterpreter(const char* szProgram)
 {
     VString sProgram(szProgram);
     uint32_t uLength = sProgram.GetLength();
-    // Windows passes over dots and blanks at the end of a name.
+    // Windows ignores dots and blanks at the end of a file's name.
     while (uLength > 0 &&
            (IsBlank(sProgram.GetAt(uLength - 1)) || sProgram.GetAt(uLength - 1) == '.')) {
         --uLength;

@@ -1,5 +1,5 @@
-// How a web address reaches a browser: what is asked of one that runs, which program opens pages,
-// and how that program is started.
+// The rules for showing a web address: what a running browser is asked, which program opens pages,
+// and how it is started.
 #pragma once
 
 #include <cstdint>
@@ -11,27 +11,27 @@ inline constexpr char QM_BROWSER_SERVICE_FIRST[] = "IEXPLORE";
 inline constexpr char QM_BROWSER_SERVICE_SECOND[] = "NETSCAPE";
 inline constexpr char QM_BROWSER_TOPIC[] = "WWW_OpenURL";
 
-// The service of the browser whose program has that path; an empty path counts as the first's.
+// The DDE service of the browser with that path. An empty path counts as the first browser.
 const char* QMServiceOfBrowser(const char* szPath);
 
-// The other one of the two, ignoring case; null for a service that is neither.
+// The other of the two services, ignoring case; null when szService is neither.
 const char* QMOtherBrowserService(const char* szService);
 
-// What a browser is asked for, to show the address in any of its windows. The address goes in as it
-// stands, whatever it holds.
+// The DDE item that asks a browser to show the address in any of its windows. The address is put in
+// as it is, whatever it holds.
 VString QMBrowserItem(const char* szUrl);
 
-// Says whether a file exists.
+// Returns whether a file exists.
 using QMFileTest = bool (*)(const char* szPath);
 
 // The program that a command of the registry starts, in lower case and without its arguments; empty
-// when there is none. A path between quotes is taken as it stands. In a text without quotes the
-// path is the longest beginning that exists as a file, none of which lies behind the first "%".
+// when there is none. A path in quotes is taken as it is. Without quotes the path is the longest
+// beginning of the text that exists as a file and ends before the first "%".
 VString QMProgramOfCommand(const char* szCommand, QMFileTest pExists);
 
-// Whether the system would run the program through its command interpreter, to which parts of an
-// address are commands.
+// Whether Windows would run the program by its command interpreter, which would take parts of an
+// address for commands.
 bool QMNeedsInterpreter(const char* szProgram);
 
-// The program and the address as its argument, without quotes.
+// The command line: the program and the address as its argument, without quotes.
 VString QMBrowserCommandLine(const char* szProgram, const char* szUrl);

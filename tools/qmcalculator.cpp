@@ -22,7 +22,7 @@ constexpr struct
     {'\b', IDM_CALC_BACK},  {'\x1B', IDM_CALC_CLEAR}, {' ', IDM_CALC_NOTHING},
 };
 
-// The command that a typed character stands for; 0 for none.
+// The command for a typed character; 0 when it has none.
 UINT CommandOf(WPARAM uCharacter)
 {
     if (uCharacter >= '0' && uCharacter <= '9') {
@@ -48,7 +48,7 @@ QMCalculator::~QMCalculator()
 
 bool QMCalculator::Show(HWND hParent, HKEY hRootKey, const char* szKeyPath, const char* szValueName)
 {
-    // A second window would leave the first one without its object.
+    // Only one window can be bound to the object.
     if (IsValid()) {
         DestroyWindow(GetHandle());
     }
@@ -111,13 +111,14 @@ LRESULT QMCalculator::Control::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wPar
         return 0;
     }
     if (uMessage == WM_KEYDOWN && wParam == VK_SPACE) {
-        // A modal dialog's loop knows no accelerators, and the key would press the button.
+        // The loop of a modal dialog does not use our accelerators, so the key would press a
+        // button.
         return 0;
     }
     return VControl::DefaultProc(hWnd, uMessage, wParam, lParam);
 }
 
-// By way of a posted command, as every key.
+// Posts the command of a typed character. All keys arrive as commands.
 bool QMCalculator::TakeCharacter(WPARAM uCharacter)
 {
     const UINT uCommand = CommandOf(uCharacter);
@@ -136,7 +137,7 @@ void QMCalculator::TakeAccelerators()
 void QMCalculator::GiveBackAccelerators()
 {
     VWindow* pMain = GetMainWindow();
-    // A document that came up meanwhile has set its own.
+    // A document that was opened in the meantime has set accelerators of its own.
     if (pMain != nullptr && pMain->GetAccelerators() == m_hAccel) {
         pMain->SetAccelerators(m_hSavedAccel);
     }
@@ -161,7 +162,7 @@ LRESULT QMCalculator::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARA
             break;
         case WM_CTLCOLORSTATIC:
             if (GetDlgCtrlID(reinterpret_cast<HWND>(lParam)) == IDC_CALC_DISPLAY) {
-                // Read-only as it is, it looks like a field.
+                // The field is read-only, but is painted like one that is not.
                 SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOW));
                 SetTextColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_WINDOWTEXT));
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
@@ -178,7 +179,7 @@ LRESULT QMCalculator::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARA
 
 void QMCalculator::OnDestroy()
 {
-    // Not every system deactivates a window before it destroys it.
+    // Wine 8 does not deactivate a window before it destroys it.
     GiveBackAccelerators();
 }
 
@@ -219,13 +220,13 @@ void QMCalculator::RestorePlace()
 
 void QMCalculator::MoveTo(int nLeft, int nTop)
 {
-    // Far beyond any screen, and still safe to add up.
+    // Far outside any screen, and small enough that sums do not overflow.
     constexpr int nLimit = 100000;
     nLeft = std::clamp(nLeft, -nLimit, nLimit);
     nTop = std::clamp(nTop, -nLimit, nLimit);
     const VRect window = GetWindowRect();
     const RECT place = {nLeft, nTop, nLeft + window.GetWidth(), nTop + window.GetHeight()};
-    // Where no screen is any more, nobody would find it.
+    // A place outside all screens is not used: the user could not find the window.
     if (MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr) {
         SetWindowPos(GetHandle(), nullptr, nLeft, nTop, 0, 0,
                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -235,8 +236,8 @@ void QMCalculator::MoveTo(int nLeft, int nTop)
 void QMCalculator::NotePlace()
 {
     const VRect window = GetWindowRect();
-    // Windows tells of the place when the window is shown, too, and of one far off while it is
-    // minimized.
+    // WM_MOVE also comes when the window is shown, and, with a place far outside the screen, when
+    // it is minimized.
     if (IsIconic(GetHandle()) || (window.left == m_place.x && window.top == m_place.y)) {
         return;
     }

@@ -1,4 +1,4 @@
-// QMCalculator: the calculator's window. What it reckons reaches no account.
+// QMCalculator: the window of the calculator. Its results do not reach any account.
 #pragma once
 
 #include <memory>
@@ -12,27 +12,26 @@ class QMCalculator : public VDialog
 {
 public:
     QMCalculator() = default;
-    // The window ends here, while the operations below still are this object's.
     ~QMCalculator() override;
 
     using VDialog::Show;
-    // Opens the window with all numbers reset, where it stood last: the place is kept in a value of
-    // the registry, which is made when it is missing. A window that is open is closed first, so
-    // that there is one at the most. False when the window cannot be made.
+    // Opens the window with all numbers reset, at the place where it was last. A value of the
+    // registry holds the place; it is created when it does not exist. A window that is open is
+    // closed first, so there is never more than one. Returns false when the window cannot be made.
     bool Show(HWND hParent, HKEY hRootKey, const char* szKeyPath, const char* szValueName);
 
-    // Whether the window is the active one of this thread.
+    // Whether the calculator is the active window of this thread.
     bool IsActive() const { return IsValid() && GetActiveWindow() == GetHandle(); }
 
     bool OnInitDialog() override;
-    // Keys come as commands, from wherever they were pressed.
+    // Every key arrives here as a command, whether it was clicked or typed.
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
     bool OnPaint(VDrawingSurface& surface) override;
     void OnDestroy() override;
 
 private:
-    // A control that hands what is typed on to the calculator.
+    // A control that passes typed characters on to the calculator.
     class Control : public VControl
     {
     public:
@@ -57,9 +56,9 @@ private:
     QMCalculatorEngine m_engine;
     std::vector<std::unique_ptr<Control>> m_apControls;
     HACCEL m_hAccel = nullptr;      // loaded at the first Show
-    HACCEL m_hSavedAccel = nullptr; // the main window's, while the calculator is active
+    HACCEL m_hSavedAccel = nullptr; // those of the main window while the calculator is active
     HKEY m_hRootKey = nullptr;
     VString m_sKeyPath;
     VString m_sValueName;
-    POINT m_place = {}; // on the screen, as noted last
+    POINT m_place = {}; // on the screen, as it was stored last
 };

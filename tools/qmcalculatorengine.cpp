@@ -7,7 +7,7 @@
 
 namespace {
 
-// m_nDecimal with all the digits behind the point that there can be.
+// The value of m_nDecimal when no more digits fit after the point.
 constexpr uint32_t uAllDecimals = 15;
 
 double PowerOfTen(uint32_t uExponent)
@@ -20,7 +20,8 @@ double PowerOfTen(uint32_t uExponent)
     return dResult;
 }
 
-// Of the size of a 32-bit integer and without a fraction; not a number is neither.
+// Whether a number has no fraction and fits into a 32-bit integer. It is false for what is not a
+// number.
 bool IsWhole(double dNumber)
 {
     return dNumber > -2147483649.0 && dNumber < 2147483648.0 &&
@@ -63,7 +64,7 @@ bool QMCalculatorEngine::Press(int32_t nCommand)
 
 // ---- Entering a number.
 
-// What a digit and the point do first.
+// Begins a new entry where a digit or the point does so.
 void QMCalculatorEngine::BeginEntry()
 {
     if (m_bNewEntry) {
@@ -134,7 +135,7 @@ void QMCalculatorEngine::ApplyPending()
             m_dAccumulator *= m_dEntry;
             break;
         case IDM_CALC_DIVIDE:
-            // A division by 0 is passed over without a word.
+            // A division by 0 divides by 1 instead and says nothing.
             m_dAccumulator /= m_dEntry == 0 ? 1 : m_dEntry;
             break;
         default:
@@ -171,8 +172,8 @@ bool QMCalculatorEngine::PressEditing(int32_t nCommand)
     }
 }
 
-// Kept: the key works by way of the text, whose last character may be the point of a whole number,
-// and the number of places stays.
+// Kept: the key removes the last character of the text, which may be the point of a whole number.
+// The number of decimals does not change.
 void QMCalculatorEngine::PressBack()
 {
     if (m_bEquals || m_bNewEntry || m_dEntry == 0 || m_strDisplay.IsEmpty()) {
@@ -197,7 +198,7 @@ void QMCalculatorEngine::ClearAll()
     ShowEntry();
 }
 
-// ---- The memory, which takes the entry, never the result on show.
+// ---- The memory. It takes the entry, never the result on show.
 
 bool QMCalculatorEngine::PressMemory(int32_t nCommand)
 {
@@ -224,12 +225,12 @@ bool QMCalculatorEngine::PressMemory(int32_t nCommand)
 
 void QMCalculatorEngine::Show(double dNumber)
 {
-    // The largest number has 309 digits before its point.
+    // A double has at most 309 digits before its point, so the text fits.
     char szText[352];
     if (m_nDecimal > 1 && m_nDecimal <= uAllDecimals) {
         snprintf(szText, sizeof szText, "%0.*f", static_cast<int>(m_nDecimal) - 1, dNumber);
     } else {
-        // The point at the end is the sign of a whole number.
+        // A whole number is shown with a point at its end.
         snprintf(szText, sizeof szText, IsWhole(dNumber) ? "%g." : "%g", dNumber);
     }
     m_strDisplay = szText;

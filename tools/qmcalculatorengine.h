@@ -1,8 +1,7 @@
-// QMCalculatorEngine: the calculator's arithmetic, apart from its window.
+// QMCalculatorEngine: the arithmetic of the calculator, without its window.
 //
-// Keys are the commands of the calculator's window (IDM_CALC_). An operator waits in
-// m_nPendingOp until the next one or "=" applies it. The text on show is made of a number each
-// time; nobody edits it.
+// Keys are the commands of the calculator's window (IDM_CALC_). An operator waits in m_nPendingOp
+// until the next operator or "=" applies it. The text on show is made from a number each time.
 #pragma once
 
 #include <cstdint>
@@ -14,11 +13,11 @@ class QMCalculatorEngine
 public:
     QMCalculatorEngine();
 
-    // Carries out a key. False for a command that is none of the keys; nothing changes then.
+    // Carries out a key. Returns false, and changes nothing, when the command is not that of a key.
     bool Press(int32_t nCommand);
 
     const VString& GetDisplay() const { return m_strDisplay; }
-    // Whether the memory holds anything but 0.
+    // Whether the memory holds a number other than 0.
     bool HasMemory() const { return m_dMemory != 0; }
 
     double GetAccumulator() const { return m_dAccumulator; }
@@ -38,15 +37,14 @@ private:
     void ShowEntry() { Show(m_dEntry); }
     void Show(double dNumber);
 
-    double m_dAccumulator = 0; // left operand and result
-    double m_dEntry = 0;       // the number being entered; the right operand
+    double m_dAccumulator = 0; // the left operand, and the result
+    double m_dEntry = 0;       // the number that is being entered; the right operand
     double m_dMemory = 0;
-    // 0 while whole digits are entered, 1 once the point was pressed, and one more for each digit
-    // behind the point.
+    // 0 before the point was pressed, 1 after it, and one more for each digit after the point.
     uint32_t m_nDecimal = 0;
-    // A command; one that is no operator makes the entry the result.
+    // The command of the pending operator. One that is no operator makes the entry the result.
     int32_t m_nPendingOp;
-    bool m_bNewEntry = false; // a result is on show: a digit or a point begins a new entry
+    bool m_bNewEntry = false; // a result is on show, and the next digit or point begins a new entry
     bool m_bEquals = false;   // the last operator key was "="
     VString m_strDisplay;
 };

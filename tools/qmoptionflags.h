@@ -1,4 +1,5 @@
-// The options' flag words, box by box, and what the "Defaults..." buttons set.
+// The flag words of the options: which check box is which bit, and what the "Defaults..." buttons
+// set.
 #pragma once
 
 #include <cstdint>
@@ -14,10 +15,10 @@ struct QMOptionBox
 std::span<const QMOptionBox> QMGeneralOptionBoxes();
 std::span<const QMOptionBox> QMPrintingOptionBoxes();
 
-// Kept: a first start shows no splash screen a second time (its word is 11), while the button turns
-// it on.
+// Kept: the buttons set 15, which shows the splash screen. The value of a first start is 11, which
+// does not.
 inline constexpr uint32_t QM_DEFAULT_GENERAL_OPTIONS = 15;
 inline constexpr uint32_t QM_DEFAULT_PRINTING_OPTIONS = 3;
-// 0x00BBGGRR
+// Colours are 0x00BBGGRR.
 inline constexpr uint32_t QM_DEFAULT_BALANCE_POSITIVE = 0x85AD4B;
 inline constexpr uint32_t QM_DEFAULT_BALANCE_NEGATIVE = 0x2842C9;

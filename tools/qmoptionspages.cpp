@@ -68,7 +68,8 @@ void QMDisplayOptionsPage::ShowFontName()
 void QMDisplayOptionsPage::SetSwatch(Swatch& swatch, COLORREF crColor)
 {
     swatch.crColor = crColor;
-    // The high byte would make it another kind of colour, and a stored word may hold anything.
+    // A high byte would make it a palette index or another kind of colour, and a stored value may
+    // hold anything.
     swatch.brush.Create(crColor & 0xFFFFFF);
     InvalidateRect(GetItem(swatch.nControl), nullptr, TRUE);
 }

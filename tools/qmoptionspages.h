@@ -1,23 +1,22 @@
-// The pages of the sheet "Options". Each works on copies, which who runs the sheet takes when it
-// ended by OK.
+// The pages of the sheet "Options". They work on copies. The caller of the sheet takes these when
+// the sheet has ended by OK.
 #pragma once
 
 #include "toolkit/vgdiobjects.h"
 #include "toolkit/vpropertypage.h"
 #include "tools/qmoptionflags.h"
 
-// A page of check boxes over one flag word.
+// A page of check boxes for the bits of one flag word.
 class QMFlagOptionsPage : public VPropertyPage
 {
 public:
-    // The window ends here, while the operations below still are this object's.
     ~QMFlagOptionsPage() override { Detach(); }
 
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
     bool OnInitDialog() override;
     bool OnOK() override;
 
-    // Bits without a box stay as they are.
+    // The flag word. Bits that have no check box are as they were.
     uint32_t GetFlags() const { return m_uFlags; }
 
 protected:
@@ -54,11 +53,11 @@ public:
 class QMDisplayOptionsPage : public VPropertyPage
 {
 public:
-    // The colours of a balance's text.
+    // The colours are those of a balance's text.
     QMDisplayOptionsPage(COLORREF crPositive, COLORREF crNegative);
     ~QMDisplayOptionsPage() override { Detach(); }
 
-    // Gives the page the font of the register on top. Without one the font cannot be chosen.
+    // Gives the page the font of the active register. Without a font its button is disabled.
     void SetFont(const LOGFONTA& font, COLORREF crText);
 
     const LOGFONTA& GetFont() const { return m_font; }
@@ -87,7 +86,7 @@ private:
 
     LOGFONTA m_font = {};
     COLORREF m_crFont = 0;
-    bool m_bHasFont = false; // a register supplied it
+    bool m_bHasFont = false; // true when a register gave it
     Swatch m_positive;
     Swatch m_negative;
 };
