@@ -5,7 +5,7 @@
 
 namespace {
 
-// One list with its heads, rows and closing lines.
+// List: one list with its headings, rows and totals.
 class List
 {
 public:
@@ -161,7 +161,7 @@ bool QMDrawFlagReport(QMReportPage& page, const QMReportRows& selected, uint32_t
     List list(page, pInfo->bDebitCredit);
     list.DrawHeads();
     for (const QMTransaction* pTransaction : selected) {
-        // A voided transaction is listed among the voided ones only, whatever other tag it carries.
+        // A voided transaction is listed only among the voided ones, whatever other tag it has.
         const bool bHidden =
             uKind != QM_REPORT_VOIDED && pTransaction->HasFlag(QM_TRANS_FLAG_VOIDED);
         if (pTransaction->HasFlag(pInfo->uFlag) && !bHidden) {

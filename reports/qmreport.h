@@ -1,5 +1,5 @@
-// QMReport: a report on an account: which transactions it lists and how it is drawn, the same for
-// the screen, the printer and qmktool.
+// QMReport: a report on an account: which transactions it lists and how it is drawn. The screen,
+// the printer and qmktool all use it.
 #pragma once
 
 #include <cstdint>
@@ -13,31 +13,31 @@
 class QMReport
 {
 public:
-    // The account is the report's own copy, which must outlive it: running a report puts its
-    // transactions in another order.
+    // The account must be the report's own copy and live longer than the report: running a report
+    // reorders its transactions.
     explicit QMReport(QMAccountData& account) : m_account(account) {}
 
-    // Both days belong to the range.
+    // Sets the range of dates. Both days belong to it.
     void SetRange(const QMDate& dtFrom, const QMDate& dtTo);
     const QMDate& GetFrom() const { return m_dateFrom; }
     const QMDate& GetTo() const { return m_dateTo; }
 
-    // The type, or the text, that a report of kinds 1 to 4 is about; QM_REPORT_ALL_GROUPS for all.
+    // The type, or the text, for a report of the kinds 1 to 4; QM_REPORT_ALL_GROUPS for all.
     void SetGroup(const char* szGroup) { m_szGroup = szGroup; }
 
-    // Selects the transactions of the range and measures the report. The page comes in with its
-    // width and leaves higher by the report's height. False for an unknown kind, for a date with a
-    // part of 0, for a report that is higher than 2^31 pixels, and without memory.
+    // Selects the transactions of the range and measures the report. page gives the width; its
+    // height grows by that of the report. Returns false for an unknown kind, for a date with a part
+    // of 0, for a report higher than 2^31 pixels, and when memory ran out.
     bool Measure(uint32_t uKind, QMReportSurface& surface, VRect& page, const VRect& margins);
 
-    // Draws what Measure measured, on the same surface and with the same page and margins. The
-    // surface is left as it was found.
+    // Draws what Measure has measured. Surface, page and margins must be the same. The surface is
+    // left as it was.
     bool Draw(QMReportSurface& surface, const VRect& page, const VRect& margins);
 
     const QMReportLayout& GetLayout() const { return m_layout; }
     const QMReportRows& GetSelected() const { return m_selected; }
 
-    // The lines of the report, from below the top margin to its end.
+    // The number of lines of the report, from below the top margin to its end.
     int32_t GetLineCount() const { return m_lLines; }
 
 private:

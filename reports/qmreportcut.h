@@ -1,15 +1,15 @@
-// How a report's one tall picture is cut into pages: between lines, and with nothing repeated.
+// Cuts the picture of a report into pages, between lines. Nothing is repeated on a page.
 #pragma once
 
 #include <cstdint>
 
 struct QMReportCut
 {
-    int32_t lStep = 0;  // pixels of the report that a page holds: whole lines
+    int32_t lStep = 0;  // pixels of the report on a page: a number of whole lines
     int32_t lPages = 0; // the last one may be empty
 };
 
-// False when not one line fits on a page of lPrintable pixels.
+// Returns false when not even one line fits on a page of lPrintable pixels.
 inline bool QMCutReport(int32_t lHeight, int32_t lPrintable, int32_t lLineHeight, QMReportCut& cut)
 {
     if (lLineHeight <= 0 || lPrintable < lLineHeight) {

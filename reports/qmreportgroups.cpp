@@ -60,7 +60,7 @@ std::vector<std::string> QMCollectGroups(const QMTransactionStore& store, uint32
         }
         return names.size() < static_cast<size_t>(lLimit);
     });
-    // No two of them are equal, so any sort gives the one order.
+    // No two names are equal, so every sort gives the same order.
     std::sort(names.begin(), names.end(), [](const std::string& sA, const std::string& sB) {
         return VCompareNoCase(sA.c_str(), sB.c_str()) < 0;
     });
@@ -84,7 +84,7 @@ void QMReportGroups::DistributeByType(const QMReportRows& selected)
 {
     const int32_t lType = LookupTypeName(m_names[0].c_str());
     for (const QMTransaction* pTransaction : selected) {
-        // A damaged file may hold the type -1, which stands for no name here.
+        // A damaged file may hold the type -1, which is not the type of any group.
         if (lType >= 0 && pTransaction->lType == lType &&
             !pTransaction->HasFlag(QM_TRANS_FLAG_VOIDED)) {
             m_rows[0].push_back(pTransaction);

@@ -1,5 +1,4 @@
-// QMReportGroups: the groups of a report, and which of the selected transactions each of them
-// holds.
+// QMReportGroups: the groups of a report, and the selected transactions in each of them.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +7,9 @@
 
 #include "account/qmtransactionstore.h"
 
-// The texts of a field (QMFieldKind) as QMTransactionStore::FillEditList would put them into a
-// list that is sorted ascending, without duplicates, ignoring case: the same texts in the same
-// order. A list compares each text with all it holds; here that many groups cost no more than few.
+// The texts of a field (a QMFieldKind), with the same result as QMTransactionStore::FillEditList
+// for a list with QM_EDIT_ALPHABETICAL. Such a list compares each text with all others; this takes
+// no longer for many groups than for few.
 std::vector<std::string> QMCollectGroups(const QMTransactionStore& store, uint32_t uField,
                                          int32_t lLimit);
 
@@ -19,12 +18,12 @@ using QMReportRows = std::vector<const QMTransaction*>;
 class QMReportGroups
 {
 public:
-    // The groups that a report of uKind has with szGroup chosen: of the transactions' types or of
-    // the texts of a field. Texts come from the whole store, in range or not.
+    // Finds the groups of a report of uKind for the choice szGroup: types, or texts of a field.
+    // Texts come from the whole store, inside and outside the range.
     QMReportGroups(const QMTransactionStore& store, uint32_t uKind, const char* szGroup);
 
-    // Puts each transaction into its group, in one walk; voided ones stand in none. The rows must
-    // outlive this.
+    // Puts each transaction into its group, in one walk. Voided ones get into none. The rows must
+    // live longer than this object.
     void Distribute(const QMReportRows& selected);
 
     size_t GetCount() const { return m_names.size(); }

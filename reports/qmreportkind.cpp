@@ -8,7 +8,7 @@ namespace {
 
 constexpr uint32_t uNoField = QM_FIELD_COUNT;
 
-// In the order of the kinds.
+// The reports in the order of their kinds.
 constexpr QMReportInfo aReports[] = {
     {"Statement of Account", QMReportDrawer::Statement, false, 0, uNoField, 0},
     {"Transaction Type", QMReportDrawer::Grouped, false, 0, uNoField, 0},

@@ -16,13 +16,13 @@ enum QMReportKind : uint32_t
     QM_REPORT_NOT_CLEARED = 8,
     QM_REPORT_KIND_COUNT = 9,
 };
-// No row of the list of reports is selected.
+// No report is selected.
 inline constexpr uint32_t QM_REPORT_NONE = 0xFFFFFFFF;
 
-// The group that stands for all texts of the account.
+// The choice of all groups.
 inline constexpr char QM_REPORT_ALL_GROUPS[] = "All";
 
-// How many earlier texts a report takes for groups, and how many a list offers to choose from.
+// The most texts that a report takes for groups, and the most that the dialog offers.
 inline constexpr int32_t QM_REPORT_GROUP_LIMIT = 1000;
 inline constexpr int32_t QM_REPORT_CHOICE_LIMIT = 50;
 
@@ -38,13 +38,13 @@ struct QMReportInfo
     const char* szName;
     QMReportDrawer drawer;
     bool bDebitCredit;      // two columns for amounts instead of one
-    uint32_t uFlag;         // of those that a flag report lists
-    uint32_t uField;        // QMFieldKind of the texts that make groups
-    uint32_t uCompareLimit; // characters of a group's text that count
+    uint32_t uFlag;         // the flag of the transactions that a flag report lists
+    uint32_t uField;        // the QMFieldKind of the texts that make groups
+    uint32_t uCompareLimit; // how many characters of a group's text count
 };
 
-// Null for a value outside the table.
+// The description of a report; null for an unknown kind.
 const QMReportInfo* QMGetReportInfo(uint32_t uKind);
 
-// Whether the report's groups are texts of a field: those of kind type are not.
+// Whether the groups of a report are texts of a field. Those of the type report are not.
 bool QMReportHasTextGroups(uint32_t uKind);

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Pixels between columns, and in front of a total's column.
+// Pixels between columns, and before the column of a total.
 constexpr int32_t lGap = 10;
 constexpr int32_t lTotalGap = 25;
 

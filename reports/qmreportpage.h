@@ -1,5 +1,5 @@
-// QMReportPage: one pass over a report, measuring or drawing, with the drawing rules that all
-// reports share: the columns, the head lines, the shading of rows, the rules above totals.
+// QMReportPage: one pass over a report, to measure or to draw. It has the rules of drawing that all
+// reports share: the columns, the headings, the shading of rows, the lines above totals.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 inline constexpr int32_t QM_REPORT_SCREEN_WIDTH = 651;
 inline constexpr int32_t QM_REPORT_SCREEN_MARGIN = 15;
 
-// What a report measured of its texts, in pixels.
+// The sizes of a report's texts, in pixels.
 struct QMReportLayout
 {
     int32_t lLineHeight = 0;
@@ -27,8 +27,8 @@ struct QMReportLayout
 class QMReportPage
 {
 public:
-    // Page, margins and layout must outlive this. Without bDraw nothing is drawn, and y moves in
-    // exactly the same way.
+    // page, margins and layout must live longer than this object. Without bDraw nothing is drawn,
+    // but y moves in the same way.
     QMReportPage(QMReportSurface& surface, QMReportLayout& layout, const VRect& page,
                  const VRect& margins, bool bDraw);
 
@@ -36,20 +36,20 @@ public:
     QMReportLayout& GetLayout() { return m_layout; }
     bool IsDrawing() const { return m_bDraw; }
 
-    // The running vertical position: it grows in whole lines only, but for the top margin.
+    // The present vertical position. It grows by whole lines, except for the top margin.
     int64_t GetY() const { return m_y; }
     void StartBelowTop() { m_y += m_lTop; }
     void MoveDown(int32_t lLines) { m_y += int64_t{m_layout.lLineHeight} * lLines; }
 
-    // What follows draws, all at the present line, with the font and the pen that are chosen;
-    // measuring passes do nothing here.
+    // Everything below draws in the present line with the chosen font and pen. A pass that measures
+    // draws nothing.
 
-    // The width and height are the text's own.
+    // Draws a title. Returns the width and height of its text.
     QMReportExtent Title(std::string_view text, int32_t lIndent = 0);
     void FrameTitle(int32_t lHeight);
-    // Left aligned at the left margin, or so many pixels behind it.
+    // Draws a text at the left margin, or lIndent pixels to the right of it.
     void Label(std::string_view text, int32_t lIndent = 0);
-    // Right aligned, as wide as the text, ending lInset pixels before the right margin.
+    // Draws a text that ends lInset pixels before the right margin.
     QMReportExtent Total(std::string_view text, int32_t lInset = 0);
     // The rule below the head line of a report.
     void HeadRule(int32_t lTextHeight);
@@ -66,7 +66,7 @@ public:
         AmountColumn(text, m_layout.lCreditWidth, m_layout.lDebitWidth);
     }
     void Credit(std::string_view text) { AmountColumn(text, 0, m_layout.lCreditWidth); }
-    // The sign of a line of the summary, in front of the amount.
+    // The sign before the amount of a line of the summary.
     void Sign(std::string_view text);
 
     // The row of a section that has none.
@@ -74,7 +74,7 @@ public:
     // The rule above a total.
     void TotalRule(bool bDebitCredit);
 
-    // Fills the row of an even number and gives its texts that background; the odd ones stay white.
+    // Shades a row with an even number and its texts. Rows with odd numbers stay white.
     void ShadeRow(int64_t nRow);
     void EndRow();
 
@@ -91,6 +91,6 @@ private:
     int32_t m_lTop;
     bool m_bDraw;
     int64_t m_y = 0;
-    uint32_t m_crBackground; // as it was before the pass
+    uint32_t m_crBackground; // that of the surface before the pass
     bool m_bShaded = false;
 };

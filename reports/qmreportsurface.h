@@ -1,7 +1,7 @@
-// QMReportSurface: what a report draws on, and no more than reports need. The program draws on
-// bitmaps, qmktool on PDF pages and lines of text, the tests on a list of what was drawn.
+// QMReportSurface: what a report draws on, with no more than reports need. The program draws on
+// bitmaps, qmktool on PDF pages and lines of text, and the tests on a list of drawing calls.
 //
-// Coordinates are pixels of the screen from the top left, colours 0x00BBGGRR.
+// Coordinates are pixels of the screen from the top left; colours are 0x00BBGGRR.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 enum class QMReportFont
 {
-    Standard, // what the surface had before the report came
+    Standard, // the one of the surface before the report
     Normal,
     Bold,
 };
@@ -25,7 +25,7 @@ enum class QMReportPen
 inline constexpr uint32_t QM_REPORT_RULE_COLOR = 0x404040;
 inline constexpr uint32_t QM_REPORT_SHADE_COLOR = 0xEBEBEB;
 
-// Where a text stands in its rectangle. The values are the platform's flags for a single line,
+// Where a text is in its rectangle. The values are the DT_ flags of Windows for a single line,
 // vertically centred, without prefix characters.
 enum class QMReportAlign : uint32_t
 {
@@ -53,31 +53,32 @@ public:
     QMReportSurface& operator=(const QMReportSurface&) = delete;
     virtual ~QMReportSurface() = default;
 
-    // Choose what is drawn with from now on; return what was chosen before.
+    // Choose the font or the pen for everything that follows. Return the one that was chosen
+    // before.
     virtual QMReportFont SelectFont(QMReportFont font) = 0;
     virtual QMReportPen SelectPen(QMReportPen pen) = 0;
 
     // The size of a text in the chosen font.
     virtual QMReportExtent TextExtent(std::string_view text) = 0;
 
-    // One line of text in a rectangle. Nothing is cut off: a text that is wider runs on.
+    // Draws one line of text in a rectangle. A text that is too wide runs over its edge.
     virtual void PutText(std::string_view text, const VRect& rect, QMReportAlign align) = 0;
 
-    // A straight line; its end point is not drawn.
+    // Draws a straight line up to its end point, which is not drawn.
     virtual void PutLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2) = 0;
 
-    // The sides of a rectangle that the mask names: 1 left, 2 top, 4 right (one pixel inside),
-    // 8 bottom (on the edge itself).
+    // Draws sides of a rectangle: 1 left, 2 top, 4 right (one pixel inside), 8 bottom (on the edge
+    // itself).
     virtual void PutEdges(const VRect& rect, uint32_t uMask) = 0;
 
     virtual void PutFill(const VRect& rect, uint32_t crColor) = 0;
 
-    // The colour behind texts; setting it returns what it was.
+    // The background colour of texts. SetBkColor returns the former one.
     virtual uint32_t GetBkColor() = 0;
     virtual uint32_t SetBkColor(uint32_t crColor) = 0;
 };
 
-// Choose a font or a pen until their own end. Scopes nest strictly.
+// Choose a font or a pen until their end. Scopes must end in the reverse order of their beginning.
 class QMReportFontScope
 {
 public:

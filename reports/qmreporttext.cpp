@@ -20,7 +20,7 @@ QMReportText& QMReportText::Add(std::string_view text)
 QMReportText& QMReportText::AddAmount(double dAmount)
 {
     if (std::isnan(dAmount)) {
-        // The sign of such a sum is the compiler's choice and would differ from build to build.
+        // The sign of a sum that is not a number depends on the compiler. So none is written.
         return Add("nan");
     }
     char szAmount[400];
@@ -63,7 +63,8 @@ void QMAddTotal(QMReportText& text, double dTotal)
 {
     char szRounded[400];
     QMFormatMoney(dTotal, 0, szRounded, sizeof szRounded);
-    // Amounts that cancel out may leave a trace below zero, which rounds to a zero with a sign.
+    // Amounts that cancel each other may leave a trace below zero, which rounds to a zero with a
+    // sign.
     const double dRounded = std::isfinite(dTotal) ? VParseDouble(szRounded) + 0.0 : dTotal;
     if (dRounded < 0) {
         text.Add("(").AddAmount(-dRounded).Add(")");

@@ -1,5 +1,4 @@
-// The texts of reports: amounts, dates and numbers as they are printed, built without an
-// allocation.
+// QMReportText: builds the texts of reports, amounts, dates and numbers, without allocating memory.
 #pragma once
 
 #include <cstddef>
@@ -11,32 +10,31 @@
 class QMReportText
 {
 public:
-    // "%0.2f"; a double of any size fits.
+    // Adds a number as "%0.2f" does. Every double fits.
     QMReportText& AddAmount(double dAmount);
-    // "%d"
+    // Adds a number as "%d" does.
     QMReportText& AddInteger(int64_t nNumber) { return AddNumber(nNumber, 0); }
-    // "%2d/%2d/%2d" of month, day and the full year
+    // Adds month, day and full year as "%2d/%2d/%2d" does.
     QMReportText& AddDate(const QMDate& date);
     QMReportText& Add(std::string_view text);
-    // "s", unless the count is exactly 1.
+    // Adds "s" unless the count is 1.
     QMReportText& AddPlural(int64_t nCount);
-    // "%*d"
+    // Adds a number as "%*d" does.
     QMReportText& AddNumber(int64_t nNumber, int nWidth);
 
     std::string_view Get() const { return {m_szText, m_uLength}; }
 
 private:
-    // Two fields of a transaction and all that is put around them; more is cut.
+    // Room for two fields of a transaction and everything around them. More is cut off.
     static constexpr size_t uSize = 1024;
 
     size_t m_uLength = 0;
     char m_szText[uSize];
 };
 
-// The text of a transaction's row: its description column with "   (voided)" where it applies, and
-// with bMemo the memo, if there is one, behind " - ".
+// The text of a row: the description column, with " (voided)" for a voided transaction. With bMemo,
+// " - " and the memo follow, if there is one.
 void QMAddRowText(QMReportText& text, const QMTransaction& transaction, bool bMemo);
 
-// The total of a list as it is drawn: rounded to cents first, in parentheses when it is then below
-// 0.
+// The total of a list, rounded to cents. When it is below 0 then, it is in parentheses.
 void QMAddTotal(QMReportText& text, double dTotal);

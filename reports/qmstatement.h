@@ -1,5 +1,5 @@
-// QMStatement: the report that a user holds against the bank's paper statement. It goes by the day
-// on which a transaction was cleared.
+// QMStatement: the report that a user compares with the bank's statement. Its dates are the days on
+// which transactions were cleared.
 #pragma once
 
 #include "reports/qmreportgroups.h"
@@ -17,10 +17,10 @@ enum QMSummaryRow : int32_t
     QM_SUMMARY_ROW_COUNT = 6,
 };
 
-// What the details list apart.
+// The sections of the details.
 enum class QMStatementGroup : int32_t
 {
-    None = -1, // a type outside the table
+    None = -1, // an unknown type
     Deposits = 0,
     Checks = 1,
     OtherWithdrawals = 2,
@@ -34,21 +34,22 @@ QMStatementGroup QMStatementGroupOf(int32_t lType);
 class QMStatement
 {
 public:
-    // The store is in the order of the dates cleared, and the selected are those of it that were
-    // cleared in the range. Both must outlive this.
+    // The store must be in the order of the dates cleared. selected holds its transactions that
+    // were cleared in the range. Both must live longer than this object.
     QMStatement(const QMTransactionStore& store, const QMReportRows& selected, const QMDate& dtFrom,
                 const QMDate& dtTo);
 
-    // One pass, measuring or drawing. Widens the layout's Amount column to the summary's values, so
-    // the measuring pass must come first. Always true.
+    // One pass, to measure or to draw. It widens the Amount column of the layout for the values of
+    // the summary, so the pass that measures must come first. Always returns true.
     bool Draw(QMReportPage& page) const;
 
     double GetValue(QMSummaryRow row) const { return m_aValue[row]; }
-    // Those that count in the summary, which is less than the rows where voided ones are cleared.
+    // How many transactions count in the summary. Voided transactions that are cleared have rows
+    // but do not count.
     int32_t GetCount(QMStatementGroup group) const;
 
 private:
-    // A section of its own: how its titles read and what it lists.
+    // A section: its titles, and what it lists.
     struct Section
     {
         const char* szName;
@@ -65,7 +66,7 @@ private:
     void DrawDetails(QMReportPage& page) const;
     void DrawSection(QMReportPage& page, const Section& section) const;
     void DrawWithdrawals(QMReportPage& page) const;
-    // The rows below their heads; the sum is made where it is drawn, in the drawing pass.
+    // Draws the rows. Returns their sum, which only the pass that draws works out.
     double DrawRows(QMReportPage& page, QMStatementGroup group) const;
     void DrawSubsection(QMReportPage& page, QMStatementGroup group, const char* szName) const;
     void DrawCountTitle(QMReportPage& page, const char* szName, int32_t lCount) const;
