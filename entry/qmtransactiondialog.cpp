@@ -1,5 +1,7 @@
 #include "entry/qmtransactiondialog.h"
 
+#include <algorithm>
+
 #include "account/qmdate_win.h"
 #include "resources/resource.h"
 #include "toolkit/vmessages.h"
@@ -55,11 +57,18 @@ QMDate DateOf(const VDatePicker& picker)
     return QMMakeDate(time.wYear, time.wMonth, time.wDay);
 }
 
-// Only year, month and day are passed on: the other fields of a record may hold anything, and
-// DTM_SETSYSTEMTIME refuses an impossible time of day.
-void ShowDate(VDatePicker& picker, const QMDate& date)
+// Gives the control a date. One that it refuses is shown as the last day of its month, or else as
+// today.
+void SetPicker(VDatePicker& picker, const QMDate& date)
 {
-    picker.SetDate(QMToSystemTime(QMMakeDate(date.wYear, date.wMonth, date.wDay)));
+    constexpr uint16_t wShortestMonth = 28;
+    bool bShown = picker.SetDate(QMToSystemTime(date));
+    for (uint16_t wDay = std::min<uint16_t>(date.wDay, 32); !bShown && wDay-- > wShortestMonth;) {
+        bShown = picker.SetDate(QMToSystemTime(QMMakeDate(date.wYear, date.wMonth, wDay)));
+    }
+    if (!bShown) {
+        picker.SetDate(QMToSystemTime(QMToday()));
+    }
 }
 
 void FillList(VComboBox& combo, const QMEditList& list)
@@ -71,6 +80,19 @@ void FillList(VComboBox& combo, const QMEditList& list)
 }
 
 } // namespace
+
+QMDate QMTransactionDialog::DateField::Read()
+{
+    return m_kept.Read(DateOf(m_picker));
+}
+
+void QMTransactionDialog::DateField::Show(const QMDate& date)
+{
+    // A record's other fields may hold anything, and the control looks at them.
+    const QMDate dtDay = QMMakeDate(date.wYear, date.wMonth, date.wDay);
+    SetPicker(m_picker, dtDay);
+    m_kept.Show(dtDay, DateOf(m_picker));
+}
 
 INT_PTR QMTransactionDialog::DoModal(HWND hParent, QMTransactionDialogArgs& args)
 {
@@ -117,8 +139,8 @@ bool QMTransactionDialog::AttachControls()
     return m_cboDescription.Attach(GetItem(IDC_TX_DESCRIPTION)) &&
            m_cboMemo.Attach(GetItem(IDC_TX_MEMO)) &&
            m_cboCategory.Attach(GetItem(IDC_TX_CATEGORY)) &&
-           m_dtpDate.Attach(GetItem(IDC_TX_DATE)) &&
-           m_dtpCleared.Attach(GetItem(IDC_TX_DATECLEARED));
+           m_dateField.m_picker.Attach(GetItem(IDC_TX_DATE)) &&
+           m_clearedField.m_picker.Attach(GetItem(IDC_TX_DATECLEARED));
 }
 
 void QMTransactionDialog::ShowButtons()
@@ -236,18 +258,18 @@ LRESULT QMTransactionDialog::OnNotify(UINT uId, NMHDR* pHeader)
 
 void QMTransactionDialog::OnDateChange(UINT uId)
 {
-    const QMDate dtDate = DateOf(m_dtpDate);
-    const QMDate dtCleared = DateOf(m_dtpCleared);
+    const QMDate dtDate = m_dateField.Read();
+    const QMDate dtCleared = m_clearedField.Read();
     if (uId == IDC_TX_DATE) {
-        ShowDate(m_dtpCleared, m_entry->ClearedDateFor(dtDate, dtCleared));
+        m_clearedField.Show(m_entry->ClearedDateFor(dtDate, dtCleared));
     } else if (uId == IDC_TX_DATECLEARED) {
-        ShowDate(m_dtpDate, QMTransactionEntry::DateFor(dtDate, dtCleared));
+        m_dateField.Show(QMTransactionEntry::DateFor(dtDate, dtCleared));
     }
 }
 
 // ---- Between fields and controls.
 
-QMEntryFields QMTransactionDialog::ReadFields() const
+QMEntryFields QMTransactionDialog::ReadFields()
 {
     QMEntryFields fields;
     for (const auto& type : aTypes) {
@@ -257,8 +279,8 @@ QMEntryFields QMTransactionDialog::ReadFields() const
     }
     fields.sNumber = GetItemText(IDC_TX_NUMBER);
     fields.sDescription = GetItemText(IDC_TX_DESCRIPTION);
-    fields.dtDate = DateOf(m_dtpDate);
-    fields.dtCleared = DateOf(m_dtpCleared);
+    fields.dtDate = m_dateField.Read();
+    fields.dtCleared = m_clearedField.Read();
     fields.sAmount = GetItemText(IDC_TX_AMOUNT);
     fields.sMemo = GetItemText(IDC_TX_MEMO);
     fields.sCategory = GetItemText(IDC_TX_CATEGORY);
@@ -280,8 +302,8 @@ void QMTransactionDialog::ShowFields(const QMEntryFields& fields, bool bWithDate
         CheckButton(type.nId, type.lType == fields.lType ? BST_CHECKED : BST_UNCHECKED);
     }
     if (bWithDates) {
-        ShowDate(m_dtpDate, fields.dtDate);
-        ShowDate(m_dtpCleared, fields.dtCleared);
+        m_dateField.Show(fields.dtDate);
+        m_clearedField.Show(fields.dtCleared);
     }
     SetItemText(IDC_TX_AMOUNT, fields.sAmount.GetText());
     SetItemText(IDC_TX_MEMO, fields.sMemo.GetText());

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "entry/qmentrypictures.h"
+#include "entry/qmkeptdate.h"
 #include "entry/qmtransactionentry.h"
 #include "toolkit/vcombobox.h"
 #include "toolkit/vdatepicker.h"
@@ -29,6 +30,16 @@ public:
     bool OnOK() override;
 
 private:
+    // A control for a date, and the date that is meant in it.
+    struct DateField
+    {
+        QMDate Read();
+        void Show(const QMDate& date);
+
+        VDatePicker m_picker;
+        QMKeptDate m_kept;
+    };
+
     bool AttachControls();
     void ShowButtons();
 
@@ -41,7 +52,7 @@ private:
 
     // Returns false, after a message, when the fields make no valid entry.
     bool Accept();
-    QMEntryFields ReadFields() const;
+    QMEntryFields ReadFields();
     QMEntryBoxes ReadBoxes() const;
     void ShowFields(const QMEntryFields& fields, bool bWithDates);
     void ShowTypeFields(const QMEntryFields& fields);
@@ -54,6 +65,6 @@ private:
     VComboBox m_cboDescription;
     VComboBox m_cboMemo;
     VComboBox m_cboCategory;
-    VDatePicker m_dtpDate;
-    VDatePicker m_dtpCleared;
+    DateField m_dateField;
+    DateField m_clearedField;
 };

@@ -197,3 +197,89 @@ TEST(QMTransactionDialogEdit, ADateThatTheCalendarLacksLeavesTheRestInPlace)
         EXPECT_NE(DateIn(hDialog, IDC_TX_DATE), "2/29/2003");
     });
 }
+
+namespace {
+
+// 29 February is a proper date of any year to a file, but not to the control.
+QMTransaction LeapEntry(const QMDate& dtDate, const QMDate& dtCleared)
+{
+    QMTransaction entry = ProperEntry(QM_TRANS_CHECK, 0);
+    entry.dtDate = dtDate;
+    entry.dtCleared = dtCleared;
+    return entry;
+}
+
+// Runs the dialog on these entries, does the action, and leaves it by OK.
+std::vector<QMTransaction> EditAndAccept(const std::vector<QMTransaction>& entries,
+                                         const ModalDriver::Action& action)
+{
+    EntryArgs args(entries);
+    ModalDriver driver;
+    driver.Next([=](HWND hDialog) {
+        action(hDialog);
+        Press(hDialog, IDOK);
+    });
+    EXPECT_EQ(RunEntryDialog(args), IDOK);
+    return args.entries;
+}
+
+const QMDate dtLeap = QMMakeDate(2023, 2, 29);
+const QMDate dtPlain = QMMakeDate(2023, 3, 5);
+
+} // namespace
+
+TEST(QMTransactionDialogEdit, ADateThatTheCalendarLacksIsShownAsTheLastDayOfItsMonth)
+{
+    InEditDialog({LeapEntry(dtLeap, dtPlain)}, [](HWND hDialog) {
+        EXPECT_EQ(DateIn(hDialog, IDC_TX_DATE), "2/28/2023");
+        EXPECT_EQ(DateIn(hDialog, IDC_TX_DATECLEARED), "3/5/2023");
+    });
+}
+
+TEST(QMTransactionDialogEdit, DatesThatNobodyChangedStayAsTheyWereStored)
+{
+    for (const QMTransaction& given :
+         {LeapEntry(dtLeap, dtPlain), LeapEntry(QMMakeDate(2023, 2, 1), dtLeap),
+          LeapEntry(dtLeap, dtLeap)}) {
+        const QMTransaction left = EditAndAccept({given}, [](HWND) {}).front();
+        EXPECT_TRUE(IsSame(left, given)) << TextOf(left);
+    }
+}
+
+TEST(QMTransactionDialogEdit, DatesThatNobodyChangedStayThroughTheArrows)
+{
+    const std::vector<QMTransaction> given = {
+        LeapEntry(dtLeap, dtLeap), LeapEntry(dtPlain, dtPlain), LeapEntry(dtLeap, dtPlain)};
+    const std::vector<QMTransaction> left = EditAndAccept(given, [](HWND hDialog) {
+        for (const int nArrow : {IDC_TX_NEXT, IDC_TX_NEXT, IDC_TX_FIRST, IDC_TX_LAST}) {
+            Click(hDialog, nArrow);
+        }
+    });
+    for (size_t u = 0; u < given.size(); ++u) {
+        EXPECT_TRUE(IsSame(left[u], given[u])) << u << ": " << TextOf(left[u]);
+    }
+}
+
+TEST(QMTransactionDialogEdit, AChangedDateIsTakenAndTheOtherOneStays)
+{
+    QMTransaction left = EditAndAccept({LeapEntry(dtLeap, dtLeap)}, [](HWND hDialog) {
+                             PickDate(hDialog, IDC_TX_DATECLEARED, "3/7/2023");
+                         }).front();
+    EXPECT_EQ(DateText(left.dtDate), "2/29/2023");
+    EXPECT_EQ(DateText(left.dtCleared), "3/7/2023");
+
+    left = EditAndAccept({LeapEntry(dtLeap, dtLeap)}, [](HWND hDialog) {
+               PickDate(hDialog, IDC_TX_DATE, "2/3/2023");
+           }).front();
+    EXPECT_EQ(DateText(left.dtDate), "2/3/2023");
+    EXPECT_EQ(DateText(left.dtCleared), "2/29/2023");
+}
+
+TEST(QMTransactionDialogEdit, ADateThatWasChangedAndPutBackIsTheOneOnShow)
+{
+    const QMTransaction left = EditAndAccept({LeapEntry(dtLeap, dtPlain)}, [](HWND hDialog) {
+                                   PickDate(hDialog, IDC_TX_DATE, "2/3/2023");
+                                   PickDate(hDialog, IDC_TX_DATE, "2/28/2023");
+                               }).front();
+    EXPECT_EQ(DateText(left.dtDate), "2/28/2023");
+}
