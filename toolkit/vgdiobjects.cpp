@@ -15,6 +15,12 @@ bool VBitmap::Attach(HBITMAP hBitmap)
     return VGdiObject::Attach(hBitmap);
 }
 
+HBITMAP VBitmap::Release()
+{
+    m_nWidth = m_nHeight = 0;
+    return VGdiObject::Release();
+}
+
 bool VBitmap::Load(UINT uId)
 {
     HINSTANCE hModule = GetApplication().GetResourceModule();

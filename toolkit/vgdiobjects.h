@@ -71,6 +71,9 @@ class VBitmap : public VGdiObject<HBITMAP>
 public:
     // Takes a bitmap, owns it and reads its size.
     bool Attach(HBITMAP hBitmap);
+    // As in the base class. The size is 0 by 0 afterwards.
+    void Destroy() { Attach(nullptr); }
+    HBITMAP Release();
     // Loads the bitmap of that id from the resource module of the application.
     bool Load(UINT uId);
 

@@ -85,6 +85,24 @@ TEST(VBitmap, KnowsItsSize)
     EXPECT_EQ(bitmap.GetHeight(), 0);
 }
 
+TEST(VBitmap, HasNoSizeOnceItsHandleIsGone)
+{
+    VBitmap bitmap;
+    ASSERT_TRUE(bitmap.Attach(CreateBitmap(17, 5, 1, 1, nullptr)));
+    bitmap.Destroy();
+    EXPECT_EQ(bitmap.GetHandle(), nullptr);
+    EXPECT_EQ(bitmap.GetWidth(), 0);
+    EXPECT_EQ(bitmap.GetHeight(), 0);
+
+    HBITMAP hBitmap = CreateBitmap(17, 5, 1, 1, nullptr);
+    ASSERT_TRUE(bitmap.Attach(hBitmap));
+    EXPECT_EQ(bitmap.Release(), hBitmap);
+    EXPECT_EQ(bitmap.GetHandle(), nullptr);
+    EXPECT_EQ(bitmap.GetWidth(), 0);
+    EXPECT_EQ(bitmap.GetHeight(), 0);
+    EXPECT_TRUE(DeleteObject(hBitmap)) << "the caller's";
+}
+
 TEST(VBitmap, LoadsFromTheResources)
 {
     VBitmap bitmap;
