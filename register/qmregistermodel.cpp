@@ -186,6 +186,24 @@ bool QMRegisterModel::FillRows(int32_t lFromPosition, uint32_t uColumnMask,
     return true;
 }
 
+void QMRegisterModel::FindFirstShown()
+{
+    const QMAccount* pAccount = m_document.GetAccount();
+    m_lFirstShown = 0;
+    if (pAccount == nullptr) {
+        return;
+    }
+    int32_t lPosition = 0;
+    bool bFound = false;
+    pAccount->store.ForEach([&](const QMTransaction& transaction) {
+        if (!bFound && IsDateShown(transaction.dtDate)) {
+            bFound = true;
+            m_lFirstShown = lPosition;
+        }
+        ++lPosition;
+    });
+}
+
 bool QMRegisterModel::SelectRow(int32_t lRow)
 {
     QMAccount* pAccount = m_document.GetAccount();

@@ -72,6 +72,9 @@ public:
     // apply.
     bool IsDateShown(const QMDate& date) const;
 
+    // Looks up what GetFirstShown answers. Needed after the store has gained or lost transactions,
+    // unless RefreshRows has run since: a transaction before the first row moves it.
+    void FindFirstShown();
     // The store position of the first transaction that has a row; 0 when none has.
     int32_t GetFirstShown() const { return m_lFirstShown; }
     int32_t GetRowCount() const { return m_rows.GetRowCount(); }

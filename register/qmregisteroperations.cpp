@@ -84,9 +84,9 @@ bool QMRegisterOperations::AddTransaction()
     args.pUserB = &uUserB;
     args.pfnCommit = &CommitAdded;
     FillEditLists(args);
-    m_view.RunTransactionDialog(args);
+    const QMDialogEnd end = m_view.RunTransactionDialog(args);
     m_view.UpdateStatusBar();
-    return true;
+    return end != QMDialogEnd::Failed;
 }
 
 bool QMRegisterOperations::AddFromDialog(QMTransaction& entry)
@@ -105,6 +105,9 @@ bool QMRegisterOperations::AddFromDialog(QMTransaction& entry)
     }
     pNew->CopyFrom(entry);
     const int32_t lPosition = pStore->Add(std::move(pNew));
+    // The list stays as it is for a transaction outside the period. Where its rows stand in the
+    // store may have changed all the same.
+    m_model.FindFirstShown();
     if (m_model.IsDateShown(entry.dtDate) &&
         m_rows.InsertRow(lPosition - m_model.GetFirstShown())) {
         m_model.RefreshRows(lPosition, QM_COLUMN_ALL, false);
@@ -167,10 +170,11 @@ bool QMRegisterOperations::EditSelection()
     args.pUserA = pPositions.get();
     args.pUserB = pChanged.get();
     FillEditLists(args);
-    if (m_view.RunTransactionDialog(args)) {
+    const QMDialogEnd end = m_view.RunTransactionDialog(args);
+    if (end == QMDialogEnd::OK) {
         StoreEntries(lCount, pEntries.get(), pPositions.get());
     }
-    return true;
+    return end != QMDialogEnd::Failed;
 }
 
 void QMRegisterOperations::StoreEntries(int32_t lCount, const QMTransaction* pEntries,
@@ -239,6 +243,7 @@ bool QMRegisterOperations::RemoveSelection(int32_t lCount)
         m_model.RefreshRows(lRow, QM_COLUMN_ALL, false);
         m_model.SelectRow(lRow);
     }
+    m_model.FindFirstShown();
     m_document.MarkModified();
     return true;
 }

@@ -6,6 +6,13 @@
 #include "entry/qmtransactiondialogargs.h"
 #include "register/qmregistermodel.h"
 
+enum class QMDialogEnd
+{
+    OK,
+    Cancel,
+    Failed // it could not be made, or memory ran out in it
+};
+
 // What the operations need of the window: questions, messages and the dialog.
 class QMRegisterView
 {
@@ -15,9 +22,9 @@ public:
     // Asks a question with Yes and No. Returns true for Yes.
     virtual bool Ask(const char* szQuestion) = 0;
     virtual void Tell(const char* szText) = 0;
-    // Returns true when the user left the dialog with OK.
-    virtual bool RunTransactionDialog(QMTransactionDialogArgs& args) = 0;
-    // Brings the status bar up to date with the selection and the sums.
+    virtual QMDialogEnd RunTransactionDialog(QMTransactionDialogArgs& args) = 0;
+    // Brings the status bar up to date with the selection and the sums, if this register is the
+    // active one.
     virtual void UpdateStatusBar() = 0;
 };
 

@@ -256,10 +256,17 @@ void QMRegisterWindow::Tell(const char* szText)
     MessageBox(GetHandle(), szText, MB_ICONINFORMATION);
 }
 
-bool QMRegisterWindow::RunTransactionDialog(QMTransactionDialogArgs& args)
+QMDialogEnd QMRegisterWindow::RunTransactionDialog(QMTransactionDialogArgs& args)
 {
     QMTransactionDialog dialog;
-    return dialog.DoModal(GetFrame()->GetHandle(), args) == IDOK;
+    switch (dialog.DoModal(GetFrame()->GetHandle(), args)) {
+        case IDOK:
+            return QMDialogEnd::OK;
+        case IDCANCEL:
+            return QMDialogEnd::Cancel;
+        default:
+            return QMDialogEnd::Failed;
+    }
 }
 
 void QMRegisterWindow::SetPassword()

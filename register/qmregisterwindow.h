@@ -102,7 +102,7 @@ private:
 
     bool Ask(const char* szQuestion) override;
     void Tell(const char* szText) override;
-    bool RunTransactionDialog(QMTransactionDialogArgs& args) override;
+    QMDialogEnd RunTransactionDialog(QMTransactionDialogArgs& args) override;
     void UpdateStatusBar() override;
 
     // Whether this register is the active one. Only the active register may write to the frame's

@@ -24,7 +24,10 @@ public:
     bool Ask(const char*) override { return true; }
     void Tell(const char*) override {}
     void UpdateStatusBar() override {}
-    bool RunTransactionDialog(QMTransactionDialogArgs& args) override { return onDialog(args); }
+    QMDialogEnd RunTransactionDialog(QMTransactionDialogArgs& args) override
+    {
+        return onDialog(args) ? QMDialogEnd::OK : QMDialogEnd::Cancel;
+    }
 
     // The account stays without a file that is open.
     void Load(const std::string& sPath)

@@ -26,15 +26,20 @@ public:
         return bAnswer;
     }
     void Tell(const char* szText) override { said.push_back(szText); }
-    bool RunTransactionDialog(QMTransactionDialogArgs& args) override
+    QMDialogEnd RunTransactionDialog(QMTransactionDialogArgs& args) override
     {
-        return onDialog != nullptr && onDialog(args);
+        const bool bOK = onDialog != nullptr && onDialog(args);
+        if (bDialogFails) {
+            return QMDialogEnd::Failed;
+        }
+        return bOK ? QMDialogEnd::OK : QMDialogEnd::Cancel;
     }
     void UpdateStatusBar() override { ++nStatusUpdates; }
 
     Texts TakeSaid() { return std::exchange(said, {}); }
 
     bool bAnswer = true;
+    bool bDialogFails = false;
     std::function<bool(QMTransactionDialogArgs&)> onDialog;
     Texts said;
     int nStatusUpdates = 0;
@@ -196,6 +201,98 @@ TEST(QMRegisterOperations, EntryOutsideThePeriodIsStoredAndNotShown)
     EXPECT_EQ(reg.Store().GetCount(), 6);
     EXPECT_EQ(reg.rows.GetRowCount(), 3);
     EXPECT_TRUE(reg.document.IsModified());
+}
+
+TEST(QMRegisterOperations, EntryBeforeThePeriodLeavesTheListAndMovesWhereItsRowsStand)
+{
+    WorkingRegister reg;
+    reg.ShowFebruary();
+    const Texts before = DescribeRows(reg.rows.GetRows());
+    QMTransaction typed = MakeTransaction(QM_TRANS_FEE, "1/9/2004", 5, 0, "early");
+    reg.rows.TakeLog();
+    EXPECT_TRUE(reg.operations.AddFromDialog(typed));
+    EXPECT_EQ(reg.rows.TakeLog(), Texts{});
+    EXPECT_EQ(DescribeRows(reg.rows.GetRows()), before);
+    EXPECT_EQ(reg.model.GetFirstShown(), 3);
+
+    // What the user then edits or removes is what the row shows.
+    reg.rows.SetSelection({1});
+    std::string sEdited;
+    reg.user.onDialog = [&](QMTransactionDialogArgs& args) {
+        sEdited = args.pTransactions[0].szDescription;
+        return false;
+    };
+    EXPECT_TRUE(reg.operations.EditTransactions());
+    EXPECT_EQ(sEdited, "four");
+    EXPECT_TRUE(reg.operations.RemoveTransactions());
+    EXPECT_EQ(reg.Stored(), (Texts{"one", "two", "early", "three", "five"}));
+    EXPECT_EQ(reg.model.GetFirstShown(), 3);
+}
+
+TEST(QMRegisterOperations, FirstEntryOfAnEmptyPeriodHasARowOfItsOwn)
+{
+    WorkingRegister reg;
+    reg.SetHeaderPeriod(QM_ACCNT_DISPLAY_DATE_RANGE, "2/10/2004", "2/20/2004");
+    reg.model.SetPeriodFilter(true, false);
+    reg.Show();
+    ASSERT_EQ(reg.rows.GetRowCount(), 0);
+    QMTransaction typed = MakeTransaction(QM_TRANS_FEE, "2/11/2004", 5, 0, "first");
+    EXPECT_TRUE(reg.operations.AddFromDialog(typed));
+    EXPECT_EQ(reg.rows.GetColumn("Description"), Texts{"Fee - first"});
+    EXPECT_EQ(reg.rows.GetColumn("Balance"), Texts{"18.00"});
+    EXPECT_EQ(reg.model.GetFirstShown(), 5);
+}
+
+// After each step the definition holds: the first transaction of the period, 0 when there is none.
+TEST(QMRegisterOperations, FirstShownIsTrueAfterEveryAdditionAndRemoval)
+{
+    WorkingRegister reg;
+    reg.ShowFebruary();
+    reg.operations.SetConfirmRemove(false);
+    const auto firstInFebruary = [&] {
+        int32_t lFound = -1;
+        int32_t lPosition = 0;
+        reg.Store().ForEach([&](const QMTransaction& transaction) {
+            if (lFound < 0 && transaction.dtDate.wMonth == 2) {
+                lFound = lPosition;
+            }
+            ++lPosition;
+        });
+        return lFound < 0 ? 0 : lFound;
+    };
+    for (const char* szDate : {"1/1/2004", "3/1/2004", "2/1/2004", "1/31/2004", "2/29/2004"}) {
+        QMTransaction typed = MakeTransaction(QM_TRANS_FEE, szDate, 5);
+        EXPECT_TRUE(reg.operations.AddFromDialog(typed));
+        EXPECT_EQ(reg.model.GetFirstShown(), firstInFebruary()) << szDate;
+    }
+    // One selected row after the other; two together remove a transaction before the period.
+    for (const std::set<int32_t>& rows :
+         std::vector<std::set<int32_t>>{{0}, {1, 2}, {1}, {0}, {0}}) {
+        if (reg.rows.GetRowCount() > *rows.rbegin()) {
+            reg.rows.SetSelection(rows);
+            EXPECT_TRUE(reg.operations.RemoveTransactions());
+            EXPECT_EQ(reg.model.GetFirstShown(), firstInFebruary())
+                << reg.rows.GetRowCount() << " rows left";
+        }
+    }
+    while (reg.rows.GetRowCount() > 0) {
+        reg.rows.SetSelection({0});
+        ASSERT_TRUE(reg.operations.RemoveTransactions());
+        EXPECT_EQ(reg.model.GetFirstShown(), firstInFebruary());
+    }
+    EXPECT_EQ(reg.model.GetFirstShown(), 0);
+}
+
+TEST(QMRegisterOperations, DialogThatFailsFailsTheCommand)
+{
+    WorkingRegister reg;
+    reg.Show();
+    reg.user.bDialogFails = true;
+    EXPECT_FALSE(reg.operations.AddTransaction());
+    reg.rows.SetSelection({1});
+    EXPECT_FALSE(reg.operations.EditTransactions());
+    EXPECT_FALSE(reg.document.IsModified());
+    EXPECT_EQ(reg.user.nStatusUpdates, 2);
 }
 
 TEST(QMRegisterOperations, InALaterPeriodTheSelectionGoesByThePositionInTheStore)
