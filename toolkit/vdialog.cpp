@@ -77,6 +77,13 @@ LRESULT VDialog::OnCommand(UINT /*uNotifyCode*/, UINT uId, HWND /*hControl*/)
     return V_NOT_HANDLED;
 }
 
+void VDialog::OnOutOfMemory(UINT uMessage, WPARAM /*wParam*/)
+{
+    if (IsModal() && (uMessage == WM_COMMAND || uMessage == WM_NOTIFY)) {
+        EndWith(-1);
+    }
+}
+
 VString VDialog::GetItemText(int nId) const
 {
     HWND hItem = GetItem(nId);

@@ -82,6 +82,7 @@ void VWindow::Detach()
         g_pMainWindow = nullptr;
     }
     VWindowList::Get().Remove(this);
+    EndDispatch();
 }
 
 void VWindow::EnsureLive()
@@ -350,6 +351,8 @@ bool VWindow::OnInitialize()
     FitFillChild();
     return true;
 }
+
+void VWindow::OnOutOfMemory(UINT /*uMessage*/, WPARAM /*wParam*/) {}
 
 // ---- The fill child.
 

@@ -125,6 +125,11 @@ public:
     // Called when the object has been bound to its window. False unbinds it again.
     virtual bool OnInitialize();
 
+    // Behind the slots above. An operation threw std::bad_alloc while it handled this message. The
+    // window procedure has caught it, for no exception may cross Windows, and answers 0. A creation
+    // is refused instead, without a call. Does nothing by default.
+    virtual void OnOutOfMemory(UINT uMessage, WPARAM wParam);
+
     // ---- Making, binding and finding windows.
 
     // Makes the window. A null szClass means the class that VApplication registered. With an empty
@@ -212,6 +217,7 @@ private:
     friend class VDispatcher;
 
     void EnsureLive();
+    void EndDispatch() const; // of the messages that are on their way to this object
     void FitFillChild();
     bool IsFillChildReady() const;
     void Subclass(HWND hWnd);

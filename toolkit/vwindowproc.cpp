@@ -1,5 +1,7 @@
 // The one window procedure: from a message to the object's virtual operations.
 
+#include <new>
+
 #include "base/vtext.h"
 #include "toolkit/vdialog.h"
 #include "toolkit/vdrawingsurface.h"
@@ -45,17 +47,45 @@ VWindow* CreatedObject(UINT uMessage, LPARAM lParam)
 
 } // namespace
 
-// One message on its way. The object may go while it is handled; m_pWindow is null from then on.
+// One message on its way. Any call may delete the object or detach it from its window: Forget then
+// makes m_pWindow null, and nothing touches the object from then on.
 class VDispatcher
 {
 public:
     VDispatcher(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
         : m_hWnd(hWnd), m_uMessage(uMessage), m_wParam(wParam), m_lParam(lParam)
-    {}
+    {
+        s_pInnermost = this;
+    }
+    VDispatcher(const VDispatcher&) = delete;
+    VDispatcher& operator=(const VDispatcher&) = delete;
+    ~VDispatcher() { s_pInnermost = m_pOuter; }
 
+    // The object is no longer bound to a window. Messages arrive within messages, so several may be
+    // on their way to it.
+    static void Forget(const VWindow* pWindow)
+    {
+        for (VDispatcher* p = s_pInnermost; p != nullptr; p = p->m_pOuter) {
+            if (p->m_pWindow == pWindow) {
+                p->m_pWindow = nullptr;
+            }
+        }
+    }
+
+    // Where the window procedure ends: no exception may cross Windows, which called it.
     LRESULT Run()
     {
-        const bool bCreates = m_uMessage == WM_NCCREATE || m_uMessage == WM_INITDIALOG;
+        try {
+            return Handle();
+        } catch (const std::bad_alloc&) {
+            return EndForLackOfMemory();
+        }
+    }
+
+private:
+    LRESULT Handle()
+    {
+        const bool bCreates = IsCreation();
         m_pWindow =
             bCreates ? CreatedObject(m_uMessage, m_lParam) : VWindowList::Get().FindCached(m_hWnd);
         if (bCreates && m_pWindow != nullptr && !m_pWindow->Attach(m_hWnd)) {
@@ -74,9 +104,29 @@ public:
         return m_lResult;
     }
 
-private:
-    void RefuseCreation()
+    bool IsCreation() const { return m_uMessage == WM_NCCREATE || m_uMessage == WM_INITDIALOG; }
+
+    // The message counts as handled. A window that was being made is not made.
+    LRESULT EndForLackOfMemory()
     {
+        if (m_pWindow == nullptr) {
+            return 0;
+        }
+        if (IsCreation()) {
+            m_pWindow->RestoreProcedure(m_hWnd);
+            RefuseCreation(-1);
+        } else {
+            m_pWindow->OnOutOfMemory(m_uMessage, m_wParam);
+        }
+        return 0;
+    }
+
+    // nResult is that of a modal dialog.
+    void RefuseCreation(INT_PTR nResult = IDCANCEL)
+    {
+        if (m_pWindow == nullptr) {
+            return;
+        }
         if (!m_pWindow->IsDialogKind()) {
             // WM_NCCREATE will return 0 and Windows will destroy the window. Its last messages must
             // not reach the object, which its creator still owns.
@@ -84,7 +134,7 @@ private:
             return;
         }
         if (IsModalDialog(m_pWindow)) {
-            EndDialog(m_hWnd, IDCANCEL);
+            EndDialog(m_hWnd, nResult);
         } else {
             DestroyWindow(m_hWnd);
         }
@@ -106,7 +156,8 @@ private:
                 m_lResult = bHandled ? lResult : 0;
                 return false;
             }
-            if (bHandled) {
+            // The filters of an object that is gone are gone with it.
+            if (bHandled || m_pWindow == nullptr) {
                 break;
             }
             p = pNext;
@@ -117,6 +168,9 @@ private:
     // Returns true when the message is done with, without the default procedure.
     bool Dispatch()
     {
+        if (m_pWindow == nullptr) {
+            return false;
+        }
         switch (m_uMessage) {
             case WM_DESTROY:
                 m_pWindow->OnDestroy();
@@ -179,6 +233,9 @@ private:
                 return true;
             }
         }
+        if (m_pWindow == nullptr) {
+            return false;
+        }
         m_lResult = m_pWindow->OnNotify(static_cast<UINT>(m_wParam), pHeader);
         return false;
     }
@@ -233,7 +290,10 @@ private:
 
     void PaintWindow(VDrawingSurface& surface, bool bPaints)
     {
-        if (!bPaints || !m_pWindow->OnPaint(surface)) {
+        if (m_pWindow == nullptr || (bPaints && m_pWindow->OnPaint(surface))) {
+            return;
+        }
+        if (m_pWindow != nullptr) {
             m_pWindow->DefaultProc(m_hWnd, WM_PAINT, reinterpret_cast<WPARAM>(surface.GetHandle()),
                                    0);
         }
@@ -241,15 +301,13 @@ private:
 
     void Finish()
     {
-        // A command or a notification may have deleted the object too, not only a close.
-        if (m_lResult == V_NOT_HANDLED && VWindow::IsLive(m_pWindow) &&
-            m_pWindow->m_hWnd != nullptr) {
+        if (m_lResult == V_NOT_HANDLED && m_pWindow != nullptr && m_pWindow->m_hWnd != nullptr) {
             m_lResult = m_pWindow->DefaultProc(m_hWnd, m_uMessage, m_wParam, m_lParam);
         }
-        if (m_uMessage == WM_INITDIALOG && VWindow::IsLive(m_pWindow) && IsModalDialog(m_pWindow)) {
+        if (m_uMessage == WM_INITDIALOG && m_pWindow != nullptr && IsModalDialog(m_pWindow)) {
             m_lResult = 1;
         }
-        if (m_uMessage == WM_NCDESTROY && VWindow::IsLive(m_pWindow)) {
+        if (m_uMessage == WM_NCDESTROY && m_pWindow != nullptr) {
             m_pWindow->RestoreProcedure(m_hWnd);
             m_pWindow->m_hWnd = nullptr;
             m_pWindow->m_uId = 0;
@@ -258,6 +316,8 @@ private:
         }
     }
 
+    static inline VDispatcher* s_pInnermost = nullptr; // the message being handled
+    VDispatcher* m_pOuter = s_pInnermost;              // the message within which this one came
     HWND m_hWnd;
     UINT m_uMessage;
     WPARAM m_wParam;
@@ -266,6 +326,11 @@ private:
     bool m_bDialog = false; // of a dialog kind, also when the object is gone
     LRESULT m_lResult = V_NOT_HANDLED;
 };
+
+void VWindow::EndDispatch() const
+{
+    VDispatcher::Forget(this);
+}
 
 LRESULT CALLBACK VWindow::WindowProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {

@@ -150,3 +150,45 @@ TEST_F(VWindowFilter, RemovedOnesAndThoseOfADetachedWindowSeeNothing)
     Send();
     EXPECT_EQ(m_record.Take(), "DefaultProc(32769)");
 }
+
+// A filter may delete the object whose message it sees: nothing touches the object from then on.
+TEST(VWindowFilterDeletes, AndNothingMoreReachesTheObject)
+{
+    class Deleter : public VMessageFilter
+    {
+    public:
+        bool Filter(VWindow& window, UINT uMessage, WPARAM, LPARAM, LRESULT&,
+                    bool& bHandled) override
+        {
+            if (uMessage == m_uMessage) {
+                bHandled = m_bHandles;
+                delete &window;
+            }
+            return m_bGoesOn;
+        }
+        UINT m_uMessage = 0;
+        bool m_bHandles = false;
+        bool m_bGoesOn = true;
+    };
+    for (const UINT uMessage : {UINT{WM_SIZE}, UINT{WM_COMMAND}, UINT{WM_CLOSE}, uTestMessage}) {
+        for (const bool bHandles : {false, true}) {
+            for (const bool bGoesOn : {false, true}) {
+                Record record;
+                auto* pWindow = new VRecordingWindow(record);
+                ASSERT_TRUE(CreateTestWindow(*pWindow, record));
+                HWND hWnd = pWindow->GetHandle();
+                Deleter deleter;
+                TestFilter next(record.calls, "next");
+                deleter.m_uMessage = uMessage;
+                deleter.m_bHandles = bHandles;
+                deleter.m_bGoesOn = bGoesOn;
+                pWindow->AddFilter(deleter);
+                pWindow->AddFilter(next);
+                const LRESULT lResult = bHandles || !bGoesOn ? 0 : V_NOT_HANDLED;
+                EXPECT_EQ(SendMessageA(hWnd, uMessage, 3, 0), lResult) << uMessage;
+                EXPECT_EQ(record.Take(), "gone") << uMessage;
+                EXPECT_FALSE(IsWindow(hWnd));
+            }
+        }
+    }
+}
