@@ -6,6 +6,7 @@
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
+#include "toolkit/vrect_win.h"
 
 namespace {
 
@@ -46,14 +47,22 @@ int QMMainFrame::Run(DWORD uStyle, int nShowCommand, UINT uClientId, UINT uFirst
     m_sHelpPath.Append(ResourceString(IDS_HELPFILE));
     const VString sTitle = ResourceString(IDS_APPLICATION);
     // The window owns the menu: Windows destroys it with the window.
-    if (!CreateFrame(m_menu.Release(), sTitle.GetText(), m_settings.GetPosition(), uStyle,
-                     IDC_REBAR, IDC_STATUSBAR)) {
+    if (!CreateFrame(m_menu.Release(), sTitle.GetText(), GetFirstPlace(), uStyle, IDC_REBAR,
+                     IDC_STATUSBAR)) {
         return 0;
     }
     if (!IsVisible()) {
         Show(nShowCommand);
     }
     return RunMessageLoop(*this);
+}
+
+VRect QMMainFrame::GetFirstPlace() const
+{
+    const VRect place = m_settings.GetPosition();
+    const RECT rect = VToRect(place);
+    // The screen may be gone on which the frame was left.
+    return MonitorFromRect(&rect, MONITOR_DEFAULTTONULL) == nullptr ? VRect() : place;
 }
 
 bool QMMainFrame::OnInitialize()
@@ -216,13 +225,12 @@ bool QMMainFrame::PreTranslate(MSG& message)
 
 LRESULT QMMainFrame::OnSize(UINT uType, int nWidth, int nHeight)
 {
-    if (!m_bRestoring) {
-        if (uType == SIZE_RESTORED) {
-            NotePlace(true);
-            m_settings.SetFlag(QM_FLAG_FRAME_MAXIMIZED, false);
-        } else if (uType == SIZE_MAXIMIZED) {
-            m_settings.SetFlag(QM_FLAG_FRAME_MAXIMIZED, true);
-        }
+    if (uType == SIZE_RESTORED) {
+        NotePlace(true);
+    }
+    const bool bTold = uType == SIZE_RESTORED || uType == SIZE_MAXIMIZED;
+    if (bTold && !m_bRestoring) {
+        m_settings.SetFlag(QM_FLAG_FRAME_MAXIMIZED, uType == SIZE_MAXIMIZED);
     }
     return VMDIFrameWindow::OnSize(uType, nWidth, nHeight);
 }
@@ -246,8 +254,7 @@ LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
         RunOrders();
         return 0;
     }
-    const bool bPlaced = !m_bRestoring && !IsIconic(hWnd) && !IsZoomed(hWnd);
-    if (uMessage == WM_MOVE && bPlaced) {
+    if (uMessage == WM_MOVE && !IsIconic(hWnd) && !IsZoomed(hWnd)) {
         NotePlace(false);
     }
     return VMDIFrameWindow::DefaultProc(hWnd, uMessage, wParam, lParam);

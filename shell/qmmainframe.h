@@ -113,6 +113,7 @@ public:
     void OnChildGone(VMDIChildWindow& child) override;
     void OnCommandEnded() override;
     bool SaveNewChild(VMDIChildWindow& child) override;
+    void OnOutOfMemory(UINT uMessage, WPARAM wParam) override;
 
 private:
     // An order of a command line to import a file into an account.
@@ -129,6 +130,7 @@ private:
     void MakeToolbar();
     void MakePeriodBar();
     void RestoreBars();
+    VRect GetFirstPlace() const;
     void OpenFirstDocuments();
     void NotePlace(bool bExtent);
     QMRegisterOptions RegisterOptions() const;
@@ -169,5 +171,5 @@ private:
     bool m_bClosing = false;            // OnClose asks the documents
     UINT m_uClientId = 0;
     UINT m_uFirstChildId = 0;
-    bool m_bRestoring = true; // the program, not the user, is moving the frame
+    bool m_bRestoring = true; // the program, not the user, maximizes the frame
 };

@@ -86,6 +86,15 @@ bool QMMainFrame::Perform(const QMCommand& command, QMCommandContext& context)
     return command.pRun(context);
 }
 
+void QMMainFrame::OnOutOfMemory(UINT uMessage, WPARAM wParam)
+{
+    const QMCommand* pCommand = uMessage == WM_COMMAND ? QMFindCommand(LOWORD(wParam)) : nullptr;
+    if (pCommand != nullptr) {
+        const char* szWhat = pCommand->szWhat;
+        Tell(QMFailedTo(szWhat == nullptr ? "complete the command" : szWhat).GetText());
+    }
+}
+
 bool QMMainFrame::IsEnabled(const QMCommand& command, UINT uId) const
 {
     QMRegisterWindow* pActive = GetActiveRegister();

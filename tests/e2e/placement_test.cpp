@@ -27,6 +27,14 @@ protected:
               [&] { return ((ReadFlags() & uFlag) != 0) == bSet; });
     }
 
+    static std::string PositionOf(const VRect& place)
+    {
+        char szText[64];
+        snprintf(szText, sizeof szText, "%04d %04d %04d %04d", place.left, place.top,
+                 place.GetWidth(), place.GetHeight());
+        return szText;
+    }
+
     VRect FrameRect() const { return WindowRect(m_program.GetFrame()); }
     bool IsActiveMaximized() const { return IsZoomed(m_program.GetActiveDocument()) != 0; }
 
@@ -58,6 +66,64 @@ TEST_F(PlacementTest, PlaceIsRememberedBetweenRuns)
     m_program.Open();
     EXPECT_EQ(FrameRect(), (VRect{61, 72, 864, 576}));
     EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+}
+
+// A first start remembers the size that the system gave the frame: nobody need change it.
+TEST_F(PlacementTest, PlaceOfAFrameThatWasOnlyMovedIsRemembered)
+{
+    m_program.Open();
+    const VRect first = FrameRect();
+    SetWindowPos(m_program.GetFrame(), nullptr, 77, 55, 0, 0,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
+    const VRect moved = {77, 55, 77 + first.GetWidth(), 55 + first.GetHeight()};
+    AwaitPosition(PositionOf(moved));
+    m_program.Close();
+    EXPECT_EQ(ReadPosition(), PositionOf(moved));
+    m_program.Open();
+    EXPECT_EQ(FrameRect(), moved);
+}
+
+// The same after a run that left the frame maximized, which is no size of the user's.
+TEST_F(PlacementTest, FirstSizeOfAMaximizedStartLeavesItsFlag)
+{
+    m_program.Open();
+    MoveFrame(61, 72, 803, 504);
+    AwaitPosition("0061 0072 0803 0504");
+    ShowWindow(m_program.GetFrame(), SW_MAXIMIZE);
+    AwaitFlag(uFrameMaximized, true);
+    m_program.Close();
+    m_program.Open();
+    EXPECT_EQ(ReadFlags() & uFrameMaximized, uFrameMaximized);
+    EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
+}
+
+TEST_F(PlacementTest, PlaceOutsideEveryScreenCountsAsNone)
+{
+    m_program.Open();
+    m_program.Close();
+    const int nBeyond = GetSystemMetrics(SM_XVIRTUALSCREEN) + GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    for (const std::string& sPlace :
+         {std::string("100000 100000 0800 0600"), std::string("-5000 0100 0800 0600"),
+          std::to_string(nBeyond) + " 0100 0800 0600"}) {
+        WriteSettingText("Settings", "Position", sPlace);
+        m_program.Open();
+        const VRect place = FrameRect();
+        const RECT rect = {place.left, place.top, place.right, place.bottom};
+        EXPECT_NE(MonitorFromRect(&rect, MONITOR_DEFAULTTONULL), nullptr) << sPlace;
+        EXPECT_EQ(m_program.Close(), 0U);
+        EXPECT_EQ(ReadPosition(), PositionOf(place));
+    }
+}
+
+TEST_F(PlacementTest, PlacePartlyOnTheScreenIsTaken)
+{
+    m_program.Open();
+    m_program.Close();
+    const int nRight = GetSystemMetrics(SM_XVIRTUALSCREEN) + GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    const VRect place = {nRight - 100, 50, nRight + 600, 450};
+    WriteSettingText("Settings", "Position", PositionOf(place));
+    m_program.Open();
+    EXPECT_EQ(FrameRect(), place);
 }
 
 TEST_F(PlacementTest, PlaceLeftOfTheScreenIsKeptAsZero)
