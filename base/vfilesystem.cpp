@@ -1,5 +1,7 @@
 #include "base/vfilesystem.h"
 
+#include <algorithm>
+
 #include "base/vnewfile.h"
 
 const char* VFileFaultText(VFileFault fault)
@@ -43,4 +45,19 @@ VFileFault VWriteWholeFile(const char* szPath, const void* pBytes, size_t uSize,
         fault = file.Write(pBytes, uSize);
     }
     return fault == VFileFault::None ? file.PutInPlace() : fault;
+}
+
+VString VNewNameBeside(const char* szPath, uint32_t uProcess, int nTry)
+{
+    const VString sPath(szPath);
+    // Windows takes "/" as well, and a drive's letter stands before a path without a folder.
+    const char cDrive = VPathSeparator == '/' ? '/' : ':';
+    const int32_t lEnd =
+        std::max({sPath.FindLast(VPathSeparator), sPath.FindLast('/'), sPath.FindLast(cDrive)});
+    VString sName = sPath.Left(static_cast<uint32_t>(lEnd + 1));
+    sName.Append(".new-");
+    sName.AppendNumber(uProcess);
+    sName.Append("-");
+    sName.AppendNumber(static_cast<uint32_t>(nTry));
+    return sName;
 }

@@ -37,6 +37,12 @@ bool FileExists(const char* szPath);
 // has none.
 void VSplitPath(const char* szPath, VString& sFolder, VString& sFileName);
 
+// The name of a new file beside szPath, to be renamed to it once it is complete. It is short, so
+// that a folder that may hold a long file name may hold this one. uProcess is the process's number;
+// nTry, from 1 to VNewNameTries, leads past files of that name that an ended process left behind.
+VString VNewNameBeside(const char* szPath, uint32_t uProcess, int nTry);
+inline constexpr int VNewNameTries = 100;
+
 // Tests whether a file of uSize bytes could take the place of szPath, without touching anything:
 // whether the folder exists, whether the user may write there, and whether the volume has room. The
 // room that the present file would give back counts as free. Returns the first fault found. None is

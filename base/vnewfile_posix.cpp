@@ -67,14 +67,16 @@ VFileFault VNewFile::Create(const char* szPath, bool bReplace)
         return fault;
     }
     parts.sPath = FinalPath(szPath);
-    VString sNew = parts.sPath;
-    sNew.Append(".new-");
-    sNew.AppendNumber(static_cast<uint32_t>(getpid()));
-    fault = parts.file.Open(sNew.GetText(), O_WRONLY | O_CREAT | O_EXCL, 0666);
-    if (fault == VFileFault::None) {
-        parts.sNew = sNew;
+    fault = VFileFault::Exists;
+    for (int nTry = 1; nTry <= VNewNameTries && fault == VFileFault::Exists; ++nTry) {
+        const VString sNew =
+            VNewNameBeside(parts.sPath.GetText(), static_cast<uint32_t>(getpid()), nTry);
+        fault = parts.file.Open(sNew.GetText(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+        if (fault == VFileFault::None) {
+            parts.sNew = sNew;
+        }
     }
-    return fault;
+    return fault == VFileFault::Exists ? VFileFault::Other : fault;
 }
 
 VFileFault VNewFile::Write(const void* pBytes, size_t uSize)

@@ -52,14 +52,15 @@ VFileFault VNewFile::Create(const char* szPath, bool bReplace)
     }
     parts.bReplace = bReplace;
     parts.sPath = szPath;
-    VString sNew(szPath);
-    sNew.Append(".new-");
-    sNew.AppendNumber(GetCurrentProcessId());
-    fault = parts.file.Open(sNew.GetText(), GENERIC_WRITE, CREATE_NEW);
-    if (fault == VFileFault::None) {
-        parts.sNew = sNew;
+    fault = VFileFault::Exists;
+    for (int nTry = 1; nTry <= VNewNameTries && fault == VFileFault::Exists; ++nTry) {
+        const VString sNew = VNewNameBeside(szPath, GetCurrentProcessId(), nTry);
+        fault = parts.file.Open(sNew.GetText(), GENERIC_WRITE, CREATE_NEW);
+        if (fault == VFileFault::None) {
+            parts.sNew = sNew;
+        }
     }
-    return fault;
+    return fault == VFileFault::Exists ? VFileFault::Other : fault;
 }
 
 VFileFault VNewFile::Write(const void* pBytes, size_t uSize)

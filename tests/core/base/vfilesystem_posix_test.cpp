@@ -153,3 +153,18 @@ TEST(VWriteWholeFilePosix, RefusesANameThatIsTooLongForTheSystem)
               VFileFault::NameTooLong);
     EXPECT_EQ(folder.GetNames(), Names{});
 }
+
+TEST(VWriteWholeFilePosix, WritesAFileOfTheLongestName)
+{
+    const TemporaryFolder folder;
+    for (const size_t uLength : {246U, 247U, 255U}) {
+        const std::string sName(uLength, 'n');
+        const std::string sPath = folder.PathOf(sName);
+        EXPECT_EQ(WriteText(sPath, "first", false), VFileFault::None) << uLength;
+        EXPECT_EQ(WriteText(sPath, "second", true), VFileFault::None) << uLength;
+        EXPECT_EQ(ReadWholeFile(sPath), "second");
+        EXPECT_EQ(WriteText(sPath + std::string(256 - uLength, 'n'), "x", false),
+                  VFileFault::NameTooLong);
+    }
+    EXPECT_EQ(folder.GetNames().size(), 3U);
+}

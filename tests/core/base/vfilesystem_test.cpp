@@ -11,7 +11,22 @@
 #include "account/qmfile.h"
 #include "tests/support/support.h"
 
+#ifdef _WIN32
+#include <process.h>
+#else
+#include <unistd.h>
+#endif
+
 namespace {
+
+uint32_t OwnProcess()
+{
+#ifdef _WIN32
+    return static_cast<uint32_t>(_getpid());
+#else
+    return static_cast<uint32_t>(getpid());
+#endif
+}
 
 using Names = std::vector<std::string>;
 
@@ -202,4 +217,34 @@ TEST(VWriteWholeFile, LeavesNeighboursWithSimilarNamesAlone)
     EXPECT_EQ(WriteText(folder.PathOf("a"), "text", false), VFileFault::None);
     EXPECT_EQ(folder.GetNames(), (Names{"a", "a.new"}));
     EXPECT_EQ(ReadWholeFile(folder.PathOf("a.new")), "neighbour");
+}
+
+TEST(VNewNameBeside, IsShortAndInTheSameFolder)
+{
+    const std::string sLong(255, 'n');
+    for (const std::string& sFolder : {std::string(), Path("a/b/"), Path("/"), std::string("x/")}) {
+        EXPECT_EQ(VNewNameBeside((sFolder + sLong).c_str(), 4294967295U, 100),
+                  VString((sFolder + ".new-4294967295-100").c_str()))
+            << sFolder;
+    }
+}
+
+TEST(VWriteWholeFile, IsNotHinderedByWhatAnEndedProcessLeftBehind)
+{
+    const TemporaryFolder folder;
+    const std::string sPath = folder.PathOf("a");
+    std::set<std::string> left;
+    for (int nTry = 1; nTry <= 3; ++nTry) {
+        const VString sLeft = VNewNameBeside(sPath.c_str(), OwnProcess(), nTry);
+        WriteWholeFile(sLeft.GetText(), "left");
+        left.insert(sLeft.GetText());
+    }
+    for (const bool bReplace : {false, true}) {
+        EXPECT_EQ(WriteText(sPath, bReplace ? "second" : "first", bReplace), VFileFault::None);
+        EXPECT_EQ(ReadWholeFile(sPath), bReplace ? "second" : "first");
+    }
+    EXPECT_EQ(folder.GetNames().size(), left.size() + 1);
+    for (const std::string& sLeft : left) {
+        EXPECT_EQ(ReadWholeFile(sLeft), "left");
+    }
 }
