@@ -24,7 +24,7 @@ constexpr struct
 class Findings
 {
 public:
-    explicit Findings(Output& output) : m_output(output) {}
+    Findings(Output& output, bool bAll) : m_output(output), m_bAll(bAll) {}
 
     void Mended(int32_t lEntries, const char* szWhat)
     {
@@ -36,8 +36,19 @@ public:
 
     void Entry(int32_t lPosition, const char* szReason)
     {
-        m_output.Format("position %d: %s\n", lPosition, szReason);
+        if (m_bAll || m_lEntries < lFirstEntries) {
+            m_output.Format("position %d: %s\n", lPosition, szReason);
+        }
+        ++m_lEntries;
         ++m_lCount;
+    }
+
+    // To be called after the last entry.
+    void EndEntries()
+    {
+        if (!m_bAll && m_lEntries > lFirstEntries) {
+            m_output.Format("and %d more (all of them with --all)\n", m_lEntries - lFirstEntries);
+        }
     }
 
     void Trailing(uint64_t uBytes)
@@ -51,7 +62,11 @@ public:
     int32_t GetCount() const { return m_lCount; }
 
 private:
+    static constexpr int32_t lFirstEntries = 20;
+
     Output& m_output;
+    bool m_bAll;
+    int32_t m_lEntries = 0;
     int32_t m_lCount = 0;
 };
 
@@ -88,12 +103,13 @@ int RunCheck(const ToolOptions& options)
     output.Format("format: %s (%d)\n", FormatName(account.lVersion), account.lVersion);
     output.Format("transactions: %d\n", account.store.GetCount());
     output.Format("order in the file: %s\n", report.bInOrder ? "by date" : "not by date");
-    Findings findings(output);
+    Findings findings(output, options.bAll);
     findings.Mended(report.lClearedDates, "cleared before the date of the transaction");
     findings.Mended(report.lVoided, "voided but marked as cleared");
     findings.Mended(report.lHeaderTexts, "header texts without an end");
     findings.Mended(report.lTexts, "texts with a zero byte within");
     CheckEntries(account, findings);
+    findings.EndEntries();
     findings.Trailing(report.uTrailingBytes);
     if (findings.GetCount() == 0) {
         output.Add("sound\n");

@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "qmktool/commands.h"
+#include "qmktool/listing.h"
 #include "qmktool/output.h"
 #include "qmktool/toolaccount.h"
 #include "qmktool/toolexchange.h"
@@ -16,15 +17,28 @@ const char* KindFault(const char* szFile)
 }
 
 // Returns null after a line on standard error.
-std::unique_ptr<QMAccount> ReadSource(const char* szFile, const ToolOptions& options)
+std::unique_ptr<QMAccount> ReadSource(const char* szFile, const ToolOptions& options,
+                                      QMBankReport& report)
 {
     if (IsAccountName(szFile)) {
-        QMReadReport report;
-        return OpenToolAccount(szFile, options, report);
+        QMReadReport readReport;
+        return OpenToolAccount(szFile, options, readReport);
     }
     // The account needs no name: its file is never opened.
     auto pAccount = std::make_unique<QMAccount>("");
-    return ImportInto(*pAccount, szFile) < 0 ? nullptr : std::move(pAccount);
+    return ReadExchangeFile(szFile, options, pAccount->store, report) ? std::move(pAccount)
+                                                                      : nullptr;
+}
+
+int ShowOnly(QMAccount& account, const QMBankReport& report)
+{
+    Output output;
+    const int32_t lCount = account.store.GetCount();
+    WriteStore(output, account.store);
+    output.Format("%d transaction%s to convert", lCount, lCount == 1 ? "" : "s");
+    TellReport(output, report);
+    output.Add('\n');
+    return output.Finish();
 }
 
 template <class F>
@@ -43,7 +57,7 @@ void TellLeftOut(Output& output, int32_t lCount, const char* szWhat)
     }
 }
 
-int WriteAccount(QMAccount& account, const ToolOptions& options)
+int WriteAccount(QMAccount& account, const ToolOptions& options, const QMBankReport& report)
 {
     const char* szFile = options.aFiles[1];
     account.SetVersion(options.lVersion);
@@ -62,6 +76,7 @@ int WriteAccount(QMAccount& account, const ToolOptions& options)
                                }),
                     "categories");
     }
+    TellReport(output, report);
     output.Add('\n');
     return output.Finish();
 }
@@ -85,7 +100,7 @@ void TellExport(Output& output, QMExchangeKind kind, const QMTransactionStore& s
     }
 }
 
-int WriteExchange(QMAccount& account, const ToolOptions& options)
+int WriteExchange(QMAccount& account, const ToolOptions& options, const QMBankReport& report)
 {
     const char* szFile = options.aFiles[1];
     const QMExchangeKind kind = ExchangeKindOf(szFile);
@@ -100,6 +115,7 @@ int WriteExchange(QMAccount& account, const ToolOptions& options)
     output.AddPrintable(szFile);
     output.Add(": ");
     TellExport(output, kind, account.store);
+    TellReport(output, report);
     output.Add('\n');
     return output.Finish();
 }
@@ -121,10 +137,20 @@ int RunConvert(const ToolOptions& options)
         WriteError("--format is for account files, and '%s' is none (see qmktool --help)", szOut);
         return QM_EXIT_USAGE;
     }
-    auto pSource = ReadSource(szIn, options);
+    const bool bDialect = options.szProfile != nullptr || !options.dialect.empty();
+    if (bDialect && IsAccountName(szIn)) {
+        WriteError("a dialect is for files of banks, and '%s' is none (see qmktool --help)", szIn);
+        return QM_EXIT_USAGE;
+    }
+    QMBankReport report;
+    auto pSource = ReadSource(szIn, options, report);
     if (pSource == nullptr) {
         return QM_EXIT_REFUSED;
     }
     QMAccount& account = KeepUntilExit(std::move(pSource));
-    return bToAccount ? WriteAccount(account, options) : WriteExchange(account, options);
+    if (options.bDryRun) {
+        return ShowOnly(account, report);
+    }
+    return bToAccount ? WriteAccount(account, options, report)
+                      : WriteExchange(account, options, report);
 }

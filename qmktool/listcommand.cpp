@@ -5,6 +5,7 @@
 #include "account/qmmoney.h"
 #include "qmktool/commands.h"
 #include "qmktool/jsonwriter.h"
+#include "qmktool/listing.h"
 #include "qmktool/toolaccount.h"
 #include "register/qmregistermodel.h"
 #include "register/qmrowtable.h"
@@ -36,6 +37,12 @@ public:
             m_model.SetPeriod(QM_ACCNT_DISPLAY_DATE_RANGE, dtFrom, dtTo, false);
         }
         m_bReady = m_model.RebuildRows(true) && m_model.RefreshRows(0, QM_COLUMN_ALL, false);
+        m_lEnd = m_rows.GetRowCount();
+        if (options.lLimit >= 0) {
+            m_lEnd = std::min(m_lEnd, options.lLimit);
+        } else if (options.lLast >= 0) {
+            m_lBegin = std::max(m_lEnd - options.lLast, 0);
+        }
     }
 
     bool IsReady() const { return m_bReady; }
@@ -48,8 +55,8 @@ public:
     void ForEachRow(F f)
     {
         QMTransactionStore& store = m_document.GetAccount()->store;
-        store.MoveTo(m_model.GetFirstShown());
-        for (int32_t lRow = 0; lRow < m_rows.GetRowCount(); ++lRow, store.Next()) {
+        store.MoveTo(m_model.GetFirstShown() + m_lBegin);
+        for (int32_t lRow = m_lBegin; lRow < m_lEnd; ++lRow, store.Next()) {
             f(lRow, *store.GetCurrentNode());
         }
     }
@@ -70,6 +77,8 @@ private:
     QMRowTable m_rows;
     QMRegisterModel m_model;
     bool m_bReady = false;
+    int32_t m_lBegin = 0; // rows to show
+    int32_t m_lEnd = 0;
     char m_szTag[QM_FIELD_TEXT_SIZE];
 };
 
@@ -196,6 +205,19 @@ void WriteText(Output& output, Listing& listing)
 }
 
 } // namespace
+
+void WriteStore(Output& output, QMTransactionStore& store)
+{
+    if (store.IsEmpty()) {
+        return;
+    }
+    auto pAccount = std::make_unique<QMAccount>("");
+    pAccount->store.TakeFrom(store);
+    Listing& listing = KeepUntilExit(std::make_unique<Listing>(std::move(pAccount), ToolOptions()));
+    if (listing.IsReady()) {
+        TextTable(output, listing).Write();
+    }
+}
 
 int RunList(const ToolOptions& options)
 {

@@ -1,10 +1,13 @@
 #include "qmktool/tooloptions.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <string>
 
 #include "account/qmaccountformat.h"
+#include "base/vtext.h"
+#include "exchange/qmdialect.h"
 #include "qmktool/toolerror.h"
 
 namespace {
@@ -15,8 +18,25 @@ bool Refuse(const char* szFault, const char* szWord)
     return false;
 }
 
-// Reads a date such as 3/14/2004. Returns false for anything but digits and slashes, and for a day
-// that QMCheckDate refuses.
+// Whether the text has a digit for each 9 of the shape, and is the shape otherwise.
+bool HasShape(const char* szText, const char* szShape)
+{
+    for (; *szShape != '\0'; ++szText, ++szShape) {
+        if (*szShape == '9' ? !VIsDigit(*szText) : *szText != *szShape) {
+            return false;
+        }
+    }
+    return *szText == '\0';
+}
+
+bool ParseCount(const char* szText, int32_t& lCount)
+{
+    const auto result = std::from_chars(szText, szText + strlen(szText), lCount);
+    return result.ec == std::errc() && *result.ptr == '\0' && lCount >= 0;
+}
+
+// Reads a date such as 3/14/2004 or 2004-03-14. Returns false for anything else, and for a day that
+// QMCheckDate refuses.
 bool ParseDay(const char* szText, QMDate& date)
 {
     const bool bDigits = strspn(szText, "0123456789/") == strlen(szText);
@@ -24,7 +44,9 @@ bool ParseDay(const char* szText, QMDate& date)
     int nDay = 0;
     int nYear = 0;
     char cMore = 0;
-    if (!bDigits || sscanf(szText, "%2d/%2d/%4d%c", &nMonth, &nDay, &nYear, &cMore) != 3) {
+    if (HasShape(szText, "9999-99-99")) {
+        sscanf(szText, "%4d-%2d-%2d", &nYear, &nMonth, &nDay);
+    } else if (!bDigits || sscanf(szText, "%2d/%2d/%4d%c", &nMonth, &nDay, &nYear, &cMore) != 3) {
         return false;
     }
     date = QMMakeDate(static_cast<uint16_t>(nYear), static_cast<uint16_t>(nMonth),
@@ -65,8 +87,6 @@ public:
                 bOptions = false;
             } else if (!bOptions || szWord[0] != '-') {
                 m_options.aFiles.push_back(szWord);
-            } else if (!IsTaken(szWord)) {
-                return Refuse("unknown option", szWord);
             } else if (!TakeOption(szWord)) {
                 return false;
             }
@@ -75,58 +95,114 @@ public:
     }
 
 private:
-    bool IsTaken(const char* szOption) const
+    // "--name", "--name VALUE" or "--name=VALUE".
+    bool TakeOption(const char* szWord)
     {
-        const std::string sName = std::string(" ") + szOption + " ";
-        return strstr(m_command.szOptions, sName.c_str()) != nullptr;
+        const char* szEqual = strchr(szWord, '=');
+        const std::string_view name(
+            szWord, szEqual == nullptr ? strlen(szWord) : static_cast<size_t>(szEqual - szWord));
+        const ToolOption* pOption = FindToolOption(m_command, name);
+        if (pOption == nullptr) {
+            return RefuseOption(szWord, name);
+        }
+        if (pOption->szValue == nullptr) {
+            return szEqual == nullptr ? TakeFlag(pOption->szName)
+                                      : Refuse("no value belongs to", pOption->szName);
+        }
+        if (szEqual != nullptr) {
+            return TakeValue(pOption->szName, szEqual + 1);
+        }
+        if (m_nNext >= m_nWords) {
+            return Refuse("a value is missing behind", szWord);
+        }
+        return TakeValue(pOption->szName, m_aszWords[m_nNext++]);
     }
 
-    bool TakeOption(const char* szOption)
+    bool RefuseOption(const char* szWord, std::string_view name) const
     {
-        if (strcmp(szOption, "--json") == 0) {
-            m_options.bJson = true;
-        } else if (strcmp(szOption, "--force") == 0) {
-            m_options.bForce = true;
-        } else if (strcmp(szOption, "--cleared-balance") == 0) {
-            m_options.bClearedBalance = true;
-        } else {
-            return TakeValue(szOption);
+        const char* szOther = SuggestOption(m_command, name);
+        if (szOther == nullptr) {
+            return Refuse("unknown option", szWord);
         }
+        WriteError("unknown option '%s'; did you mean '%s'? (see qmktool --help)", szWord, szOther);
+        return false;
+    }
+
+    bool TakeFlag(std::string_view name)
+    {
+        const struct
+        {
+            std::string_view name;
+            bool* pFlag;
+        } aFlags[] = {
+            {"--json", &m_options.bJson},
+            {"--force", &m_options.bForce},
+            {"--cleared-balance", &m_options.bClearedBalance},
+            {"--all", &m_options.bAll},
+            {"--dry-run", &m_options.bDryRun},
+            {"--skip-known", &m_options.bSkipKnown},
+        };
+        for (const auto& flag : aFlags) {
+            if (flag.name == name) {
+                *flag.pFlag = true;
+                return true;
+            }
+        }
+        m_options.dialect.emplace_back("invert", "yes");
         return true;
     }
 
-    bool TakeValue(const char* szOption)
+    bool TakeValue(std::string_view name, const char* szValue)
     {
-        if (m_nNext >= m_nWords) {
-            return Refuse("a value is missing behind", szOption);
-        }
-        const char* szValue = m_aszWords[m_nNext++];
-        if (strcmp(szOption, "--format") == 0) {
-            return ParseFormat(szValue, m_options.lVersion) || Refuse("unknown format", szValue);
-        }
-        if (TakeText(szOption, szValue)) {
+        if (TakeText(name, szValue)) {
             return true;
         }
-        const bool bFrom = strcmp(szOption, "--from") == 0;
+        if (name == "--format") {
+            return ParseFormat(szValue, m_options.lVersion) || Refuse("unknown format", szValue);
+        }
+        if (name == "--limit" || name == "--last") {
+            return ParseCount(szValue, name == "--last" ? m_options.lLast : m_options.lLimit) ||
+                   Refuse("not a number of rows:", szValue);
+        }
+        if (name == "--from" || name == "--to") {
+            return TakeDay(name == "--from", szValue);
+        }
+        return TakeDialect(name.substr(2), szValue);
+    }
+
+    bool TakeDay(bool bFrom, const char* szValue)
+    {
         (bFrom ? m_bFrom : m_bTo) = true;
         return ParseDay(szValue, bFrom ? m_options.dtFrom : m_options.dtTo) ||
-               Refuse("not a date in the form M/D/YYYY:", szValue);
+               Refuse("not a date in the form M/D/YYYY or YYYY-MM-DD:", szValue);
+    }
+
+    bool TakeDialect(std::string_view name, const char* szValue)
+    {
+        if (const char* szFault = QMDialect().Set(name, szValue)) {
+            WriteError("--%s '%s' is refused: %s (see qmktool --help)", std::string(name).c_str(),
+                       szValue, szFault);
+            return false;
+        }
+        m_options.dialect.emplace_back(name, szValue);
+        return true;
     }
 
     // Options whose command makes sense of their text.
-    bool TakeText(const char* szOption, const char* szValue)
+    bool TakeText(std::string_view name, const char* szValue)
     {
         constexpr struct
         {
-            const char* szOption;
+            std::string_view name;
             const char* ToolOptions::*pMember;
         } aTexts[] = {
             {"--password", &ToolOptions::szPassword}, {"--kind", &ToolOptions::szKind},
             {"--group", &ToolOptions::szGroup},       {"--month", &ToolOptions::szMonth},
-            {"--pdf", &ToolOptions::szPdf},           {"--paper", &ToolOptions::szPaper},
+            {"--profile", &ToolOptions::szProfile},   {"--pdf", &ToolOptions::szPdf},
+            {"--paper", &ToolOptions::szPaper},
         };
         for (const auto& text : aTexts) {
-            if (strcmp(szOption, text.szOption) == 0) {
+            if (text.name == name) {
                 m_options.*text.pMember = szValue;
                 return true;
             }
@@ -142,12 +218,28 @@ private:
         if (m_options.aFiles.size() > m_command.uFiles) {
             return Refuse("one file name too many:", m_options.aFiles[m_command.uFiles]);
         }
-        if (m_bFrom != m_bTo) {
+        if (m_options.lLimit >= 0 && m_options.lLast >= 0) {
+            return Refuse("the first rows or the last, not both:", "--limit, --last");
+        }
+        return CheckPeriod();
+    }
+
+    bool CheckPeriod()
+    {
+        // A listing may be open at one end; what is added up for a period needs both.
+        if (m_bFrom != m_bTo && strcmp(m_command.szName, "list") != 0) {
             return Refuse("a period needs both --from and --to; missing is",
                           m_bFrom ? "--to" : "--from");
         }
-        m_options.bPeriod = m_bFrom;
-        return true;
+        m_options.bPeriod = m_bFrom || m_bTo;
+        if (!m_bFrom) {
+            m_options.dtFrom = QMMakeDate(0, 0, 0);
+        }
+        if (!m_bTo) {
+            m_options.dtTo = QMMakeDate(UINT16_MAX, UINT16_MAX, UINT16_MAX);
+        }
+        return !QMDateIsAfter(m_options.dtFrom, m_options.dtTo) ||
+               Refuse("the period ends before it begins:", "--from, --to");
     }
 
     const ToolCommand& m_command;

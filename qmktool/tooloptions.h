@@ -1,11 +1,13 @@
 // The command line of qmktool.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "account/qmdate.h"
+#include "qmktool/commandtable.h"
 
 struct ToolOptions
 {
@@ -14,7 +16,12 @@ struct ToolOptions
     bool bForce = false;
     bool bClearedBalance = false;
     const char* szPassword = nullptr;
-    bool bPeriod = false; // true when dtFrom and dtTo were given
+    bool bAll = false;
+    bool bDryRun = false;
+    bool bSkipKnown = false;
+    int32_t lLimit = -1;  // rows from the first one on; below 0 all
+    int32_t lLast = -1;   // rows up to the last one; below 0 all
+    bool bPeriod = false; // true when dtFrom or dtTo was given; the other one is then far away
     QMDate dtFrom;
     QMDate dtTo;
     // Of a report, as they were given; null for those that were not.
@@ -23,16 +30,10 @@ struct ToolOptions
     const char* szMonth = nullptr;
     const char* szPdf = nullptr;
     const char* szPaper = nullptr;
+    const char* szProfile = nullptr; // file with a dialect
+    // Names and values of the dialect in the order of the command line; each value is a good one.
+    std::vector<std::pair<std::string, std::string>> dialect;
     int32_t lVersion = 0; // the format version to write; 0 keeps that of the file
-};
-
-// What a command accepts.
-struct ToolCommand
-{
-    const char* szName;
-    size_t uFiles;
-    const char* szOptions; // their names, each with a blank before and after it
-    int (*pRun)(const ToolOptions& options);
 };
 
 // Reads the words after the name of the command. On a fault it writes one line to standard error

@@ -1,0 +1,34 @@
+// QMCsvRows: takes a text apart into rows and cells, with quotes as in RFC 4180.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QMCsvRows
+{
+public:
+    // The text must last as long as rows are taken. A quote of 0 means that there are none.
+    QMCsvRows(std::string_view text, char cSeparator, char cQuote)
+        : m_text(text), m_cSeparator(cSeparator), m_cQuote(cQuote)
+    {}
+
+    // Skips lines, whatever stands in them.
+    void SkipLines(int nLines);
+
+    // Takes the next row. Within quotes, separators and line ends belong to the cell, and two
+    // quotes stand for one. A quote that is never closed takes the rest of the text. Returns false
+    // at the end.
+    bool Next(std::vector<std::string>& cells);
+
+private:
+    bool AtLineEnd() const { return m_text[m_uNext] == '\n' || m_text[m_uNext] == '\r'; }
+    void TakeLineEnd();
+    std::string TakeCell();
+    void TakeQuoted(std::string& sCell);
+
+    std::string_view m_text;
+    char m_cSeparator;
+    char m_cQuote;
+    size_t m_uNext = 0;
+};

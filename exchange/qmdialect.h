@@ -1,0 +1,65 @@
+// QMDialect: how the files of a bank are written, as far as the formats of this program do not say.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+enum class QMBankColumn
+{
+    Ignored,
+    Date,
+    Number, // check number
+    Description,
+    Amount, // with a sign
+    Debit,
+    Credit,
+    Sign, // a word that tells the side of an amount that has no sign
+    Memo,
+    Category,
+    Type, // the label of a transaction type
+};
+
+enum class QMDateOrder
+{
+    MonthFirst,
+    DayFirst,
+    YearFirst
+};
+
+enum class QMCharacterSet
+{
+    Automatic, // by the mark; without one UTF-8 where the bytes are that, else Windows-1252
+    Utf8,
+    Utf16,
+    Windows1252,
+    Latin1
+};
+
+struct QMDialect
+{
+    char cSeparator = ',';
+    char cQuote = '"'; // 0: quotes are part of the text
+    QMDateOrder dates = QMDateOrder::MonthFirst;
+    char cDecimal = '.';
+    QMCharacterSet encoding = QMCharacterSet::Automatic;
+    int32_t lSkip = 0;    // lines before the records
+    bool bInvert = false; // a positive amount was spent
+    // Empty: the first line after those skipped names the columns.
+    std::vector<QMBankColumn> columns;
+
+    // Sets what a profile names that way. Returns null, or why the value is refused, as a phrase
+    // that ends a sentence.
+    const char* Set(std::string_view name, std::string_view value);
+
+    // The names and values of everything, a line for each, as ReadProfile takes them.
+    std::string GetProfile() const;
+
+    // Takes the lines "name = value" of a profile. Blank lines and lines that begin with "#" are
+    // left out. Returns an empty text, or the line and the reason of the first fault.
+    std::string ReadProfile(std::string_view text);
+};
+
+// The name of a column in --columns and in a profile.
+const char* QMBankColumnName(QMBankColumn column);
