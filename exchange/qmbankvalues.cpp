@@ -64,14 +64,16 @@ bool TakePart(std::string_view text, size_t& u, DateParts& parts)
 
 bool SplitDate(std::string_view text, DateParts& parts)
 {
-    for (size_t u = 0; u < text.size() && parts.nCount < 3;) {
+    size_t u = 0;
+    while (u < text.size() && parts.nCount < 3) {
         if (!VIsDigit(text[u]) && !IsLetter(text[u])) {
             ++u;
         } else if (!TakePart(text, u, parts)) {
             return false;
         }
     }
-    return true;
+    // A time of day may follow.
+    return u >= text.size() || text[u] == 'T' || text[u] == ' ';
 }
 
 // Eight digits without anything between them.
@@ -119,6 +121,19 @@ bool IsNegative(std::string_view before, std::string_view after)
            after.find('-') != std::string_view::npos ||
            (before.find('(') != std::string_view::npos &&
             after.find(')') != std::string_view::npos);
+}
+
+// What may stand before and after the digits: a currency, a sign, blanks.
+bool IsFrame(std::string_view text)
+{
+    constexpr std::string_view marks = " $()+-.'";
+    for (const char c : text) {
+        const bool bHigh = static_cast<unsigned char>(c) > 127;
+        if (!IsLetter(c) && !bHigh && marks.find(c) == std::string_view::npos) {
+            return false;
+        }
+    }
+    return true;
 }
 
 // Marks of thousands: the other one of point and comma, blanks, apostrophes.
@@ -191,7 +206,7 @@ bool QMParseBankAmount(std::string_view text, char cDecimal, double& dAmount)
     uFirst -= uFirst > 0 && text[uFirst - 1] == cDecimal ? 1 : 0;
     uEnd += uEnd < text.size() && text[uEnd] == cDecimal ? 1 : 0;
     const std::string sDigits = DigitsOf(text.substr(uFirst, uEnd - uFirst), cDecimal);
-    if (sDigits.empty()) {
+    if (sDigits.empty() || !IsFrame(text.substr(0, uFirst)) || !IsFrame(text.substr(uEnd))) {
         return false;
     }
     const double dValue = VParseDouble(sDigits.c_str());

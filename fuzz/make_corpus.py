@@ -268,11 +268,34 @@ def bad_xml() -> dict[str, bytes]:
     }
 
 
+def good_bank() -> dict[str, bytes]:
+    german = b"separator=;&dates=dmy&decimal=,&skip=1&columns=Date,Description,Amount\n"
+    return {
+        "german": german + b"Umsatz\n14.03.2004;Miete;-1.250,00\n",
+        "headings": b"\nDate,Payee,Debit,Credit\n3/14/2004,\"Smith, \"\"J\"\"\",5,\n",
+        "sign": b"columns=Date,Amount,Sign&dates=ymd\n20040314,5.00,D\n2004-03-15,6,?\n",
+        "utf_16": german + b"\xFF\xFE" + "x\n14.03.04;\u0416\u20ac;5\n".encode("utf-16-le"),
+        "open_quote": b"columns=Date,Memo,Amount\n3/14/2004,a,5\n3/15/2004,\"b\n,6\n",
+        "qif": b"dates=dmy&decimal=,&invert=yes\nDate,Amount\n14.3.04,5\nD14.3'04\nT1.234,5\n^\n",
+        "months": b"columns=Date,Amount\n14 Mar 2004,(5.00)\nMar 14 2004,5 DR\n",
+    }
+
+
+def bad_bank() -> dict[str, bytes]:
+    return {
+        "nothing": b"",
+        "headings_alone": b"\nDate,Amount\n",
+        "no_headings": b"\n1,2\n3,4\n",
+        "profile_alone": b"columns=Date,Amount",
+    }
+
+
 def all_inputs() -> dict[str, dict[str, bytes]]:
     """By folder, and there by what begins the names."""
     return {
         "account": {"good": good_accounts(), "bad": bad_accounts()},
         "report": {"good": reports()},
+        "bank": {"good": good_bank(), "bad": bad_bank()},
         "qif": {"good": good_qif(), "bad": {"nothing": b"", "mark_alone": b"\xFE\xFF",
                                             "odd_utf_16": b"\xFF\xFE^\0\n\0^"}},
         "csv": {"good": good_csv(), "bad": {"nothing": b"", "mark_alone": b"\xEF\xBB\xBF"}},

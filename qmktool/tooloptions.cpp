@@ -8,6 +8,7 @@
 #include "account/qmaccountformat.h"
 #include "base/vtext.h"
 #include "exchange/qmdialect.h"
+#include "qmktool/commands.h"
 #include "qmktool/toolerror.h"
 
 namespace {
@@ -238,7 +239,8 @@ private:
         if (!m_bTo) {
             m_options.dtTo = QMMakeDate(UINT16_MAX, UINT16_MAX, UINT16_MAX);
         }
-        return !QMDateIsAfter(m_options.dtFrom, m_options.dtTo) ||
+        // A report has a sentence of its own for that.
+        return m_command.pRun == RunReport || !QMDateIsAfter(m_options.dtFrom, m_options.dtTo) ||
                Refuse("the period ends before it begins:", "--from, --to");
     }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "exchange/qmbankreader.h"
 #include "exchange/qmexchange.h"
 #include "tests/support/account_support.h"
 #include "tests/support/support.h"
@@ -17,6 +18,7 @@
 // LLVMFuzzerTestOneInput of each fuzzer's source; the build gives it a name of its own.
 extern "C" int FuzzAccountReader(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzAccountReport(const uint8_t* pBytes, size_t uSize);
+extern "C" int FuzzBankReader(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzQifReader(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzCsvReader(const uint8_t* pBytes, size_t uSize);
 extern "C" int FuzzXmlReader(const uint8_t* pBytes, size_t uSize);
@@ -53,6 +55,19 @@ bool ReadsAsXml(const std::string& sBytes)
     return ReadsAs("in.xml", sBytes);
 }
 
+bool ReadsAsBank(const std::string& sInput)
+{
+    const size_t uEnd = sInput.find('\n');
+    std::string sProfile = sInput.substr(0, uEnd);
+    std::replace(sProfile.begin(), sProfile.end(), '&', '\n');
+    QMDialect dialect;
+    QMTransactionStore store;
+    QMBankReport report;
+    std::string sFault;
+    return dialect.ReadProfile(sProfile).empty() && uEnd != std::string::npos &&
+           QMReadBankCsv(sInput.substr(uEnd + 1), dialect, store, report, sFault);
+}
+
 constexpr struct
 {
     const char* szFolder;
@@ -62,6 +77,7 @@ constexpr struct
 } aCorpora[] = {
     {"account", 40, FuzzAccountReader, ReadsAsAccount},
     {"report", 5, FuzzAccountReport, ReadsAsAccount},
+    {"bank", 10, FuzzBankReader, ReadsAsBank},
     {"qif", 20, FuzzQifReader, ReadsAsQif},
     {"csv", 15, FuzzCsvReader, ReadsAsCsv},
     {"xml", 20, FuzzXmlReader, ReadsAsXml},

@@ -138,8 +138,18 @@ class Found(CheckTestCase):
 
     def test_every_refused_entry_of_one_account(self) -> None:
         entries = [entry for entry, _ in REFUSED_ENTRIES.values()]
-        findings = self.findings_of(self.check_account(entries=entries))
+        findings = self.findings_of(self.check_account("--all", entries=entries))
         self.assertEqual(len(findings), len(entries))
+
+    def test_after_twenty_entries_the_rest_is_summed_up(self) -> None:
+        for count, last in ((20, b"position 19: "), (21, b"and 1 more (all of them with --all)"),
+                            (500, b"and 480 more (all of them with --all)")):
+            result = self.check_account(entries=[Entry(amount=0)] * count)
+            self.assertIn(b": %d findings\n" % count, result.err)
+            lines = result.lines()
+            self.assertEqual(len([line for line in lines if line.startswith(b"position ")]),
+                             min(count, 20))
+            self.assertTrue(lines[-1].startswith(last), lines[-1])
 
     def test_several_reasons_of_one_entry(self) -> None:
         entry = Entry(type=77, day=Day(1, 13, 0), amount=-1, flags=8)

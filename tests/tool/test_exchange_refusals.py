@@ -95,14 +95,18 @@ class Hostile(ExchangeTestCase):
         letters = b"CDLMNPT^!,\"'\r\n\t/-.$[]0123456789" * 3 + bytes(range(256))
         for index in cases(range(12)):
             kind = ("qif", "csv")[index % 2]
-            data = b"Date,Payee,Amount\n" + bytes(source.choices(letters, k=20000))
+            # The last record is a good one: a file without any is refused.
+            data = (b"Date,Payee,Amount\n" + bytes(source.choices(letters, k=20000))
+                    + (b"\n^\nD1/2/2004\nT5\n^\n" if kind == "qif" else b"\n1/2/2004,x,5\n"))
             with self.subTest(kind, index=index):
                 self.assert_converts(self.write(f"in.{kind}", data), "out.qmk")
                 self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()
 
     def test_lines_and_cells_without_end(self) -> None:
-        for name, data in (("in.qif", b"P" + b"x" * 1000000), ("in.csv", b"," * 1000000),
-                           ("in.csv", b'"Payee"\n"' + b"x,\"" * 300000), ("in.qif", b"\n" * 200000),
+        for name, data in (("in.qif", b"P" + b"x" * 1000000),
+                           ("in.csv", b"Date" + b"," * 1000000 + b"\n1/2/2004"),
+                           ("in.csv", b'"Payee",Date\n,1/2/2004\n"' + b"x,\"" * 300000),
+                           ("in.qif", b"\n" * 200000),
                            ("in.qif", b"T" + b"9" * 5000 + b"\nN" + b"9" * 5000 + b"\n^\n")):
             with self.subTest(name, data=data[:10]):
                 began = time.monotonic()
@@ -123,8 +127,8 @@ class Hostile(ExchangeTestCase):
     def test_deep_and_long_documents(self) -> None:
         deep = b"<a>" * 50000 + b"</a>" * 50000
         long = (b"<a><transaction type='check'><memo>" + b"m &amp; " * 100000
-                + b"</memo></transaction></a>")
-        nested = b"<a>" + b"<transaction type='fee'>" * 2000 + b"</transaction>" * 2000 + b"</a>"
+                + b"</memo><amount>5</amount></transaction></a>")
+        nested = b"<a>" + b"<transaction type='fee'>" * 2000 + b"<amount>5</amount>" + b"</transaction>" * 2000 + b"</a>"
         for data, count in ((deep, 0), (long, 1), (nested, 1)):
             self.assert_converts(self.write("in.xml", data), "out.qmk")
             listing = self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()

@@ -2,6 +2,7 @@
 
 import os
 import unittest
+from collections import Counter
 from pathlib import Path
 from typing import Any, Iterable
 
@@ -29,6 +30,23 @@ NEW = [Entry(1, Day(2004, 2, 1), 0, 5.0, NOT_CLEARED, None, b""),
        Entry(3, Day(2004, 1, 1), 0, 7.5, 0, None, b"", b"", b"Bank")]
 
 
+def look(entry: Entry) -> tuple[Any, ...]:
+    """What makes two transactions look the same."""
+    return (entry.day, rules.as_single(entry.amount) * (-1 if entry.type in rules.DEBITS else 1),
+            entry.number if entry.type == 0 else 0, entry.description.removeprefix(b" - "))
+
+
+def told(old: list[Entry], new: list[Entry]) -> bytes:
+    """What the last line tells beyond the count."""
+    known = sum((Counter(map(look, old)) & Counter(map(look, new))).values())
+    days = [entry.day for entry in new]
+    counts = ((sum(not 1 <= day.month <= 12 for day in days), b"without a date"),
+              (days.count(Day(2000, 1, 1)), b"of 1/1/2000, as those without a date are"),
+              (sum(entry.amount == 0 for entry in new), b"without an amount"),
+              (known, b"that it seems to have already"))
+    return b"".join(b", %d %s" % (count, what) for count, what in counts if count)
+
+
 class ImportTestCase(ToolTestCase):
 
     def setUp(self) -> None:
@@ -44,8 +62,10 @@ class ImportTestCase(ToolTestCase):
         """The account's bytes are those of the entries, in the order of the register."""
         result = self.assert_done(run("import", self.source.name, self.account.name,
                                       cwd=self.folder, **settings))
-        self.assertEqual(result.out, b"%d transaction%s imported into %s\n" % (
-            count, b"" if count == 1 else b"s", self.account.name.encode()))
+        every = list(entries)
+        old, new = every[:len(every) - count], every[len(every) - count:]
+        self.assertEqual(result.out, b"%d transaction%s imported into %s%s\n" % (
+            count, b"" if count == 1 else b"s", self.account.name.encode(), told(old, new)))
         expected = make_account(formats.in_order(entries), V2_0, header or HEADER)
         self.assertTrue(self.account.read_bytes() == expected, "other bytes than expected")
         self.assertEqual(self.names_in_folder(), sorted({self.account.name, self.source.name}))
@@ -94,8 +114,39 @@ class Merged(ImportTestCase):
                          [2 * 4195.04, 2 * 3757.5])
 
     def test_one_is_told_as_one(self) -> None:
-        self.source.write_bytes(b"!Type:Bank\n^\n")
-        self.assert_imports([*OLD, Entry(2, Day(2000, 1, 1), 0, 0.0, NOT_CLEARED, None, b"")], 1)
+        self.source.write_bytes(b"!Type:Bank\nT-5\n^\n")
+        self.assert_imports([*OLD, Entry(2, Day(2000, 1, 1), 0, 5.0, NOT_CLEARED, None, b"")], 1)
+
+    def test_known_ones_are_left_out_when_told_to(self) -> None:
+        """Each that the account has answers for one of the file: twins stay."""
+        self.source.write_bytes(NEW_QIF + NEW_QIF[11:])
+        result = self.assert_done(self.run_import("--skip-known"))
+        self.assertTrue(result.out.endswith(b", 1 that it seems to have already left out\n"))
+        expected = make_account(formats.in_order(OLD + [NEW[0], NEW[2]] + NEW), V2_0, HEADER)
+        self.assertEqual(self.assert_done(run("list", self.account, "--json")).json()["count"], 7)
+        self.assertEqual(len(self.account.read_bytes()), len(expected))
+        again = self.assert_done(self.run_import("--skip-known"))
+        self.assertTrue(again.out.startswith(b"0 transactions imported"), again.out)
+
+    def test_a_dry_run_shows_the_records_and_writes_nothing(self) -> None:
+        before = self.account.read_bytes()
+        result = self.assert_done(self.run_import("--dry-run"))
+        self.assertEqual(self.account.read_bytes(), before)
+        lines = result.lines()
+        self.assertEqual(len(lines), 5)
+        self.assertIn(b"Oak Street", result.out)
+        self.assertTrue(lines[-1].startswith(b"3 transactions to import into "), lines[-1])
+
+    def test_records_without_anything_of_use_are_refused(self) -> None:
+        before = self.account.read_bytes()
+        for name, data in (("in.qif", b"!Type:Bank\nPx\n^\n"),
+                           ("in.csv", b"Datum;Betrag\n14.03.2004;5,00\n"),
+                           ("in.xml", b"<a><transaction type='fee'/></a>")):
+            with self.subTest(name):
+                self.source = self.write(name, data)
+                self.assert_refused(self.run_import(), self.source,
+                                    "none of its records has a date or an amount")
+                self.assertEqual(self.account.read_bytes(), before)
 
     def test_values_that_an_entry_by_hand_would_be_refused_for(self) -> None:
         self.source.unlink()

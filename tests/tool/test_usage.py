@@ -5,7 +5,9 @@ import unittest
 from support import COMMANDS, SAMPLE, ToolTestCase, cases, posix_only, run
 
 OPTIONS = ("--json", "--from", "--to", "--cleared-balance", "--format", "--force", "--password",
-           "--help", "--version")
+           "--help", "--version", "--limit", "--last", "--all", "--dry-run", "--skip-known",
+           "--profile", "--separator", "--quote", "--dates", "--decimal", "--encoding", "--skip",
+           "--columns", "--invert", "-h", "help COMMAND")
 FILE = "missing.qmk"
 FIRST_DAY, LAST_DAY = ("--from", "1/1/2004"), ("--to", "12/31/2004")
 
@@ -18,7 +20,26 @@ WRONG_WORDS = {
     "unknown option": ["list", FILE, "--jsonn"],
     "shortened option": ["list", FILE, "--js"],
     "option in capitals": ["info", FILE, "--JSON"],
-    "option with its value in one word": ["info", FILE, "--password=abc"],
+    "value for an option that takes none": ["info", FILE, "--json=yes"],
+    "period whose ends are exchanged": ["list", FILE, "--from", "3/1/2004", "--to", "2/1/2004"],
+    "first and last rows at once": ["list", FILE, "--limit", "3", "--last", "3"],
+    "a negative number of rows": ["list", FILE, "--limit", "-1"],
+    "a number of rows in words": ["list", FILE, "--last", "3x"],
+    "half a period for a report": ["report", FILE, "--kind", "tax", *FIRST_DAY],
+    "dialect of an account": ["convert", FILE, "b.csv", "--dates", "dmy"],
+    "help for no command": ["help", "lists"],
+    "all for list": ["list", FILE, "--all"],
+    "unknown order of dates": ["import", "a.csv", FILE, "--dates", "mmdd"],
+    "unknown separator": ["import", "a.csv", FILE, "--separator", "x"],
+    "unknown quote": ["import", "a.csv", FILE, "--quote", "x"],
+    "unknown decimal": ["import", "a.csv", FILE, "--decimal", ";"],
+    "unknown encoding": ["import", "a.csv", FILE, "--encoding", "ebcdic"],
+    "lines to skip in words": ["import", "a.csv", FILE, "--skip", "two"],
+    "columns without a date": ["import", "a.csv", FILE, "--columns", "Amount"],
+    "columns without an amount": ["convert", "a.csv", FILE, "--columns", "Date,Memo"],
+    "an unknown column": ["convert", "a.csv", FILE, "--columns", "Date,Amount,Colour"],
+    "dry run for list": ["list", FILE, "--dry-run"],
+    "skip known for convert": ["convert", "a.csv", FILE, "--skip-known"],
     "short option": ["list", "-j", FILE],
     "a lone dash": ["info", "-"],
     "version behind a command": ["list", FILE, "--version"],
@@ -52,8 +73,6 @@ WRONG_WORDS = {
     "no value for the first day": ["list", FILE, *LAST_DAY, "--from"],
     "no value for the last day": ["list", FILE, *FIRST_DAY, "--to"],
     "no value for the format": ["convert", FILE, "b.qmk", "--format"],
-    "the first day alone": ["list", FILE, *FIRST_DAY],
-    "the last day alone": ["list", FILE, *LAST_DAY],
     "unknown format": ["convert", FILE, "b.qmk", "--format", "3.0"],
     "format by its word": ["convert", FILE, "b.qmk", "--format", "8192"],
     "shortened format": ["convert", FILE, "b.qmk", "--format", "2"],
@@ -61,8 +80,8 @@ WRONG_WORDS = {
 
 NO_DATES = ("2/30/2004", "4/31/2004", "13/1/2004", "0/1/2004", "1/0/2004", "1/32/2004", "1/1/04",
             "1/1/1751", "1/1/3001", "1/1/20040", "x", "", "1/2004", "1/1/", "1//2004", "1-1-2004",
-            "1/1/2004x", "1/1/2004/", " 1/1/2004", "-1/1/2004", "+1/1/2004", "2004/1/1")
-DATES = ("1/1/2004", "01/01/2004", "2/29/2003", "12/31/3000", "1/1/1752")
+            "2004-2-3", "2004-02-30", "2004-13-01", "04-01-01", "2004-01-01x", "1/1/2004x", "1/1/2004/", " 1/1/2004", "-1/1/2004", "+1/1/2004", "2004/1/1")
+DATES = ("2004-01-31", "1/1/2004", "01/01/2004", "2/29/2003", "12/31/3000", "1/1/1752")
 
 
 class Asked(ToolTestCase):
@@ -74,8 +93,28 @@ class Asked(ToolTestCase):
             with self.subTest(word=word):
                 self.assertIn(word, text)
 
-    def test_help_behind_a_command_is_the_same(self) -> None:
-        self.assertEqual(self.assert_done(run("list", FILE, "--help")).out, run("--help").out)
+    def test_help_by_its_other_names(self) -> None:
+        text = self.assert_done(run("--help")).out
+        for words in (["-h"], ["help"]):
+            self.assertEqual(self.assert_done(run(*words)).out, text, words)
+
+    def test_help_of_a_command_tells_its_options_and_no_others(self) -> None:
+        text = self.assert_done(run("help", "list")).out
+        self.assertIn(b"--cleared-balance", text)
+        self.assertNotIn(b"--force", text)
+        for words in (["list", "--help"], ["list", FILE, "-h"], ["list", "--jsn", "--help"]):
+            self.assertEqual(self.assert_done(run(*words)).out, text, words)
+
+    def test_a_word_that_looks_like_another_is_asked_about(self) -> None:
+        for words, other in ((["lst"], "list"), (["conv"], "convert"), (["improt"], "import"),
+                             (["list", FILE, "--js"], "--json"),
+                             (["list", FILE, "--form", "1/1/2004"], "--from"),
+                             (["import", "a.csv", FILE, "--seperator", ";"], "--separator")):
+            with self.subTest(words):
+                result = run(*words)
+                self.assert_usage(result)
+                self.assertIn(f"did you mean '{other}'?".encode(), result.err)
+        self.assertNotIn(b"did you mean", run("frobnicate").err)
 
     def test_help_behind_the_end_of_options_is_a_file(self) -> None:
         self.assert_refused(run("info", "--", "--help", cwd=self.folder), "--help")
@@ -103,7 +142,7 @@ class Wrong(ToolTestCase):
                 ("shwo", ["shwo", FILE]),
                 ("--jsno", ["list", FILE, "--jsno"]),
                 ("2/30/2004", ["list", FILE, "--from", "2/30/2004", *LAST_DAY]),
-                ("--to", ["list", FILE, *FIRST_DAY]),
+                ("--to", ["report", FILE, "--kind", "tax", *FIRST_DAY]),
                 ("surplus.qmk", ["info", FILE, "surplus.qmk"]),
                 ("7.5", ["convert", FILE, "b.qmk", "--format", "7.5"]))):
             with self.subTest(word):
@@ -136,6 +175,25 @@ class Understood(ToolTestCase):
         outputs = {self.assert_done(run(*words)).out for words in orders}
         self.assertEqual(len(outputs), 1)
         self.assertIn(b'"rows":[', outputs.pop())
+
+    def test_a_value_behind_an_equal_sign(self) -> None:
+        self.assertEqual(
+            self.assert_done(run("list", SAMPLE, "--from=1/1/2004", "--to=2004-12-31")).out,
+            self.assert_done(run("list", SAMPLE, *FIRST_DAY, *LAST_DAY)).out)
+
+    def test_a_period_with_one_end(self) -> None:
+        for half, whole in ((FIRST_DAY, (*FIRST_DAY, "--to", "12/31/3000")),
+                            (LAST_DAY, ("--from", "1/1/1752", *LAST_DAY))):
+            self.assertEqual(self.assert_done(run("list", SAMPLE, *half)).out,
+                             self.assert_done(run("list", SAMPLE, *whole)).out)
+
+    def test_the_first_and_the_last_rows(self) -> None:
+        positions = [row["position"] for row in run("list", SAMPLE, "--json").json()["rows"]]
+        for words, rows in ((("--limit", "3"), positions[:3]), (("--last", "3"), positions[-3:]),
+                            (("--limit", "0"), []), (("--last", "0"), []),
+                            (("--limit", "9999"), positions), (("--last", "9999"), positions)):
+            listing = self.assert_done(run("list", SAMPLE, "--json", *words)).json()
+            self.assertEqual([row["position"] for row in listing["rows"]], rows, words)
 
     def test_a_repeated_option_counts_once(self) -> None:
         self.assertEqual(run("info", SAMPLE, "--json", "--json").out,

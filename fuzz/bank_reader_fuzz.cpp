@@ -1,0 +1,60 @@
+// Feeds the translation of banks' files with any bytes. The first line is a profile with "&" for
+// its line ends, the rest is the file.
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "exchange/qmbankreader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize);
+
+namespace {
+
+void Check(bool bHolds, const char* szWhat)
+{
+    if (!bHolds) {
+        fprintf(stderr, "bank reader: %s\n", szWhat);
+        abort();
+    }
+}
+
+void CheckRecord(const QMTransaction& transaction)
+{
+    Check(transaction.IsTypeValid(), "a type is unknown");
+    Check(QMCheckDate(transaction.dtDate) == 0, "a date is no day");
+    Check(!std::isnan(transaction.fAmount) && transaction.fAmount >= 0, "an amount has a sign");
+    Check(strpbrk(transaction.szDescription, "\r\n") == nullptr &&
+              strpbrk(transaction.szMemo, "\r\n") == nullptr &&
+              strpbrk(transaction.szCategory, "\r\n") == nullptr,
+          "a text has several lines");
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize)
+{
+    const std::string sInput(pBytes, pBytes + uSize);
+    const size_t uEnd = sInput.find('\n');
+    std::string sProfile = sInput.substr(0, uEnd);
+    for (char& c : sProfile) {
+        c = c == '&' ? '\n' : c;
+    }
+    QMDialect dialect;
+    dialect.ReadProfile(sProfile);
+    const std::string sFile = uEnd == std::string::npos ? "" : sInput.substr(uEnd + 1);
+    QMTransactionStore store;
+    QMBankReport report;
+    std::string sFault;
+    const bool bRead = QMReadBankCsv(sFile, dialect, store, report, sFault);
+    Check(bRead == !store.IsEmpty() && bRead == sFault.empty(), "a refusal gives records");
+    store.ForEach(CheckRecord);
+    QMDialect again;
+    Check(again.ReadProfile(dialect.GetProfile()).empty() &&
+              again.GetProfile() == dialect.GetProfile(),
+          "a profile does not read back");
+    QMTranslateQif(sFile, dialect, report);
+    return 0;
+}
