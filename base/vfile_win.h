@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 #include "base/vfilesystem.h"
 
 // The fault that GetLastError stands for; Other for an unknown one.
@@ -23,12 +25,7 @@ public:
     void Close();
     HANDLE Get() const { return m_hFile; }
     // Gives the handle to the caller, who closes it. The object is closed then.
-    HANDLE Release()
-    {
-        const HANDLE hFile = m_hFile;
-        m_hFile = INVALID_HANDLE_VALUE;
-        return hFile;
-    }
+    HANDLE Release() { return std::exchange(m_hFile, INVALID_HANDLE_VALUE); }
 
     // Writes all uSize bytes, in as many steps as Windows needs. On a fault some of them may be
     // written.

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Configures and builds a CMake preset. A success prints one line, a failure prints the log.
-# Usage: build.sh PRESET [TARGET...]   (without TARGET: everything of the preset)
+# Usage: build.sh PRESET [TARGET...]   (without TARGET: everything of the preset; the target
+#        build.ninja stands for configuring alone)
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

@@ -13,7 +13,7 @@ import sys
 from collections.abc import Iterator
 from pathlib import Path
 
-from compiledsources import REPO, compile_entries, headers_by_object
+from compiledsources import REPO, compile_entries, headers_in
 
 PORTABLE_FOLDERS = ("base", "account", "qmktool")
 POSIX_FOLDERS = ("tests",)
@@ -71,11 +71,10 @@ def problems_in(path: Path, allow_windows: bool, allow_posix: bool) -> Iterator[
 
 def portable_files(build: Path) -> list[Path]:
     files = {Path(entry["file"]) for entry in compile_entries(build)}
-    files.update(header for headers in headers_by_object(build).values() for header in headers)
+    files |= {header for source in files for header in headers_in(source)}
     for folder in PORTABLE_FOLDERS:
         files.update(path for path in (REPO / folder).rglob("*") if path.suffix in SUFFIXES)
-    # A header that was deleted since the build is of no interest.
-    return sorted(path for path in files if path.exists())
+    return sorted(files)
 
 
 def main() -> int:

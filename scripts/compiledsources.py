@@ -1,10 +1,13 @@
-"""What a build folder was made of, of this repository's own files."""
+"""What a build folder is made of, of this repository's own files."""
 
 import json
-import subprocess
+import re
+from functools import cache
 from pathlib import Path
 
 REPO = Path(__file__).resolve().parent.parent
+# Own headers are named from the repository's folder.
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 
 
 def is_own(path: Path) -> bool:
@@ -20,19 +23,15 @@ def compile_entries(build: Path) -> list[dict[str, str]]:
     return entries
 
 
-def headers_by_object(build: Path) -> dict[str, list[Path]]:
-    """The own files that each object file was made of at the last build, by its path below the
-    build folder."""
-    text = subprocess.run(["ninja", "-C", str(build), "-t", "deps"], check=True,
-                          capture_output=True, text=True).stdout
-    headers: dict[str, list[Path]] = {}
-    current = ""
-    for line in text.splitlines():
-        if line.startswith("    "):
-            path = (build / line.strip()).resolve()
-            if is_own(path):
-                headers[current].append(path)
-        elif ": #deps" in line:
-            current = line.split(": #deps")[0]
-            headers[current] = []
-    return headers
+@cache
+def headers_in(source: Path) -> frozenset[Path]:
+    """The own files that a source includes, and those that these include in turn."""
+    found: set[Path] = set()
+    due = [source]
+    while due:
+        text = due.pop().read_text(encoding="utf-8", errors="replace")
+        headers = {REPO / name for name in INCLUDE.findall(text)}
+        fresh = {header for header in headers if header.exists()} - found
+        found |= fresh
+        due += fresh
+    return frozenset(found)

@@ -1,23 +1,63 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over every own source of a build folder's compile_commands.json but the tests,
-warnings as errors. A source found clean is not checked again until it, a header of it, its compiler options or
-the checks change; build/tidy remembers. Exit code 1 if anything was found.
+"""Runs clang-tidy over every own source of several build folders but the tests, warnings as errors.
+A source that stands in more than one folder is checked as the first of them compiles it. Exit code 1
+if anything was found.
+
+Usage: tidy.py BUILD_FOLDER...
+
+Most of the time goes into headers, those of Windows above all, so that the sources of a folder are
+checked several at once, each included into one that is made for the purpose. Where sources do not
+fit together, each is checked by itself. A source found clean is not checked again until it, a
+header of it, its compiler options or the checks change; build/tidy remembers.
 """
 
 import hashlib
 import os
 import re
+import shlex
 import subprocess
 import sys
+from collections.abc import Iterator
 from concurrent.futures import ThreadPoolExecutor
+from dataclasses import dataclass
 from functools import cache
 from pathlib import Path
 
-from compiledsources import REPO, compile_entries, headers_by_object
+from compiledsources import REPO, compile_entries, headers_in
 
 MEMORY = REPO / "build" / "tidy"
+GROUPS = REPO / "build" / "tidy-groups"
+# More in a group save little and make one processor wait for the other.
+LARGEST_GROUP = 8
 NOISE = re.compile(
     r"^(\d+ warnings? (generated|treated as error)|Suppressed \d+|Use -header-filter)")
+# What the sources of a folder may differ in, and what means nothing to Clang.
+OWN_OPTIONS = re.compile(r"-o|-c|-include|-Winvalid-pch|-fpch-preprocess|-mstackrealign")
+INNER_NAME = re.compile(r"^(?!namespace|using namespace|#|//|[{}])[^\s(=\[{;][^(=\[{;]*?(\w+)\s*"
+                        r"(?:[(=\[{;:]|$)", re.MULTILINE)
+INNER_PART = re.compile(r"^namespace \{\n(.*?)^\} // namespace$", re.MULTILINE | re.DOTALL)
+MACRO = re.compile(r"^#\s*define\s+(\w+)", re.MULTILINE)
+
+
+@dataclass(frozen=True)
+class Source:
+    path: Path
+    options: tuple[str, ...]  # for Clang
+
+    @property
+    def key(self) -> str:
+        """Changes with everything that the findings depend on."""
+        files = sorted({self.path, *headers_in(self.path), *configurations(self.path),
+                        Path(__file__)})
+        parts = [*self.options, *(f"{path} {digest(path)}" for path in files)]
+        return hashlib.sha256("\n".join(parts).encode()).hexdigest()
+
+    @property
+    def inner_names(self) -> set[str]:
+        """The names that it has for itself, and that others must not have beside it."""
+        text = self.path.read_text(encoding="utf-8", errors="replace")
+        inner = "".join(INNER_PART.findall(text))
+        return set(INNER_NAME.findall(inner)) | set(MACRO.findall(text))
 
 
 @cache
@@ -30,46 +70,105 @@ def configurations(source: Path) -> list[Path]:
     return [folder / ".clang-tidy" for folder in source.parents if folder.is_relative_to(REPO)]
 
 
-def key_of(entry: dict[str, str], headers: list[Path]) -> str:
-    source = Path(entry["file"])
-    files = sorted({source, *headers, *configurations(source), Path(__file__)})
-    parts = [entry["command"], *(f"{path} {digest(path)}" for path in files)]
-    return hashlib.sha256("\n".join(parts).encode()).hexdigest()
+@cache
+def include_folders(compiler: str) -> tuple[str, ...]:
+    """Where a compiler for Windows looks for its headers, as options for Clang."""
+    said = subprocess.run([compiler, "-E", "-x", "c++", "-v", os.devnull], capture_output=True,
+                          text=True, check=True).stderr
+    listed = said.split("#include <...> search starts here:\n")[1].split("End of search list")[0]
+    folders = [os.path.normpath(line.strip()) for line in listed.splitlines()]
+    # Clang has its own headers for the processor's instructions and the like.
+    own = re.compile(r".*/lib/gcc/[^/]+/[^/]+/include(-fixed)?")
+    return tuple(f"-isystem{folder}" for folder in folders if not own.fullmatch(folder))
 
 
-def check(build: Path, entry: dict[str, str]) -> str:
-    """Checks one source; returns what was found, empty if nothing."""
+def options_of(entry: dict[str, str]) -> tuple[str, ...]:
+    compiler, *words = shlex.split(entry["command"])
+    kept = [word for before, word in zip(["", *words], words)
+            if not OWN_OPTIONS.fullmatch(word) and before not in ("-o", "-include")
+            and word != entry["file"]]
     # The command lines are those of another compiler, whose warnings this one need not know.
+    kept.append("-Wno-unknown-warning-option")
+    target = re.match(r"(\w+-w64-mingw32)-", Path(compiler).name)
+    if target:
+        kept += [f"--target={target[1]}", "-nostdinc++", *include_folders(compiler)]
+    return tuple(kept)
+
+
+def sources_of(builds: list[Path]) -> list[Source]:
+    # The tests' own sources take several times as long as all others, for their macros' sake.
+    found: dict[Path, Source] = {}
+    for build in builds:
+        for entry in compile_entries(build):
+            path = Path(entry["file"])
+            if path.suffix == ".cpp" and path not in found and not path.is_relative_to(REPO / "tests"):
+                found[path] = Source(path, options_of(entry))
+    return list(found.values())
+
+
+def groups_of(sources: list[Source]) -> list[list[Source]]:
+    """Puts those together that have a folder and options in common and no names of their own."""
+    groups: list[tuple[object, set[str], list[Source]]] = []
+    for source in sources:
+        kind, names = (source.path.parent, source.options), source.inner_names
+        for group_kind, group_names, members in groups:
+            if kind == group_kind and not names & group_names and len(members) < LARGEST_GROUP:
+                group_names |= names
+                members.append(source)
+                break
+        else:
+            groups.append((kind, names, [source]))
+    return [members for _, _, members in groups]
+
+
+def check_file(path: Path, options: tuple[str, ...]) -> str:
+    """Returns what was found, empty if nothing."""
     run = subprocess.run(
-        ["clang-tidy", "-p", str(build), "--quiet", "--warnings-as-errors=*",
-         "--extra-arg=-Wno-unknown-warning-option", entry["file"]],
+        ["clang-tidy", "--quiet", "--warnings-as-errors=*", str(path), "--", *options],
         cwd=REPO, capture_output=True, text=True, check=False)
     if run.returncode == 0:
         return ""
     lines = (run.stdout + run.stderr).splitlines()
     kept = [line for line in lines if not NOISE.match(line)]
-    return "\n".join(kept) or f"clang-tidy ended with code {run.returncode}: {entry['file']}"
+    return "\n".join(kept) or f"clang-tidy ended with code {run.returncode}: {path}"
+
+
+def check_alone(group: list[Source]) -> Iterator[tuple[Source, str]]:
+    for source in group:
+        yield source, check_file(source.path, source.options)
+
+
+def check_group(group: list[Source]) -> list[tuple[Source, str]]:
+    """What was found in each source of a group."""
+    if len(group) > 1:
+        together = GROUPS / f"{group[0].path.parent.name}-{group[0].path.stem}.cpp"
+        lines = [f'#include "{source.path}" // NOLINT\n' for source in group]
+        together.write_text("".join(lines), encoding="utf-8")
+        if not check_file(together, group[0].options):
+            return [(source, "") for source in group]
+    # By themselves they tell more: whose it is, or that they only do not fit together.
+    return list(check_alone(group))
 
 
 def main() -> int:
-    build = Path(sys.argv[1]).resolve()
-    # The tests' own sources take several times as long as all others, for their macros' sake.
-    entries = [entry for entry in compile_entries(build)
-               if not Path(entry["file"]).is_relative_to(REPO / "tests")]
-    headers = headers_by_object(build)
-    keys = {key_of(entry, headers.get(entry.get("output", ""), [])): entry for entry in entries}
+    sources = sources_of([Path(name).resolve() for name in sys.argv[1:]])
+    keys = {source: source.key for source in sources}
     MEMORY.mkdir(parents=True, exist_ok=True)
-    due = {key: entry for key, entry in keys.items() if not (MEMORY / key).exists()}
+    GROUPS.mkdir(parents=True, exist_ok=True)
+    due = [source for source in sources if not (MEMORY / keys[source]).exists()]
     failed = 0
+    # The largest first, so that no processor has the last one for itself.
+    groups = sorted(groups_of(due), key=len, reverse=True)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        for key, found in zip(due, pool.map(lambda entry: check(build, entry), due.values())):
-            if found:
-                failed += 1
-                print(found, flush=True)
-            else:
-                (MEMORY / key).touch()
+        for results in pool.map(check_group, groups):
+            for source, found in results:
+                if found:
+                    failed += 1
+                    print(found, flush=True)
+                else:
+                    (MEMORY / keys[source]).touch()
     for stale in MEMORY.iterdir():
-        if stale.name not in keys:
+        if stale.name not in keys.values():
             stale.unlink()
     return 1 if failed else 0
 

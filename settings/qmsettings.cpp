@@ -7,12 +7,12 @@
 
 namespace {
 
-constexpr char szRootKey[] = "Software\\Tarn Software\\Quillmark";
-constexpr char szPageSetupKey[] = "Software\\Tarn Software\\Quillmark\\Page Setup";
-constexpr char szSettingsKey[] = "Software\\Tarn Software\\Quillmark\\Settings";
-constexpr char szRecentKey[] = "Software\\Tarn Software\\Quillmark\\Recent File List";
+constexpr char szRootKey[] = R"(Software\Tarn Software\Quillmark)";
+constexpr char szPageSetupKey[] = R"(Software\Tarn Software\Quillmark\Page Setup)";
+constexpr char szSettingsKey[] = R"(Software\Tarn Software\Quillmark\Settings)";
+constexpr char szRecentKey[] = R"(Software\Tarn Software\Quillmark\Recent File List)";
 
-constexpr char szFallbackDirectory[] = "C:\\Program Files\\Tarn Software\\Quillmark";
+constexpr char szFallbackDirectory[] = R"(C:\Program Files\Tarn Software\Quillmark)";
 
 // VRegKey::ReadNumber returns the default for a missing value, so a stored -1 counts as missing
 // too.

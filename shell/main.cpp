@@ -72,11 +72,10 @@ int HandOver(const char* szClass)
     return 1;
 }
 
-int RunFirstInstance(HINSTANCE hInstance, int nShowCommand, const char* szClass,
-                     const char* szProduct)
+int RunFirstInstance(HINSTANCE hInstance, int nShowCmd, const char* szClass, const char* szProduct)
 {
     VApplication::SetClassName(szClass);
-    if (!GetApplication().Initialize(hInstance, nShowCommand, IDI_QUILLMARK, COLOR_WINDOW + 1)) {
+    if (!GetApplication().Initialize(hInstance, nShowCmd, IDI_QUILLMARK, COLOR_WINDOW + 1)) {
         return 0;
     }
     GetApplication().SetName(szProduct);
@@ -86,8 +85,8 @@ int RunFirstInstance(HINSTANCE hInstance, int nShowCommand, const char* szClass,
 
 } // namespace
 
-int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE /*hPrevious*/, char* /*szCommandLine*/,
-                   int nShowCommand)
+int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, char* /*lpCmdLine*/,
+                   int nShowCmd)
 {
     const VString sProduct = ResourceString(IDS_APPLICATION, hInstance);
     const VString sInstance = InstanceName(sProduct.GetText(), hInstance);
@@ -96,7 +95,6 @@ int WINAPI WinMain(HINSTANCE hInstance, HINSTANCE /*hPrevious*/, char* /*szComma
     SetLastError(ERROR_SUCCESS);
     const KernelHandle mutex(CreateMutexA(nullptr, FALSE, sMutex.GetText()));
     const bool bFirst = mutex.IsValid() && GetLastError() != ERROR_ALREADY_EXISTS;
-    return bFirst
-               ? RunFirstInstance(hInstance, nShowCommand, sInstance.GetText(), sProduct.GetText())
-               : HandOver(sInstance.GetText());
+    return bFirst ? RunFirstInstance(hInstance, nShowCmd, sInstance.GetText(), sProduct.GetText())
+                  : HandOver(sInstance.GetText());
 }

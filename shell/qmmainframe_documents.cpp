@@ -45,15 +45,16 @@ bool QMMainFrame::OpenDocument(const char* szName)
 
 bool QMMainFrame::ActivateIfOpen(const char* szPath, bool bActivate)
 {
-    for (QMRegisterWindow* pChild : m_apChildren) {
-        if (pChild->GetFullName().CompareNoCase(szPath) == 0) {
-            if (bActivate) {
-                ActivateChild(*pChild);
-            }
-            return true;
-        }
+    const auto found = std::ranges::find_if(m_apChildren, [&](const QMRegisterWindow* pChild) {
+        return pChild->GetFullName().CompareNoCase(szPath) == 0;
+    });
+    if (found == m_apChildren.end()) {
+        return false;
     }
-    return false;
+    if (bActivate) {
+        ActivateChild(**found);
+    }
+    return true;
 }
 
 QMRegisterOptions QMMainFrame::RegisterOptions() const
@@ -92,7 +93,7 @@ bool QMMainFrame::CreateDocument(const char* szName, bool bIsNew)
         m_apRefused.push_back(std::move(pRegister));
         return false;
     }
-    pRegister.release(); // from here on it is deleted with its window
+    static_cast<void>(pRegister.release()); // from here on it is deleted with its window
     if (!bIsNew) {
         AddRecent(szName);
         RebuildRecentMenu();
