@@ -4,8 +4,12 @@
 Prints the output of the tests that failed, the skipped ones with their reasons and one line of
 counts. Appends these counts as "PASSED FAILED SKIPPED" to a file. Exit code 1 if anything failed.
 
+--program given N times runs N parts of the tests side by side, each by a command line of its own.
+
 With --second-try a few failed tests run once more by themselves: tests of windows depend on the
-machine's load. What passes then counts as passed and is named with what the first try said.
+machine's load. What passes then counts as passed and is named with what the first try said. A crash
+or a damaged heap depends on no load: such a test gets no second try, and fails even where the test
+itself saw nothing.
 """
 
 import argparse
@@ -18,10 +22,11 @@ import sys
 import time
 import unittest
 import xml.etree.ElementTree as ElementTree
+from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass, field
 from pathlib import Path
 
-PROGRAM_LIMIT_S = 1800
+PROGRAM_LIMIT_S = 1200
 TOOL_TEST_LIMIT_S = 300
 # More than these failures are no accident.
 SECOND_TRIES = 5
@@ -49,20 +54,32 @@ RUN_LINE = re.compile(r"^\[ RUN      \] (\S+)$")
 END_LINE = re.compile(r"^\[(       OK |  FAILED  |  SKIPPED )\] (\S+?),? .*\(\d+ ms\)$")
 
 
+# What Wine says of a program that crashed or damaged its heap.
+DAMAGE = re.compile(r"wine: Unhandled|:err:heap:|:err:seh:.*(exception|overflow)")
+
+
+def is_damage(text: str) -> bool:
+    return DAMAGE.search(text) is not None
+
+
 def blocks_of(output: str) -> tuple[dict[str, str], str, str]:
     """Splits what a GoogleTest program printed: the text of every test that ended, by its name;
     the name of a test that began and did not end; the text after the last test that ended."""
     blocks: dict[str, str] = {}
     lines: list[str] = []
-    running = ""
+    running = ended = ""
     for line in output.splitlines():
         begin, end = RUN_LINE.match(line), END_LINE.match(line)
         if begin:
+            # What a program says while it ends belongs to the test that started it.
+            if ended and is_damage("\n".join(lines)):
+                blocks[ended] += "\n" + "\n".join(lines)
             running, lines = begin[1], []
         lines.append(line)
         if end and end[2] == running:
-            blocks[running] = "\n".join(lines)
-            running, lines = "", []
+            # A program that repeats its tests tells of each several times.
+            blocks[running] = "\n".join([blocks[running], *lines] if running in blocks else lines)
+            running, ended, lines = "", running, []
     return blocks, running, "\n".join(lines)
 
 
@@ -87,6 +104,8 @@ def report_results(report: Path, blocks: dict[str, str]) -> Results:
             results.skips.append((name, "disabled in the source"))
         elif case.get("result") == "skipped":
             results.skips.append((name, skip_reason(case)))
+        elif is_damage(blocks.get(name, "")):
+            results.failures.append((name, blocks[name]))
         else:
             results.passed += 1
     return results
@@ -99,6 +118,8 @@ def crash_results(blocks: dict[str, str]) -> Results:
         lines = text.splitlines()
         if "  FAILED  " in lines[-1]:
             results.failures.append((name, text))
+        elif is_damage(text):
+            results.failures.append((name, text))
         elif "  SKIPPED " in lines[-1]:
             results.skips.append((name, " ".join(lines[2:-1]).strip() or "no reason given"))
         else:
@@ -106,7 +127,8 @@ def crash_results(blocks: dict[str, str]) -> Results:
     return results
 
 
-def run_program(command: list[str], folder: Path, ring: str) -> Results:
+def run_program(command: list[str], folder: Path, ring: str,
+                part: dict[str, str] | None = None) -> Results:
     """Runs a GoogleTest program. One that dies, hangs or has no tests is a failure of its own."""
     report = folder / f"{ring}.xml"
     log = folder / f"{ring}.log"
@@ -118,7 +140,7 @@ def run_program(command: list[str], folder: Path, ring: str) -> Results:
             code = subprocess.run(
                 [*command, f"--gtest_output=xml:{os.path.relpath(report)}", "--gtest_color=no"],
                 stdin=subprocess.DEVNULL, stdout=stream, stderr=subprocess.STDOUT,
-                timeout=PROGRAM_LIMIT_S, check=False).returncode
+                env=os.environ | (part or {}), timeout=PROGRAM_LIMIT_S, check=False).returncode
         except subprocess.TimeoutExpired:
             code, ending = -1, f"did not end within {PROGRAM_LIMIT_S} s"
         except OSError as error:
@@ -141,11 +163,26 @@ def run_program(command: list[str], folder: Path, ring: str) -> Results:
     return results
 
 
+def run_parts(commands: list[list[str]], folder: Path, ring: str) -> Results:
+    """Shares the tests of a program out among several of its kind, which run side by side."""
+    if len(commands) == 1:
+        return run_program(commands[0], folder, ring)
+    parts = [{"GTEST_TOTAL_SHARDS": str(len(commands)), "GTEST_SHARD_INDEX": str(index)}
+             for index in range(len(commands))]
+    names = [f"{ring}-{index}" for index in range(len(commands))]
+    results = Results()
+    with ThreadPoolExecutor(len(commands)) as pool:
+        for part in pool.map(run_program, commands, [folder] * len(commands), names, parts):
+            results.add(part)
+    return results
+
+
 def try_again(results: Results, command: list[str], folder: Path, ring: str) -> None:
     """Runs the failed tests once more, and moves those that pass now from the failures."""
     names = [name for name, _ in results.failures]
     known = all(re.fullmatch(r"\w[\w/]*\.\w[\w/]*", name) for name in names)
-    if not names or not known or len(names) > SECOND_TRIES:
+    damaged = any(is_damage(text) for _, text in results.failures)
+    if not names or not known or damaged or len(names) > SECOND_TRIES:
         return
     again = run_program([*command, f"--gtest_filter={':'.join(names)}"], folder, f"{ring}-again")
     if again.skips or again.ran != len(names):
@@ -227,7 +264,8 @@ def print_results(ring: str, results: Results, seconds: float) -> None:
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("ring", help="the name to print")
-    parser.add_argument("--program", required=True, help="command line of the GoogleTest program")
+    parser.add_argument("--program", required=True, action="append",
+                        help="command line of the GoogleTest program")
     parser.add_argument("--tool", help="command line of the qmktool under test")
     parser.add_argument("--tool-tests", default="tests/tool", help="folder of the qmktool tests")
     parser.add_argument("--second-try", action="store_true", help="run failed tests once more")
@@ -238,10 +276,10 @@ def main() -> int:
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     began = time.monotonic()
     options.counts.parent.mkdir(parents=True, exist_ok=True)
-    command, folder = shlex.split(options.program), options.counts.parent
-    results = run_program(command, folder, options.ring)
+    commands, folder = [shlex.split(line) for line in options.program], options.counts.parent
+    results = run_parts(commands, folder, options.ring)
     if options.second_try:
-        try_again(results, command, folder, options.ring)
+        try_again(results, commands[0], folder, options.ring)
     if options.tool:
         results.add(run_tool_tests(options.tool, options.tool_tests))
     print_results(options.ring, results, time.monotonic() - began)

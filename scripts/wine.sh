@@ -2,11 +2,15 @@
 # Runs a Windows program of this repository under Wine, in a prefix of the repository's own
 # (build/wine-PRESET). Standard streams, arguments and exit code pass through as they are.
 # Usage: wine.sh PRESET PROGRAM.exe [ARGUMENT...]
-#        wine.sh --prepare PRESET   only makes the prefix and starts Wine's services
+#        wine.sh --make PRESET      only makes the prefix
+#        wine.sh --prepare PRESET   makes the prefix and starts Wine's services
 #        wine.sh --hold PRESET      keeps Wine's services running until standard input ends
 #        wine.sh --end PRESET       ends what is still running in the prefix
-# PRESET is win32 or win64. Who holds the services sets QUILLMARK_WINE_HELD=1, and DISPLAY where the
-# programs have windows; otherwise a windowed program gets a display of its own.
+# PRESET is win32 or win64. A program runs on the display of DISPLAY, or on one of its own.
+# The environment may say more:
+#   QUILLMARK_WINE_HELD=1   somebody holds the services, and the display where one is needed
+#   QUILLMARK_WINE_SLOT=N   a copy of the prefix, build/wine-PRESET-N, for what runs side by side
+#   QUILLMARK_WINE_DEBUG    what Wine tells on standard error (its WINEDEBUG); nothing by default
 set -euo pipefail
 
 repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -18,7 +22,7 @@ die() {
 
 mode=run
 case ${1:-} in
-    --prepare | --hold | --end)
+    --make | --prepare | --hold | --end)
         mode=${1#--}
         shift
         ;;
@@ -27,7 +31,8 @@ preset=${1:-}
 [[ $preset == win32 || $preset == win64 ]] || die "the preset is win32 or win64, not '$preset'"
 shift
 
-export WINEPREFIX=$repo/build/wine-$preset
+original=$repo/build/wine-$preset
+export WINEPREFIX=$original${QUILLMARK_WINE_SLOT:+-$QUILLMARK_WINE_SLOT}
 export WINEARCH=$preset
 export WINEDEBUG=-all
 # No offers to download Mono and Gecko, no menu entries in the user's home.
@@ -63,25 +68,51 @@ link_fonts() {
 make_prefix() {
     local log=$repo/build/logs/wine-$preset.log
     mkdir -p "$repo/build/logs"
-    rm -rf "$WINEPREFIX"
     link_fonts >"$log" 2>&1 </dev/null || echo "wine.sh: Wine's fonts are not there, see $log" >&2
     in_wine wine wineboot -i >>"$log" 2>&1 </dev/null || die "no prefix could be made, see $log"
     # In a desktop of Wine's own, captions are drawn and windows activated without a window manager.
     in_wine wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$log" 2>&1
     in_wine wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x900 /f \
         >>"$log" 2>&1
+    # A program that crashes ends, with its story on standard error and no box to answer.
+    in_wine wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
+        >>"$log" 2>&1
     # What runs by now knows nothing of the desktop.
     in_wine wineserver -k || true
-    touch "$WINEPREFIX/.ready"
+}
+
+# Wine's own programs and libraries, most of a prefix, are never changed and need no copies.
+copy_prefix() {
+    local windows=drive_c/windows folder
+    mkdir -p "$WINEPREFIX/$windows"
+    for folder in system32 syswow64 winsxs; do
+        [[ ! -e $original/$windows/$folder ]] ||
+            cp -al "$original/$windows/$folder" "$WINEPREFIX/$windows"
+    done
+    cp -an "$original/." "$WINEPREFIX"
+}
+
+is_ready() {
+    [[ -e $WINEPREFIX/.ready && ! $original/.ready -nt $WINEPREFIX/.ready ]]
 }
 
 prepare() {
-    [[ -e $WINEPREFIX/.ready ]] && return
+    is_ready && return
     require_wine
     mkdir -p "$repo/build"
+    if [[ $WINEPREFIX != "$original" ]]; then
+        QUILLMARK_WINE_SLOT='' "$0" --make "$preset" || exit
+    fi
     (
         flock 9
-        [[ -e $WINEPREFIX/.ready ]] || make_prefix 9>&-
+        is_ready && exit
+        rm -rf "$WINEPREFIX"
+        if [[ $WINEPREFIX == "$original" ]]; then
+            make_prefix 9>&-
+        else
+            copy_prefix
+        fi
+        touch "$WINEPREFIX/.ready"
     ) 9>"$WINEPREFIX.lock"
 }
 
@@ -91,11 +122,9 @@ start_services() {
     [[ -n ${QUILLMARK_WINE_HELD:-} ]] || in_wine wine hostname >/dev/null 2>&1 </dev/null || true
 }
 
-# Whether the program at $1 opens windows: the subsystem in its PE header is 2, not 3.
+# Of what the build makes, two programs open no window.
 is_windowed() {
-    local header
-    header=$(od -An -tu4 -j60 -N4 "$1" 2>/dev/null) || return 1
-    [[ $(od -An -tu2 -j$((header + 92)) -N2 "$1") -eq 2 ]]
+    [[ -f $1 && ${1##*/} != core_tests.exe && ${1##*/} != qmktool.exe ]]
 }
 
 # Ends the services too: they are of no use without their display, and would say so.
@@ -115,7 +144,7 @@ run_on_own_display() {
     trap "end_display $SCREEN_PID" EXIT
     read -r number <&"${SCREEN[0]}" || die "no display could be started"
     DISPLAY=:$number start_services
-    DISPLAY=:$number in_wine wine "$@" || status=$?
+    DISPLAY=:$number WINEDEBUG=${QUILLMARK_WINE_DEBUG:-$WINEDEBUG} in_wine wine "$@" || status=$?
     exit "$status"
 }
 
@@ -127,6 +156,7 @@ run() {
         run_on_own_display "$@"
     fi
     start_services
+    export WINEDEBUG=${QUILLMARK_WINE_DEBUG:-$WINEDEBUG}
     if [[ $preset == win32 ]]; then
         exec "$repo/scripts/wine32.sh" exec wine "$@"
     fi
@@ -135,6 +165,7 @@ run() {
 
 case $mode in
     run) run "$@" ;;
+    make) prepare ;;
     prepare)
         prepare
         start_services
