@@ -38,7 +38,7 @@ ROOMS = {
     "fuzz": PORTABLE,
     "bench": PORTABLE,
     "tests/support": PORTABLE,
-    "tests/core": f"{PORTABLE} tests/support",
+    "tests/core": f"{PORTABLE} tests/support resources",
     # The program from outside: what it is made of for Windows is not at hand there.
     "tests/e2e": f"{PORTABLE} tests/support resources",
     "tests/win": f"{PORTABLE} tests/support resources toolkit printing help shell",

@@ -4,8 +4,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class ClicksTest : public WorkTest
 {
 protected:

@@ -6,8 +6,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 std::string Missing(const std::string& sName)
 {
     return "Failed to open.\nFile '" + sName + "' does not exist.";

@@ -6,8 +6,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class DocumentsTest : public E2ETest
 {
 protected:

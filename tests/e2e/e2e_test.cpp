@@ -86,8 +86,3 @@ bool IsLocked(const std::string& sPath)
     CloseHandle(hFile);
     return false;
 }
-
-bool IsWine()
-{
-    return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
-}

@@ -50,6 +50,3 @@ private:
 
 // Whether another program holds the file open without sharing it.
 bool IsLocked(const std::string& sPath);
-
-// Whether the tests run under Wine. Wine 8 lacks a few things that tests would look at.
-bool IsWine();

@@ -8,8 +8,6 @@
 class ExchangeTest : public E2ETest
 {
 protected:
-    using Texts = std::vector<std::string>;
-
     // The argument that makes the program import a file into an account.
     static std::string Order(const std::string& sFile, const std::string& sAccount)
     {

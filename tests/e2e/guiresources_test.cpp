@@ -5,6 +5,7 @@
 #include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 #include "tests/e2e/remoteprocess.h"
+#include "tests/support/wine_support_win.h"
 
 namespace {
 

@@ -6,8 +6,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class HandOverTest : public E2ETest
 {
 protected:

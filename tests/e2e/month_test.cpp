@@ -10,8 +10,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr char szInUse[] = "Check number already in use.\nWould you like to continue?";
 constexpr char szRemove[] = "Are you sure you want to remove this transaction?";
 constexpr char szRemoveSeveral[] = "Are you sure you want to remove these transactions?";

@@ -4,8 +4,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr char szRemove[] = "Are you sure you want to remove this transaction?";
 
 class OperationsTest : public WorkTest

@@ -9,7 +9,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
 using Days = std::set<std::string>;
 
 constexpr char szFarPast[] = "1999-03-04";

@@ -5,8 +5,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 std::string DateOf(int nYear, int nMonth, int nDay)
 {
     char szDate[32] = "";

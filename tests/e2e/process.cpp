@@ -1,5 +1,7 @@
 #include "tests/e2e/process.h"
 
+#include <gtest/gtest.h>
+
 #include <memory>
 
 #include "tests/e2e/wait.h"
@@ -52,6 +54,14 @@ DWORD Process::AwaitExit()
     return uCode;
 }
 
+// A program that an exception ends has the exception's code, an error's, as its own.
+bool Process::HasCrashed() const
+{
+    constexpr DWORD uErrors = 0xC0000000;
+    DWORD uCode = 0;
+    return GetExitCodeProcess(GetHandle(), &uCode) && (uCode & uErrors) == uErrors;
+}
+
 void Process::Kill()
 {
     if (IsRunning()) {
@@ -64,6 +74,9 @@ void Process::Kill()
 void Process::Release()
 {
     if (GetHandle() != nullptr) {
+        if (HasCrashed()) {
+            ADD_FAILURE() << "a program that the test started has crashed";
+        }
         CloseHandle(m_process.hThread);
         CloseHandle(m_process.hProcess);
         m_process = {};

@@ -12,7 +12,7 @@ public:
     Process() = default;
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
-    // Kills the program if it is still running.
+    // Kills the program if it is still running. The running test fails if it crashed before.
     ~Process();
 
     // Starts a program with arguments, which must hold no quotation marks. The running test fails
@@ -29,6 +29,7 @@ public:
 
 private:
     void Release();
+    bool HasCrashed() const;
 
     PROCESS_INFORMATION m_process = {};
 };

@@ -7,8 +7,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr char szKey[] = "Recent File List";
 constexpr UINT uFirst = IDM_FILE_RECENT_FIRST;
 

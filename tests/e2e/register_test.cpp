@@ -5,8 +5,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class RegisterTest : public E2ETest
 {};
 

@@ -7,8 +7,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class SavingTest : public WorkTest
 {
 protected:

@@ -13,7 +13,6 @@
 #include "register/qmregistermodel.h"
 #include "tests/support/support.h"
 
-using Texts = std::vector<std::string>;
 using Words = std::vector<uint32_t>;
 
 // One row: what was written to it since it was appended, by the name of the column.

@@ -14,6 +14,19 @@
 
 #include "base/vtext.h"
 
+const Texts g_typeLabels = {"Check",
+                            "Deposit",
+                            "Withdrawal",
+                            "Fee",
+                            "Direct Deposit",
+                            "Direct Debit",
+                            "ATM Deposit",
+                            "ATM Withdrawal",
+                            "Automatic Payment",
+                            "Transfer - Credit",
+                            "Transfer - Debit",
+                            "Interest Paid"};
+
 QMDate MakeDate(const std::string& sText)
 {
     unsigned uMonth = 0;
@@ -62,7 +75,7 @@ std::string TextOf(const QMTransactionFields& fields)
     return fields.szDescription[0] == '\0' ? sText : sText + " " + fields.szDescription;
 }
 
-std::vector<std::string> ContentsOf(const QMTransactionStore& store)
+Texts ContentsOf(const QMTransactionStore& store)
 {
     std::vector<std::string> contents;
     store.ForEach(
@@ -93,7 +106,7 @@ std::string TemporaryFolder::PathOf(const std::string& sName) const
     return (std::filesystem::path(m_sPath) / sName).string();
 }
 
-std::vector<std::string> TemporaryFolder::GetNames() const
+Texts TemporaryFolder::GetNames() const
 {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(m_sPath)) {

@@ -1,4 +1,4 @@
-// What the core tests share: makers of records, temporary folders, whole files as texts.
+// What all tests share: makers of records, temporary folders, whole files as texts.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +8,12 @@
 #include "account/qmdate.h"
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
+
+using Texts = std::vector<std::string>;
+
+// What the register calls each type of transaction, by the type's number. Written down once more,
+// so that a change of the product's own table is noticed.
+extern const Texts g_typeLabels;
 
 // Reads a date such as "3/14/2004" by a rule of its own, without any test.
 QMDate MakeDate(const std::string& sText);
@@ -31,7 +37,7 @@ bool IsSame(const QMTransactionFields& a, const QMTransactionFields& b);
 std::string TextOf(const QMTransactionFields& fields);
 
 // TextOf of all transactions, from the first to the last. The cursor stays.
-std::vector<std::string> ContentsOf(const QMTransactionStore& store);
+Texts ContentsOf(const QMTransactionStore& store);
 
 // A new empty folder. It is removed with everything in it at the end of the scope.
 class TemporaryFolder
@@ -46,7 +52,7 @@ public:
     // The path of a name in the folder.
     std::string PathOf(const std::string& sName) const;
     // The names in the folder, sorted.
-    std::vector<std::string> GetNames() const;
+    Texts GetNames() const;
 
 private:
     std::string m_sPath;

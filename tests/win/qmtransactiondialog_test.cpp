@@ -7,12 +7,11 @@
 #include <vector>
 
 #include "resources/resource.h"
+#include "tests/support/support.h"
 #include "tests/win/entrydialog_support.h"
 #include "tests/win/support.h"
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 // A new check with the number 1042, as a register gives it.
 std::vector<QMTransaction> NewEntry()

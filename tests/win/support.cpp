@@ -1,5 +1,6 @@
 #include "tests/win/support.h"
 
+#include "tests/support/wine_support_win.h"
 #include "toolkit/vapplication.h"
 
 bool PumpUntil(const std::function<bool()>& condition, DWORD uLimitMs)
@@ -163,11 +164,6 @@ void ScopedRegistryPath::Delete() const
 // that its tables can be walked there.
 
 namespace {
-
-bool IsWine()
-{
-    return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 DWORD CountWineGdiObjects()
 {

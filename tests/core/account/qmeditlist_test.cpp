@@ -10,10 +10,9 @@
 #include <vector>
 
 #include "tests/core/allocationfault.h"
+#include "tests/support/support.h"
 
 namespace {
-
-using Texts = std::vector<std::string>;
 
 Texts ItemsOf(const QMEditList& list)
 {

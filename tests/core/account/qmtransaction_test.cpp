@@ -13,8 +13,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 // With something in every field.
 QMTransaction FullTransaction(int32_t lType)
 {
@@ -197,21 +195,9 @@ TEST(QMFieldText, ShowsEveryFieldOfACheck)
 
 TEST(QMFieldText, ShowsEveryFieldOfEveryOtherType)
 {
-    const Texts labels = {"",
-                          "Deposit",
-                          "Withdrawal",
-                          "Fee",
-                          "Direct Deposit",
-                          "Direct Debit",
-                          "ATM Deposit",
-                          "ATM Withdrawal",
-                          "Automatic Payment",
-                          "Transfer - Credit",
-                          "Transfer - Debit",
-                          "Interest Paid"};
     for (int32_t lType = 1; lType <= 11; ++lType) {
         const QMTransaction transaction = FullTransaction(lType);
-        const std::string sDescription = labels[static_cast<size_t>(lType)] + " - Rent";
+        const std::string sDescription = g_typeLabels[static_cast<size_t>(lType)] + " - Rent";
         const Texts expected = {" 3/14/04", "     ",     "",        sDescription, "   1234.50",
                                 "-7.25",    "for March", "Housing", "V, NC",      "12/ 1/99"};
         for (uint32_t uKind = 0; uKind < QM_FIELD_COUNT; ++uKind) {

@@ -12,8 +12,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 QMTransaction Named(const std::string& sDescription, const std::string& sDate, int32_t lType = 0)
 {
     return MakeTransaction(lType, sDate, 5, QM_TRANS_FLAG_NOT_CLEARED, sDescription);

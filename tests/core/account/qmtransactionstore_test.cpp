@@ -12,8 +12,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 // A store whose cursor can be taken away, and whose head can be seen.
 class OpenStore : public QMTransactionStore
 {

@@ -13,19 +13,6 @@ namespace {
 
 // ---- The rules once more, stated as plainly as they can be.
 
-const std::vector<std::string> g_typeNames = {"Check",
-                                              "Deposit",
-                                              "Withdrawal",
-                                              "Fee",
-                                              "Direct Deposit",
-                                              "Direct Debit",
-                                              "ATM Deposit",
-                                              "ATM Withdrawal",
-                                              "Automatic Payment",
-                                              "Transfer - Credit",
-                                              "Transfer - Debit",
-                                              "Interest Paid"};
-
 bool TakesTags(int32_t lType)
 {
     return lType == 0 || lType == 5 || lType == 8 || lType == 10;
@@ -114,7 +101,7 @@ TEST(QMTransactionEntry, TypesSwitchNumberDescriptionAndTags)
                                           .bTag = TakesTags(lType),
                                           .bVoided = true,
                                           .bCleared = true};
-        EXPECT_EQ(QMSwitchesOfType(lType), expected) << g_typeNames[static_cast<size_t>(lType)];
+        EXPECT_EQ(QMSwitchesOfType(lType), expected) << g_typeLabels[static_cast<size_t>(lType)];
     }
     EXPECT_EQ(QMSwitchesOfType(-1), QMEntrySwitches());
     EXPECT_EQ(QMSwitchesOfType(12), QMEntrySwitches());
@@ -133,7 +120,7 @@ TEST(QMTransactionEntry, ATypePressedDropsTheTagsThatItDoesNotTake)
                 std::erase(sExpected, 'E');
             }
             EXPECT_EQ(LettersOf(PressType(entry, lType).boxes), sExpected)
-                << sOn << " as " << g_typeNames[static_cast<size_t>(lType)];
+                << sOn << " as " << g_typeLabels[static_cast<size_t>(lType)];
         }
     }
 }
@@ -158,8 +145,8 @@ TEST(QMTransactionEntry, ATypePressedShowsItsNumberAndDescription)
             EntryArgs args({ProperEntry(lStored)});
             QMTransactionEntry entry(args.block);
             const QMEntryFields fields = PressType(entry, lPressed);
-            const std::string& sStored = g_typeNames[static_cast<size_t>(lStored)];
-            const std::string& sPressed = g_typeNames[static_cast<size_t>(lPressed)];
+            const std::string& sStored = g_typeLabels[static_cast<size_t>(lStored)];
+            const std::string& sPressed = g_typeLabels[static_cast<size_t>(lPressed)];
             // A check's description is that of the stored type, even of a deposit.
             const std::string sExpected = lPressed != 0  ? sPressed
                                           : lStored == 0 ? "Rent"

@@ -5,12 +5,9 @@
 #include <vector>
 
 #include "tests/support/exchange_support.h"
+#include "tests/support/support.h"
 
-namespace {
-
-using Texts = std::vector<std::string>;
-
-} // namespace
+namespace {} // namespace
 
 TEST(ForeignQif, SplitsAreLeftOutAndTheTotalStays)
 {

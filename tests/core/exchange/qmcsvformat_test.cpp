@@ -10,8 +10,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 const char szDefault[] = "1/1/2000 2 #0 0.00 f16 1/1/2000";
 
 // What one row under a header reads as.

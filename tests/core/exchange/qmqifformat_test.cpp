@@ -11,8 +11,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 // What one record of these lines reads as.
 std::string Record(const std::string& sLines)
 {

@@ -10,8 +10,6 @@
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
 const Texts refused = {"(refused)"};
 const char szDefaults[] = "1/1/2000 1 #1000 0.00 f16 1/1/2000";
 

@@ -15,19 +15,6 @@
 
 namespace {
 
-const char* const aLabels[] = {"Check",
-                               "Deposit",
-                               "Withdrawal",
-                               "Fee",
-                               "Direct Deposit",
-                               "Direct Debit",
-                               "ATM Deposit",
-                               "ATM Withdrawal",
-                               "Automatic Payment",
-                               "Transfer - Credit",
-                               "Transfer - Debit",
-                               "Interest Paid"};
-
 const struct
 {
     const char* szName;
@@ -201,7 +188,7 @@ private:
         std::string sText = fields.szDescription;
         if (fields.lType != 0) {
             sText = (sText.size() < 2 ? "" : " - ") + (sText.size() < 2 ? "" : sText);
-            sText = aLabels[fields.lType] + sText;
+            sText = g_typeLabels[static_cast<size_t>(fields.lType)] + sText;
         }
         return (fields.lFlags & 1) != 0 ? sText + "   (voided)" : sText;
     }
