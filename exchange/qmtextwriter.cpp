@@ -1,5 +1,6 @@
 #include "exchange/qmtextwriter.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 
@@ -14,8 +15,7 @@ size_t WithLineEnds(const char* pText, size_t uLength, char* pInto)
     char* p = pInto;
     for (const char* pEnd = pText + uLength; pText < pEnd; ++pText) {
         if (*pText == '\n') {
-            memcpy(p, VLineEnd, uEnd);
-            p += uEnd;
+            p = std::copy_n(VLineEnd, uEnd, p);
         } else {
             *p++ = *pText;
         }

@@ -45,17 +45,21 @@ class Ring:
     tool: bool = False  # besides, the command-line tests with the first preset's qmktool
     command: tuple[str, ...] = ()  # or this
     servers: tuple[str, ...] = ()
+    debug: str = ""  # the variable that puts Wine's checking heap under what is tested
 
+
+# What wine.sh gives to the program that it runs, and e2e_tests to the programs that it starts.
+OWN_DEBUG, PROGRAM_DEBUG = "QUILLMARK_WINE_DEBUG", "QUILLMARK_PROGRAM_DEBUG"
 
 # Lanes take their rings in this order.
 RINGS = {
     "core": Ring(("native",), program="core_tests", tool=True),
-    "win-win64": Ring(("win64",), "window", program="win_tests"),
-    "e2e-win64": Ring(("win64",), "window", program="e2e_tests"),
+    "win-win64": Ring(("win64",), "window", program="win_tests", debug=OWN_DEBUG),
+    "e2e-win64": Ring(("win64",), "window", program="e2e_tests", debug=PROGRAM_DEBUG),
     "core-win64": Ring(("win64",), program="core_tests", tool=True),
     "core-asan": Ring(("native-asan",), program="core_tests", tool=True),
-    "win-win32": Ring(("win32",), "window", program="win_tests"),
-    "e2e-win32": Ring(("win32",), "window", program="e2e_tests"),
+    "win-win32": Ring(("win32",), "window", program="win_tests", debug=OWN_DEBUG),
+    "e2e-win32": Ring(("win32",), "window", program="e2e_tests", debug=PROGRAM_DEBUG),
     "core-win32": Ring(("win32",), program="core_tests", tool=True),
     "lint": Ring((), "build", command=("scripts/lint.sh",)),
 }
@@ -352,8 +356,8 @@ def note_counts(name: str, counts: str) -> None:
 def launcher(ring: Ring, slot: dict[str, str]) -> str:
     """The command in front of a Windows program that runs it in this slot."""
     environment = dict(slot)
-    if ring.lane == "window":
-        environment["QUILLMARK_WINE_DEBUG"] = CHECKING_HEAP
+    if ring.debug:
+        environment[ring.debug] = CHECKING_HEAP
     settings = [f"{variable}={value}" for variable, value in environment.items()]
     return shlex.join(["env", *settings, f"{REPO}/scripts/wine.sh", ring.presets[0]]) + " "
 
