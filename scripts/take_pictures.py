@@ -34,6 +34,9 @@ SETTINGS = r"HKCU\Software\Tarn Software\Quillmark"
 FRAME_MAXIMIZED, CHILD_MAXIMIZED, TOOLBAR, STATUS_BAR, TRANSACTIONS_BAR = 1, 2, 4, 8, 16
 USUAL_BARS = TOOLBAR | STATUS_BAR
 
+# The menu has no letter of its own, and a maximized register has its icon before the first menu.
+TOOLS_MENU = ("F10", "Right", "Right", "Right", "Right", "Down")
+
 LIMIT_S = 120  # for a window to come up, on a busy machine
 PAUSE_S = 0.4
 
@@ -119,7 +122,10 @@ class Program:
         """The titles on the screen, each with left, top, width and height."""
         place = re.compile(r'0x\w+ "(.*)": \(.*\)  (\d+)x(\d+)\+-?\d+\+-?\d+  \+(-?\d+)\+(-?\d+)')
         found = {}
-        for match in place.finditer(run("xwininfo", "-root", "-tree")):
+        # xwininfo fails when a window goes while it walks through them.
+        tree = subprocess.run(["xwininfo", "-root", "-tree"], check=False, capture_output=True,
+                              text=True)
+        for match in place.finditer(tree.stdout if tree.returncode == 0 else ""):
             title, *numbers = match.groups()
             width, height, left, top = map(int, numbers)
             found[title] = (left, top, width, height)
@@ -248,6 +254,28 @@ def two_accounts(program: Program, picture: Picture) -> None:
     picture.take(program)
 
 
+@scene(width=1000, height=640)
+def options(program: Program, picture: Picture) -> None:
+    program.press(*TOOLS_MENU, "o")
+    program.wait_for("Options.*")
+    picture.take(program, "Options.*")
+
+
+@scene(width=1000, height=640)
+def account_information(program: Program, picture: Picture) -> None:
+    program.press("F10", "Right", "Down", "Up", "Up", "Up", "Up", "Return")
+    program.wait_for("Account Information.*")
+    picture.take(program, "Account Information.*")
+
+
+@scene(width=1000, height=640)
+def calculator(program: Program, picture: Picture) -> None:
+    program.press(*TOOLS_MENU, "c")
+    program.wait_for("Calculator")
+    program.type("1250.75")
+    picture.take(program, "Calculator")
+
+
 def take(name: str, folder: Path) -> None:
     width, height, flags, files, function = SCENES[name]
     program = Program(width, height, flags, files)
@@ -271,6 +299,8 @@ def main() -> None:
     if unknown:
         parser.error(f"there is no scene '{unknown[0]}'")
     words.folder.mkdir(parents=True, exist_ok=True)
+    # So that an end from outside ends the program and the display too.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     screen = Screen()
     try:
         run(str(WINE), "--prepare", "win64")
