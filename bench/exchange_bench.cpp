@@ -81,7 +81,7 @@ void RegisterExport(const Kind& kind, int32_t lCount, QMTransactionStore& store,
     Add(
         sName + "PlainWrite", lCount,
         [sText](const char* szPath) { return PlainWrite(szPath, sText); }, kind.kind, "");
-    CompareWith(sName + "Export" + sCount, sName + "PlainWrite" + sCount, 0);
+    CompareWith(sName + "Export" + sCount, sName + "PlainWrite" + sCount, 2.5);
 }
 
 template <class Kind>
@@ -100,7 +100,7 @@ void RegisterImport(const Kind& kind, int32_t lCount, const std::string& sText)
         if (bSorted) {
             CompareWith(sImport + sCount, sBase + sCount, 4);
         } else {
-            CompareWith(sImport + sCount, sSorted + sCount, 1.5);
+            CompareWith(sImport + sCount, sSorted + sCount, 1.3);
         }
     }
 }
