@@ -1,5 +1,5 @@
 // VRect: a rectangle in pixels, with the origin at the top left. The right and the bottom edge are
-// outside it.
+// outside it. VSize: a width and a height.
 #pragma once
 
 #include <cstdint>
@@ -16,4 +16,12 @@ struct VRect
     bool IsEmpty() const { return right <= left || bottom <= top; }
 
     bool operator==(const VRect&) const = default;
+};
+
+struct VSize
+{
+    int32_t cx = 0;
+    int32_t cy = 0;
+
+    bool operator==(const VSize&) const = default;
 };
