@@ -2,9 +2,8 @@
 // those on its buttons.
 #pragma once
 
-#include "toolkit/vdialog.h"
+#include "toolkit/vbuttonpictures.h"
 #include "toolkit/vgdiobjects.h"
-#include "toolkit/vimagelist.h"
 
 // The object must live longer than the dialog's window, which draws with its pictures.
 class QMEntryPictures
@@ -23,13 +22,11 @@ public:
     bool SetButtons(VDialog& dialog, int nLibraryVersion);
 
     // The first number of the version of the common-controls library that is loaded.
-    static int GetLibraryVersion();
+    static int GetLibraryVersion() { return VButtonPictures::GetLibraryVersion(); }
 
 private:
     static constexpr int nSigns = 4;
-    static constexpr int nButtons = 5;
 
     VBitmap m_aSigns[nSigns];
-    VImageList m_images;
-    VIcon m_aIcons[nButtons];
+    VButtonPictures m_buttons;
 };

@@ -8,6 +8,11 @@
 
 #include "base/vrect.h"
 
+// The platform's headers give these names to macros of theirs.
+#undef DrawText
+#undef StartDoc
+#undef ResetDC
+
 class VDrawingSurface
 {
 public:
@@ -43,9 +48,10 @@ public:
     }
     bool BitBlt(int x, int y, int w, int h, const VDrawingSurface& source, int sx, int sy,
                 DWORD uRop);
-    bool StretchBlt(int x, int y, int w, int h, const VDrawingSurface& source, int sx, int sy,
-                    int sw, int sh, DWORD uRop);
-    int SetStretchBltMode(int nMode) { return ::SetStretchBltMode(m_hDC, nMode); }
+    virtual bool StretchBlt(int x, int y, int w, int h, const VDrawingSurface& source, int sx,
+                            int sy, int sw, int sh, DWORD uRop);
+    // The mode from before; 0 on failure.
+    virtual int SetStretchBltMode(int nMode) { return ::SetStretchBltMode(m_hDC, nMode); }
 
     COLORREF GetBkColor() const { return ::GetBkColor(m_hDC); }
     COLORREF SetBkColor(COLORREF cr) { return ::SetBkColor(m_hDC, cr); }
@@ -55,7 +61,18 @@ public:
     int SetBkMode(int nMode) { return ::SetBkMode(m_hDC, nMode); }
     int GetMapMode() const { return ::GetMapMode(m_hDC); }
     int SetMapMode(int nMode) { return ::SetMapMode(m_hDC, nMode); }
-    int GetDeviceCaps(int nIndex) const { return ::GetDeviceCaps(m_hDC, nIndex); }
+    virtual int GetDeviceCaps(int nIndex) const { return ::GetDeviceCaps(m_hDC, nIndex); }
+
+    // ---- Documents, on a printer's surface. A result of 0 or less is a failure.
+
+    virtual int StartDoc(const DOCINFOA& document) { return ::StartDocA(m_hDC, &document); }
+    virtual int StartPage() { return ::StartPage(m_hDC); }
+    virtual int EndPage() { return ::EndPage(m_hDC); }
+    virtual int EndDoc() { return ::EndDoc(m_hDC); }
+    virtual int AbortDoc() { return ::AbortDoc(m_hDC); }
+    virtual int SetAbortProc(ABORTPROC pProcedure) { return ::SetAbortProc(m_hDC, pProcedure); }
+    // Gives the surface the paper and the resolution of a device mode.
+    virtual bool ResetDC(const DEVMODEA& mode) { return ::ResetDCA(m_hDC, &mode) != nullptr; }
 
     // Saves and restores the state of the context, one at a time. A saved state is restored at the
     // end of the object at the latest.
