@@ -1,7 +1,8 @@
 #include "printing/vprintdialog.h"
 
 #include <algorithm>
-#include <cstddef>
+
+#include "printing/vdevicehandles.h"
 
 namespace {
 
@@ -9,35 +10,6 @@ WORD ToWord(int n)
 {
     return static_cast<WORD>(std::clamp(n, 0, 0xFFFF));
 }
-
-// The fields for copies and collation of a device mode. The memory is locked while this object
-// lives.
-class LockedCopies
-{
-public:
-    explicit LockedCopies(HGLOBAL hDevMode) : m_hDevMode(hDevMode)
-    {
-        constexpr size_t uNeeded = offsetof(DEVMODEA, dmCollate) + sizeof(DEVMODEA::dmCollate);
-        if (hDevMode != nullptr && GlobalSize(hDevMode) >= uNeeded) {
-            m_pMode = static_cast<DEVMODEA*>(GlobalLock(hDevMode));
-        }
-    }
-    LockedCopies(const LockedCopies&) = delete;
-    LockedCopies& operator=(const LockedCopies&) = delete;
-    ~LockedCopies()
-    {
-        if (m_pMode != nullptr) {
-            GlobalUnlock(m_hDevMode);
-        }
-    }
-
-    // Null when there is no device mode, or when it is too short to have the two fields.
-    DEVMODEA* Get() const { return m_pMode; }
-
-private:
-    HGLOBAL m_hDevMode;
-    DEVMODEA* m_pMode = nullptr;
-};
 
 } // namespace
 
@@ -58,8 +30,8 @@ PRINTDLGA VPrintDialog::MakeRecord(HWND hOwner, DWORD uFlags, bool bSetup)
     record.lpfnSetupHook = &HookProc<PRINTDLGA>;
     record.Flags = uFlags | (bSetup ? PD_PRINTSETUP | PD_ENABLESETUPHOOK : PD_ENABLEPRINTHOOK) |
                    (m_bCollate ? PD_COLLATE : 0U);
-    const LockedCopies copies(m_hDevMode);
-    if (DEVMODEA* pMode = copies.Get()) {
+    const VLockedDeviceMode mode(m_hDevMode);
+    if (DEVMODEA* pMode = mode.Get()) {
         record.Flags |= PD_USEDEVMODECOPIESANDCOLLATE;
         pMode->dmCopies = static_cast<short>(std::clamp(m_nCopies, 1, 0x7FFF));
         pMode->dmCollate = static_cast<short>(m_bCollate ? DMCOLLATE_TRUE : DMCOLLATE_FALSE);
@@ -81,8 +53,8 @@ void VPrintDialog::TakeBack(const PRINTDLGA& record)
     m_nCopies = record.nCopies;
     m_bCollate = (record.Flags & PD_COLLATE) != 0;
     if ((record.Flags & PD_USEDEVMODECOPIESANDCOLLATE) != 0) {
-        const LockedCopies copies(m_hDevMode);
-        if (const DEVMODEA* pMode = copies.Get()) {
+        const VLockedDeviceMode mode(m_hDevMode);
+        if (const DEVMODEA* pMode = mode.Get()) {
             m_nCopies = pMode->dmCopies;
             m_bCollate = pMode->dmCollate == DMCOLLATE_TRUE;
         }

@@ -47,6 +47,8 @@
 #define IDB_ARROW_PREVIOUS 5103
 #define IDB_ARROW_NEXT 5104
 #define IDB_ARROW_LAST 5105
+#define IDB_BUTTON_PRINT 5106
+#define IDB_BUTTON_SETUP 5108
 
 // Strings; every other string has the number of the command that it explains.
 #define IDS_APPLICATION 1
@@ -259,6 +261,21 @@
 #define IDC_IMPORT_CLEARALL 2203
 #define IDC_IMPORT_LIST 2204
 #define IDC_IMPORT_IMPORT 1918
+
+// The progress of a print job, and the print preview
+#define IDD_PRINTPROGRESS 10300
+#define IDC_PROGRESS_TITLE 10301
+#define IDC_PROGRESS_STATUS 10302
+#define IDD_PRINTPREVIEW 10401
+#define IDC_PREVIEW_CLOSE 11401
+#define IDC_PREVIEW_PRINT 11402
+#define IDC_PREVIEW_SETUP 11403
+#define IDC_PREVIEW_FIRST 11404
+#define IDC_PREVIEW_PREVIOUS 11405
+#define IDC_PREVIEW_NEXT 11406
+#define IDC_PREVIEW_LAST 11407
+#define IDC_PREVIEW_SCALE 11408
+#define IDC_PREVIEW_PAGE 11409
 
 // The MDI client window, and the first of its children
 #define IDC_MDICLIENT 25000

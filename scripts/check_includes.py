@@ -17,13 +17,13 @@ from compiledsources import REPO
 #
 # The portability check sees to the rest: what qmktool, fuzz, bench and tests/core include of a
 # folder with a Windows half is that folder's portable half.
-PORTABLE = "base account settings entry tools register exchange reports"
+PORTABLE = "base account settings printing entry tools register exchange reports"
 ROOMS = {
     "base": "",
     "account": "base",
     "toolkit": "base",
     "settings": "base toolkit",
-    "printing": "base toolkit settings",
+    "printing": "base toolkit resources",
     "entry": "base account toolkit resources",
     "tools": "base account toolkit resources settings",
     # The window asks for the password of its account by the dialog in tools.
@@ -32,7 +32,7 @@ ROOMS = {
     "exchange": "base account toolkit resources register",
     "reports": "base account toolkit resources printing",
     "help": "base toolkit resources settings",
-    "shell": f"{PORTABLE} toolkit resources printing help",
+    "shell": f"{PORTABLE} toolkit resources help",
     "resources": "",
     "qmktool": PORTABLE,
     "fuzz": PORTABLE,
@@ -41,7 +41,7 @@ ROOMS = {
     "tests/core": f"{PORTABLE} tests/support resources",
     # The program from outside: what it is made of for Windows is not at hand there.
     "tests/e2e": f"{PORTABLE} tests/support resources",
-    "tests/win": f"{PORTABLE} tests/support resources toolkit printing help shell",
+    "tests/win": f"{PORTABLE} tests/support resources toolkit help shell",
 }
 
 SUFFIXES = (".h", ".cpp", ".rc")
