@@ -166,6 +166,36 @@ void QMSettings::WriteFlags() const
     }
 }
 
+QMPageSetup QMSettings::ReadPageSetup() const
+{
+    QMPageSetup setup;
+    VRegKey key;
+    if (key.Open(szPageSetupKey)) {
+        key.ReadText("Margins", setup.sMargins);
+        setup.lOrientation = static_cast<int32_t>(key.ReadNumber("Orientation", uMissing));
+        setup.lPaperSize = static_cast<int32_t>(key.ReadNumber("Paper Size", uMissing));
+        setup.lPaperSource = static_cast<int32_t>(key.ReadNumber("Paper Source", uMissing));
+    }
+    return setup;
+}
+
+void QMSettings::WritePageSetup(const QMPageSetup& setup) const
+{
+    VRegKey key;
+    if (!key.Open(szPageSetupKey)) {
+        return;
+    }
+    key.WriteText("Margins", setup.sMargins.GetText());
+    const auto Write = [&](const char* szName, int32_t lValue) {
+        if (lValue != QMPageSetup::lMissing) {
+            key.WriteNumber(szName, static_cast<DWORD>(lValue));
+        }
+    };
+    Write("Orientation", setup.lOrientation);
+    Write("Paper Size", setup.lPaperSize);
+    Write("Paper Source", setup.lPaperSource);
+}
+
 bool QMSettings::ReadPosition(int (&anNumbers)[4]) const
 {
     VRegKey key;

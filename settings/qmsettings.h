@@ -7,6 +7,7 @@
 
 #include "base/vrect.h"
 #include "base/vstring.h"
+#include "settings/qmpagesetup.h"
 #include "settings/qmrecentlist.h"
 #include "toolkit/vregkey.h"
 
@@ -61,16 +62,20 @@ public:
     static const char* GetKeyPath();
 
     DWORD GetGeneralOptions() const { return m_uOptionsGeneral; }
-    DWORD GetPrintingOptions() const { return m_uOptionsPrinting; }
     // Takes over what the options' sheet ended with, and writes it where the key can be opened.
     void SetOptions(DWORD uGeneral, DWORD uPrinting, COLORREF crPositive, COLORREF crNegative);
 
     bool HasOption(DWORD uOption) const { return (m_uOptionsGeneral & uOption) != 0; }
+    DWORD GetPrintingOptions() const { return m_uOptionsPrinting; }
     COLORREF GetBalancePositive() const { return m_crBalancePositive; }
     COLORREF GetBalanceNegative() const { return m_crBalanceNegative; }
     const VString& GetCurrentDirectory() const { return m_sCurrentDirectory; }
     void SetCurrentDirectory(const char* szPath);
     const VString& GetInstallDirectory() const { return m_sInstallDirectory; }
+
+    // The page setup. Missing values are written as they are: not at all.
+    QMPageSetup ReadPageSetup() const;
+    void WritePageSetup(const QMPageSetup& setup) const;
 
     // The place of the frame when it is not maximized, in pixels of the screen. Empty when none is
     // stored.
