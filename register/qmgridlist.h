@@ -35,6 +35,13 @@ public:
     // list does not have.
     void SetPaintedColumns(int nBalance, int nTag, int nCleared);
 
+    // ---- What the list draws with, for those who draw the same on paper.
+
+    // The mark of a row with this decoration word in a column (a list index); null for none.
+    const VBitmap* FindMark(int nColumn, uint32_t uDecoration) const;
+    HPEN GetLinePen() const { return m_linePen.GetHandle(); }
+    HBRUSH GetShadeBrush() const { return m_shadeBrush.GetHandle(); }
+
 private:
     struct Cell;
 
@@ -48,7 +55,6 @@ private:
     void FillCell(const NMLVCUSTOMDRAW& draw, int nRow);
     void AfterCell(NMLVCUSTOMDRAW& draw);
     Cell GetCell(int nRow, int nColumn) const;
-    const VBitmap* FindMark(int nColumn, uint32_t uDecoration) const;
     void DrawMark(VDrawingSurface& surface, const Cell& cell, const VBitmap& mark);
     void DrawCellLines(VDrawingSurface& surface, const Cell& cell);
 

@@ -18,8 +18,8 @@ int32_t Bounded(int64_t lNumber)
 
 bool QMPrintPlan::Make(const QMPrintMeasures& measures)
 {
-    const int64_t lNames = measures.bNames ? int64_t{measures.lTextHeight} + lGap : 0;
-    const int64_t lNumber = measures.bPageNumbers ? int64_t{measures.lTextHeight} + lGap : 0;
+    const int64_t lNames = measures.bNames ? int64_t{measures.lNamesHeight} + lGap : 0;
+    const int64_t lNumber = measures.bPageNumbers ? int64_t{measures.lNumberHeight} + lGap : 0;
     m_lTableTop = Bounded(int64_t{measures.rcPrintable.top} + measures.lHeadingHeight + 1 + lNames);
     m_lLimit = Bounded(int64_t{measures.rcPrintable.bottom} - lNumber);
     try {

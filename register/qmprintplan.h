@@ -28,7 +28,8 @@ struct QMPrintMeasures
     int32_t lRows = 0;
     int32_t lRowHeight = 0;
     int32_t lHeadingHeight = 0;
-    int32_t lTextHeight = 0; // of a line in the register's font
+    int32_t lNamesHeight = 0;  // of the line above the table
+    int32_t lNumberHeight = 0; // of the page number
     bool bPageNumbers = false;
     bool bNames = false; // above the table
 };

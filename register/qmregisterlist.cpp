@@ -223,6 +223,22 @@ bool QMRegisterList::SelectRow(int32_t lRow)
     return SetItemState(lRow, uState, uState) && EnsureVisible(lRow);
 }
 
+int QMRegisterList::GetRowHeight() const
+{
+    RECT rect = {};
+    rect.left = LVIR_BOUNDS;
+    return Send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&rect)) == 0 ? 0
+                                                                          : rect.bottom - rect.top;
+}
+
+const VBitmap* QMRegisterList::GetHeadingPicture(QMColumn column) const
+{
+    if (column == QM_ENTRY_CLEARED) {
+        return &m_headingCleared;
+    }
+    return column == QM_ENTRY_TAG ? &m_headingTag : nullptr;
+}
+
 bool QMRegisterList::TakeOverWidths(QMColumnTable& columns, QMAccountHeader& header) const
 {
     bool bAny = false;

@@ -41,6 +41,16 @@ public:
     // The row that has the focus; -1 for none.
     int32_t GetFocusedRow() const { return GetNextItem(-1, LVNI_FOCUSED); }
 
+    // A cell's text as the list shows it; the column is a list index. Valid until the rows change.
+    std::string_view GetCellText(int nRow, int nColumn) const
+    {
+        return m_rows.GetCellText(nRow, nColumn);
+    }
+    // The height of the first row in pixels; 0 without rows.
+    int GetRowHeight() const;
+    // The picture that a column has for a heading; null for one with a text.
+    const VBitmap* GetHeadingPicture(QMColumn column) const;
+
     // Sizes each column to its widest text, or to its heading where that is wider.
     void AutoSizeAll();
 

@@ -4,6 +4,8 @@
 #include "account/qmsystemfont_win.h"
 #include "base/vtext.h"
 #include "entry/qmtransactiondialog.h"
+#include "printing/vprintcontext.h"
+#include "register/qmregisterpages.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdiframewindow.h"
@@ -306,6 +308,16 @@ int32_t QMRegisterWindow::MergeMarked(QMTransactionStore& from)
         m_document.MarkModified();
     }
     return lCount;
+}
+
+bool QMRegisterWindow::PrintRegister(VPrintContext& context, uint32_t uFlags)
+{
+    if (!IsValid() || !m_list.IsValid() || m_document.GetAccount() == nullptr) {
+        return false;
+    }
+    context.szTitle = m_document.GetFileName();
+    return QMRegisterPages(m_list, m_model.GetColumns(), m_document.GetAccount()->header)
+        .Render(context, uFlags);
 }
 
 void QMRegisterWindow::SetPeriodFilter(bool bEnabled)

@@ -17,6 +17,8 @@ struct QMRegisterOptions
     bool bPeriodFilter; // true while the Transactions Bar is shown
 };
 
+struct VPrintContext;
+
 class QMRegisterWindow : public VMDIChildWindow, private QMRegisterView
 {
 public:
@@ -73,6 +75,10 @@ public:
     void SetPeriodFilter(bool bEnabled);
     // See QMRegisterModel::SetPeriod.
     void SetPeriod(uint32_t uSelection, QMDate& dtFrom, QMDate& dtTo, bool bReload);
+
+    // Fills the context with the pages of what the list shows. The flags are QM_PRINT_ bits.
+    // Returns false without a window or an account, and when memory for the pages cannot be had.
+    bool PrintRegister(VPrintContext& context, uint32_t uFlags);
 
     // Sizes each column to its widest text or its heading.
     void AutoSizeColumns() { m_list.AutoSizeAll(); }

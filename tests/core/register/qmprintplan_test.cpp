@@ -25,7 +25,8 @@ QMPrintMeasures Measures(std::vector<int32_t> widths, int32_t lRows)
     measures.lRows = lRows;
     measures.lRowHeight = 10;
     measures.lHeadingHeight = 20;
-    measures.lTextHeight = 13;
+    measures.lNamesHeight = 13;
+    measures.lNumberHeight = 11;
     return measures;
 }
 
@@ -80,7 +81,7 @@ TEST(QMPrintPlan, NamesAndNumbersTakeTheirLine)
     measures.rcPrintable.top = 7;
     ASSERT_TRUE(plan.Make(measures));
     EXPECT_EQ(plan.GetTableTop(), 7 + 21 + 13 + 4);
-    EXPECT_EQ(plan.GetLimit(), 100 - 4 - 13);
+    EXPECT_EQ(plan.GetLimit(), 100 - 4 - 11);
 }
 
 TEST(QMPrintPlan, NeighboursShareALineOfTheWidth)
@@ -170,7 +171,7 @@ TEST(QMPrintPlan, AbsurdMeasuresEnd)
             measures.rcPrintable = {l, m, m, l};
             measures.lRowHeight = l;
             measures.lHeadingHeight = m;
-            measures.lTextHeight = l;
+            measures.lNamesHeight = measures.lNumberHeight = l;
             measures.bNames = measures.bPageNumbers = true;
             QMPrintPlan plan;
             EXPECT_TRUE(plan.Make(measures));
