@@ -13,6 +13,9 @@ constexpr char szAccountExtension[] = "qmk";
 constexpr char szExchangeExtension[] = "qif";
 constexpr char szSaveFailed[] = "Failed to save file '";
 constexpr char szEnd[] = "'.";
+constexpr char szNoPrinter[] =
+    "'.\n\nPlease make sure that there is a printer installed and "
+    "connected to this computer.";
 
 // ---- New and open.
 
@@ -117,6 +120,39 @@ bool ExportTransactions(QMCommandContext& context)
     return true;
 }
 
+// ---- Print.
+
+bool Print(QMCommandContext& context)
+{
+    // The user may close the document while its job runs.
+    const VString sName = context.pDocument->GetFileName();
+    const bool bDone = context.frame.GetPrintDocument()->Print();
+    if (!bDone) {
+        context.frame.TellOf("Failed to print file '", sName, szNoPrinter);
+    }
+    return bDone;
+}
+
+bool Preview(QMCommandContext& context)
+{
+    const VString sName = context.pDocument->GetFileName();
+    const bool bDone = context.frame.GetPrintDocument()->Preview();
+    if (bDone) {
+        context.frame.SavePageSetup();
+    } else {
+        context.frame.TellOf("Failed to create preview for '", sName, szNoPrinter);
+    }
+    return bDone;
+}
+
+bool SetUpPage(QMCommandContext& context)
+{
+    if (context.frame.GetPrintDocument()->PageSetup()) {
+        context.frame.SavePageSetup();
+    }
+    return true;
+}
+
 bool SetPassword(QMCommandContext& context)
 {
     context.pDocument->SetPassword();
@@ -144,6 +180,21 @@ constexpr QMCommand aCommands[] = {
         .pRun = SaveDocumentAs,
     },
     {.uFirst = IDM_FILE_SAVEALL, .offered = QMOffered::WithDocument, .pRun = SaveAllDocuments},
+    {
+        .uFirst = IDM_FILE_PRINT,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "print file",
+        .pRun = Print,
+    },
+    {
+        .uFirst = IDM_FILE_PREVIEW,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "preview file",
+        .pRun = Preview,
+    },
+    {.uFirst = IDM_FILE_PAGESETUP, .offered = QMOffered::WithDocument, .pRun = SetUpPage},
     {
         // Kept: an account in read-only mode takes imports all the same.
         .uFirst = IDM_FILE_IMPORT,

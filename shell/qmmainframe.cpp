@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/vtext.h"
+#include "register/qmregisterpages.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
@@ -73,6 +74,7 @@ bool QMMainFrame::OnInitialize()
         return false;
     }
     SetMainWindow(this);
+    MakePrintDocument();
     MakeToolbar();
     MakePeriodBar();
     Show(GetApplication().GetShowCommand());
@@ -86,6 +88,28 @@ bool QMMainFrame::OnInitialize()
     OpenFirstDocuments();
     HideSplash();
     return true;
+}
+
+// ---- Printing.
+
+void QMMainFrame::MakePrintDocument()
+{
+    m_pPrintDocument = std::make_unique<VPrintDocument>(*this);
+    m_pPrintDocument->SetRenderCallback(
+        [](VPrintContext& context, uintptr_t /*uUser*/, void* pOwner) {
+            auto& frame = *static_cast<QMMainFrame*>(pOwner);
+            QMRegisterWindow* pActive = frame.GetActiveRegister();
+            return pActive != nullptr &&
+                   pActive->PrintRegister(context,
+                                          frame.m_settings.GetPrintingOptions() & QM_PRINT_ALL);
+        },
+        0, this);
+    QMApplyPageSetup(*m_pPrintDocument, m_settings.ReadPageSetup());
+}
+
+void QMMainFrame::SavePageSetup() const
+{
+    m_settings.WritePageSetup(QMDescribePageSetup(*m_pPrintDocument));
 }
 
 void QMMainFrame::OpenFirstDocuments()

@@ -13,6 +13,7 @@
 #include "shell/qmcommand.h"
 #include "shell/qmfiledialogs.h"
 #include "shell/qmhelpviewer.h"
+#include "shell/qmprinting.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vsplashwindow.h"
 #include "tools/qmcalculator.h"
@@ -81,6 +82,10 @@ public:
     // Opens the program's help: a topic of the file, or the file itself for an empty text. The
     // command is the viewer's. Where there is no viewer nothing happens.
     void ShowHelp(const char* szTopic, UINT uCommand);
+    // The document that prints the active register; null before the window stands.
+    VPrintDocument* GetPrintDocument() { return m_pPrintDocument.get(); }
+    // Stores the page setup of that document.
+    void SavePageSetup() const;
     // The active register; null when there is none.
     QMRegisterWindow* GetActiveRegister() const;
     // All registers, in the order in which they were made.
@@ -127,6 +132,7 @@ private:
 
     void ShowSplash();
     void HideSplash();
+    void MakePrintDocument();
     void MakeToolbar();
     void MakePeriodBar();
     void RestoreBars();
@@ -166,6 +172,7 @@ private:
     QMCalculator m_calculator;
     QMHelpViewer m_helpViewer;
     VString m_sHelpPath;
+    std::unique_ptr<VPrintDocument> m_pPrintDocument;
     VSplashWindow* m_pSplash = nullptr; // not valid any more when the user has closed it by a click
     std::vector<ImportOrder> m_orders;  // for accounts that a command works on, until it ends
     bool m_bClosing = false;            // OnClose asks the documents
