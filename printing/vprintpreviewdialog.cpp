@@ -259,11 +259,13 @@ LRESULT VPrintPreviewDialog::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl
         case IDC_PREVIEW_PRINT:
             if (!bPrinting && m_operations.pfnPrint != nullptr) {
                 m_operations.pfnPrint(m_pUser);
+                ComeBack();
             }
             return 0;
         case IDC_PREVIEW_SETUP:
             if (!bPrinting && m_operations.pfnSetup != nullptr) {
                 OnSetup();
+                ComeBack();
             }
             return 0;
         case IDC_PREVIEW_FIRST:
@@ -296,6 +298,16 @@ void VPrintPreviewDialog::OnSetup()
     if (m_operations.pfnSetup(m_pUser) && Refresh()) {
         ShowPage(true);
         UpdateNavigation();
+    }
+}
+
+// The dialogs of print and page setup belong to the owner, which is active when they end, and which
+// Wine 8 then shows above this window.
+void VPrintPreviewDialog::ComeBack()
+{
+    if (IsValid()) {
+        BringWindowToTop(GetHandle());
+        SetActiveWindow(GetHandle());
     }
 }
 

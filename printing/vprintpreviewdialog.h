@@ -85,6 +85,7 @@ private:
     bool DrawSheet(VDrawingSurface& surface, VBitmap& sheet);
     void TurnTo(int64_t lPage);
     void OnSetup();
+    void ComeBack();
     void OnScale();
     void OnPageBox(UINT uNotifyCode);
     void GoToTypedPage();
