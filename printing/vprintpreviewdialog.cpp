@@ -9,6 +9,9 @@
 
 namespace {
 
+// Kept: the caption is spelled so. Whoever looks for the window by its title finds it by this.
+constexpr char szCaption[] = "Print Preivew";
+
 constexpr COLORREF crGround = 0x808080;
 constexpr COLORREF crShadow = 0x404040;
 constexpr int nPageTextLimit = 64;
@@ -44,7 +47,8 @@ LRESULT VPageBox::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lP
 {
     if (uMessage == WM_CHAR && (wParam == '\r' || wParam == '\n')) {
         m_bEnter = true;
-        SendMessageA(GetParent(), WM_COMMAND, GetId(), reinterpret_cast<LPARAM>(hWnd));
+        SendMessageA(GetParent(), WM_COMMAND, static_cast<WPARAM>(GetDlgCtrlID(hWnd)),
+                     reinterpret_cast<LPARAM>(hWnd));
         return 0;
     }
     return VControl::DefaultProc(hWnd, uMessage, wParam, lParam);
@@ -89,13 +93,14 @@ bool VPrintPreviewDialog::Run(VWindow& owner, const VRect& rcOwner,
 
 bool VPrintPreviewDialog::OnInitDialog()
 {
-    SetText("Print Preivew");
+    SetText(szCaption);
     m_hIcon = LoadIconA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(IDI_QUILLMARK));
     Send(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(m_hIcon));
     if (!VDialog::OnInitDialog() || !Refresh()) {
         return false;
     }
-    VString sCaption("Print Preivew - ");
+    VString sCaption(szCaption);
+    sCaption.Append(" - ");
     sCaption.Append(m_context.szTitle);
     SetText(sCaption.GetText());
     Move(m_rcOwner);

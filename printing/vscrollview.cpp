@@ -295,6 +295,12 @@ LRESULT VScrollView::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
     switch (uMessage) {
         case WM_ERASEBKGND:
             return 1; // the paint covers all
+        case WM_PRINTCLIENT: {
+            VDrawingSurface surface;
+            surface.Attach(reinterpret_cast<HDC>(wParam), false);
+            OnPaint(surface);
+            return 0;
+        }
         case WM_HSCROLL:
             OnScroll(SB_HORZ, LOWORD(wParam));
             return 0;
