@@ -1,9 +1,12 @@
 #!/usr/bin/env bash
 # A print spooler for tests, apart from any that this machine has: its configuration, queues, jobs
 # and socket are below one folder. Each document that it prints becomes FOLDER/out/JOB-QUEUE.pdf,
-# beside a JOB-QUEUE.txt of three lines: its title, the copies, the options.
-# Usage: cups.sh start FOLDER   starts it; prints the socket for CUPS_SERVER
-#        cups.sh end FOLDER     ends it and all that it started
+# beside a JOB-QUEUE.txt of four lines: its title, the copies, the options,
+# the number of its pages. Where FOLDER/out/pictures exists, its pages become pictures too,
+# JOB-QUEUE-PAGE.pgm with 96 dots per inch.
+# Usage: cups.sh FOLDER
+# Prints what programs need in their environment, then an empty line once the spooler is ready, and
+# ends it when its own standard input ends.
 # The queues: PDF, the default, with 300 dots per inch and A4; Fine, with 600 dots per inch, Letter
 # and margins that its printer cannot reach.
 # Needs the packages cups and printer-driver-cups-pdf, and root.
@@ -20,7 +23,7 @@ die() {
 
 write_configuration() {
     cat >"$folder/cupsd.conf" <<CONFIGURATION
-Listen $socket
+Listen $CUPS_SERVER
 LogLevel warn
 MaxJobs 0
 PreserveJobHistory No
@@ -68,8 +71,11 @@ write_backend() {
 to=${DEVICE_URI#*:}/$1-$PRINTER
 [ $# -lt 6 ] || exec <"$6"
 gs -q -dBATCH -dNOPAUSE -dSAFER -sDEVICE=pdfwrite -sOutputFile="$to.part" - >&2 || exit 1
-printf '%s\n%s\n%s\n' "$3" "$4" "$5" >"$to.txt"
+pages=$(pdfinfo "$to.part" | sed -n 's/^Pages: *//p')
+[ ! -e "${to%/*}/pictures" ] || pdftoppm -r 96 -gray "$to.part" "$to"
+printf '%s\n%s\n%s\n%s\n' "$3" "$4" "$5" "$pages" >"$to.text"
 mv "$to.part" "$to.pdf"
+mv "$to.text" "$to.txt"
 BACKEND
     chmod 755 "$folder/bin/backend/tests-pdf"
 }
@@ -84,20 +90,28 @@ write_fine_description() {
         -e 's|^\(\*ImageableArea Letter/.*: \).*|\1"18 36 585 774"|' "$driver"
 }
 
-await_socket() {
+await_scheduler() {
     local tries
     for ((tries = 0; tries < 300; ++tries)); do
         [[ $(lpstat -r 2>/dev/null) != "scheduler is running" ]] || return 0
-        kill -0 "$1" 2>/dev/null || die "the spooler ended: $(tail -n1 "$folder/error_log")"
+        kill -0 "$spooler" 2>/dev/null || die "the spooler ended: $(tail -n1 "$folder/error_log")"
         sleep 0.1
     done
     die "the spooler did not come up"
 }
 
+make_queues() {
+    lpadmin -p PDF -E -v "tests-pdf:$folder/out" -P "$driver" &&
+        lpadmin -p Fine -E -v "tests-pdf:$folder/out" -P "$folder/fine.ppd" &&
+        lpadmin -d PDF
+}
+
 start() {
-    local pid
+    local tool
+    for tool in cupsd lpadmin gs pdfinfo; do
+        command -v "$tool" >/dev/null || die "$tool is missing"
+    done
     [[ -r $driver ]] || die "the package printer-driver-cups-pdf is missing"
-    command -v cupsd >/dev/null || die "the package cups is missing"
     rm -rf "$folder"
     mkdir -p "$folder"/{etc/ppd,etc/ssl,spool,tmp,cache,state,out}
     # The spooler runs its filters as another user.
@@ -108,37 +122,31 @@ start() {
     write_fine_description >"$folder/fine.ppd"
     cupsd -f -c "$folder/cupsd.conf" -s "$folder/cups-files.conf" \
         >"$folder/cupsd.log" 2>&1 </dev/null &
-    pid=$!
-    echo "$pid" >"$folder/pid"
-    await_socket "$pid"
-    {
-        lpadmin -p PDF -E -v "tests-pdf:$folder/out" -P "$driver"
-        lpadmin -p Fine -E -v "tests-pdf:$folder/out" -P "$folder/fine.ppd"
-        lpadmin -d PDF
-    } 2>"$folder/lpadmin.log" || {
-        end
+    spooler=$!
+    await_scheduler
+    make_queues 2>"$folder/lpadmin.log" ||
         die "no queue could be made: $(tail -n1 "$folder/lpadmin.log")"
-    }
-    echo "$socket"
 }
 
 end() {
-    local pid
-    [[ -r $folder/pid ]] || return 0
-    pid=$(<"$folder/pid")
-    rm -f "$folder/pid"
-    kill "$pid" 2>/dev/null || true
-    while kill -0 "$pid" 2>/dev/null; do
-        sleep 0.1
-    done
+    trap '' TERM INT HUP
+    [[ -n $spooler ]] || return 0
+    kill "$spooler" && wait "$spooler"
+} 2>/dev/null
+
+# Wine shows this machine's files as drive Z:.
+windows_path() {
+    local path=Z:$1
+    echo "${path//\//\\}"
 }
 
-[[ $# -eq 2 ]] || die "usage: cups.sh start | end FOLDER"
-folder=$(realpath -m "$2")
-socket=$folder/socket
-export CUPS_SERVER=$socket
-case $1 in
-    start) start ;;
-    end) end ;;
-    *) die "usage: cups.sh start | end FOLDER" ;;
-esac
+[[ $# -eq 1 ]] || die "usage: cups.sh FOLDER"
+folder=$(realpath -m "$1")
+spooler=
+export CUPS_SERVER=$folder/socket
+trap end EXIT
+trap 'exit 143' TERM INT HUP
+start
+printf 'CUPS_SERVER=%s\nQUILLMARK_PRINTED=%s\n\n' "$CUPS_SERVER" "$(windows_path "$folder/out")"
+# Not a program: a signal must not have to wait for it.
+while read -r _; do :; done

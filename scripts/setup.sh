@@ -20,13 +20,15 @@ declare -rA PACKAGES=(
               fonts-wine fonts-liberation wine wine64 xvfb imagemagick x11-utils fp-utils"
     [test]="python3 dpkg-dev googletest clang-format clang-tidy
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
-            fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin poppler-utils"
+            fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin
+            cups printer-driver-cups-pdf poppler-utils"
     [pictures]="graphviz librsvg2-bin xdotool"
     [bench]="libbenchmark-dev"
     [fuzz]="clang libclang-rt-14-dev"
     [debootstrap]="debootstrap mount"
 )
 log=build/logs/setup.log
+service_policy=/usr/sbin/policy-rc.d
 # Debian's tools for administrators are not on every caller's path.
 export PATH=$PATH:/usr/sbin:/sbin
 
@@ -49,9 +51,18 @@ update_index() {
     apt-get update || { sleep 5 && apt-get update; } || echo "the package index is incomplete"
 }
 
+# A service that comes with a package must not run here because of us. Debian asks this file before
+# it starts one; where the machine has such a rule of its own, that one decides.
+forbid_services() {
+    [[ ! -e $service_policy ]] || return 0
+    trap 'rm -f "$service_policy"' EXIT
+    printf '#!/bin/sh\nexit 101\n' >"$service_policy"
+    chmod 755 "$service_policy"
+}
+
 install() {
     export DEBIAN_FRONTEND=noninteractive
-    update_index &&
+    update_index && forbid_services &&
         apt-get install -y --no-install-recommends --no-remove -o DPkg::Lock::Timeout=300 "$@"
 }
 

@@ -30,12 +30,12 @@ trial_apt() {
 rehearse() {
     mkdir -p "$trial/lists/partial" "$trial/cache/archives/partial"
     trial_apt -o APT::Update::Error-Mode=any update &&
-        trial_apt install -s --no-install-recommends --no-remove wine32:i386
+        trial_apt install -s --no-install-recommends --no-remove wine32:i386 libcups2:i386
 }
 
 install_package() {
     DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends --no-remove \
-        -o DPkg::Lock::Timeout=300 wine32:i386
+        -o DPkg::Lock::Timeout=300 wine32:i386 libcups2:i386
 }
 
 install_on_machine() {
@@ -93,7 +93,7 @@ install_root() {
     "$repo/scripts/setup.sh" debootstrap || return 1
     rm -rf --one-file-system "$root.new"
     "${namespace[@]}" debootstrap --arch=i386 --variant=minbase \
-        --include=wine,wine32,fonts-wine,fonts-liberation "$(codename)" "$root.new" "$source" ||
+        --include=wine,wine32,libcups2,fonts-wine,fonts-liberation "$(codename)" "$root.new" "$source" ||
         return 1
     rm -rf "$root.new"/var/cache/apt/archives/*.deb "$root.new"/var/lib/apt/lists/*
     mv "$root.new" "$root"
