@@ -69,6 +69,11 @@ VPrintPreviewDialog::VPrintPreviewDialog()
                        ScrollKeys(m_view)}
 {
     GetFlags().Set(V_FLAG_PAINTS);
+    // The controls keep their filters from one opening to the next.
+    m_editPage.AddFilter(m_keysOfBox);
+    for (int i = 0; i < nButtons; ++i) {
+        m_aButtons[i].AddFilter(m_aKeysOfButtons[i]);
+    }
 }
 
 bool VPrintPreviewDialog::Run(VWindow& owner, const VRect& rcOwner,
@@ -122,10 +127,8 @@ bool VPrintPreviewDialog::AttachControls()
     LimitItemText(IDC_PREVIEW_PAGE, nPageTextLimit);
     bool bAll = m_editPage.Attach(GetItem(IDC_PREVIEW_PAGE)) &&
                 m_cboScale.Attach(GetItem(IDC_PREVIEW_SCALE));
-    m_editPage.AddFilter(m_keysOfBox);
     for (int i = 0; i < nButtons && bAll; ++i) {
         bAll = m_aButtons[i].Attach(GetItem(anButtons[i]));
-        m_aButtons[i].AddFilter(m_aKeysOfButtons[i]);
     }
     for (const VPreviewScale* pScale = V_PREVIEW_SCALES; pScale->szText != nullptr; ++pScale) {
         m_cboScale.Add(pScale->szText);
