@@ -1,0 +1,66 @@
+#include "tests/support/printeddocument.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+// Empty without a spooler.
+std::filesystem::path Folder()
+{
+    const char* szFolder = getenv("QUILLMARK_PRINTED");
+    return szFolder == nullptr ? "" : szFolder;
+}
+
+} // namespace
+
+bool PrintedDocument::HasSpooler()
+{
+    return !Folder().empty();
+}
+
+void PrintedDocument::AskForPictures()
+{
+    std::ofstream(Folder() / "pictures");
+}
+
+bool PrintedDocument::Find(const std::string& sTitle)
+{
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(Folder(), error)) {
+        std::ifstream file(entry.path());
+        std::string sLine;
+        std::string sOptions;
+        if (entry.path().extension() != ".txt" || !std::getline(file, sLine) || sLine != sTitle) {
+            continue;
+        }
+        if (file >> m_nCopies && std::getline(file, sOptions) && std::getline(file, sOptions) &&
+            file >> m_nPages) {
+            m_sName = (entry.path().parent_path() / entry.path().stem()).string();
+            return true;
+        }
+    }
+    return false;
+}
+
+GrayPage PrintedDocument::ReadPage(int nPage) const
+{
+    GrayPage page;
+    // The numbers have as many digits as the last one.
+    std::string sNumber = std::to_string(nPage);
+    sNumber.insert(0, std::to_string(m_nPages).size() - sNumber.size(), '0');
+    const std::string sPath = m_sName + "-" + sNumber + ".pgm";
+    std::ifstream file(sPath, std::ios::binary);
+    std::string sMagic;
+    int nLargest = 0;
+    file >> sMagic >> page.nWidth >> page.nHeight >> nLargest;
+    file.get();
+    page.pixels.resize(static_cast<size_t>(page.nWidth) * static_cast<size_t>(page.nHeight));
+    file.read(reinterpret_cast<char*>(page.pixels.data()),
+              static_cast<std::streamsize>(page.pixels.size()));
+    EXPECT_TRUE(file && sMagic == "P5" && nLargest == 255) << sPath;
+    return page;
+}

@@ -1,0 +1,37 @@
+// What the spooler of the tests printed: see scripts/cups.sh.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// A printed page: a picture of it with 96 dots per inch, 0 for black to 255 for white.
+struct GrayPage
+{
+    int nWidth = 0;
+    int nHeight = 0;
+    std::vector<uint8_t> pixels;
+};
+
+class PrintedDocument
+{
+public:
+    // The document with this title, which no other may have; false while it is not printed.
+    bool Find(const std::string& sTitle);
+
+    int GetPageCount() const { return m_nPages; }
+    int GetCopies() const { return m_nCopies; }
+    // From 1. AskForPictures must have been called before the document was printed. The running
+    // test fails when there is no such picture.
+    GrayPage ReadPage(int nPage) const;
+
+    // Has all documents from now on turned into pictures.
+    static void AskForPictures();
+    // Whether there is a spooler for the tests.
+    static bool HasSpooler();
+
+private:
+    std::string m_sName; // its path without an extension
+    int m_nPages = 0;
+    int m_nCopies = 0;
+};

@@ -1,0 +1,326 @@
+// A register's pages: what is on their pictures, and what of it comes out of the printer.
+
+#include "register/qmregisterpages.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "printing/vprintdocument.h"
+#include "register/qmregistermodel.h"
+#include "tests/win/dialog_support.h"
+#include "tests/win/printer_support.h"
+#include "tests/win/support.h"
+
+namespace {
+
+constexpr COLORREF crLine = 0xC0C0C0;
+constexpr COLORREF crShade = 0xEBEBEB;
+constexpr COLORREF crWhite = 0xFFFFFF;
+
+class RegisterPagesTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(CreateTestWindow(m_parent, WS_POPUP));
+        m_parent.Move({10, 10, 1010, 310});
+        ASSERT_TRUE(m_list.CreateList(m_parent, 7));
+        m_parent.Show(SW_SHOWNOACTIVATE);
+        PumpAll();
+        m_document.SetAccount(std::make_unique<QMAccount>("house.qmk"));
+        QMAccountHeader& header = Header();
+        snprintf(header.szBankName, sizeof header.szBankName, "First Example Bank");
+        snprintf(header.szHolderName, sizeof header.szHolderName, "A. Holder");
+        header.bGridLines = header.bShadedLines = 0;
+        // A sheet of letter paper with three quarters of an inch around.
+        m_context.sizePage = m_context.sizePhysical = {816, 1056};
+        m_context.rcPrintable = {72, 72, 744, 984};
+    }
+
+    QMAccountHeader& Header() { return m_document.GetAccount()->header; }
+
+    void AddTransactions(int nCount)
+    {
+        for (int n = 0; n < nCount; ++n) {
+            auto pTransaction = std::make_unique<QMTransaction>();
+            pTransaction->lType = n % 12;
+            pTransaction->dtDate = QMMakeDate(static_cast<uint16_t>(2000 + n / 28), 3,
+                                              static_cast<uint16_t>(1 + n % 28));
+            pTransaction->lNumber = static_cast<uint32_t>(1000 + n);
+            pTransaction->fAmount = 1.25F * static_cast<float>(n * 7 % 1000);
+            pTransaction->lFlags = n % 5 == 4 ? QM_TRANS_FLAG_VOIDED : QM_TRANS_FLAG_NOT_CLEARED;
+            snprintf(pTransaction->szDescription, sizeof pTransaction->szDescription,
+                     "Description %d of %d", n, n * n % 977);
+            m_document.GetAccount()->store.Add(std::move(pTransaction));
+        }
+        ASSERT_TRUE(m_model.ShowAll());
+        PumpAll();
+    }
+
+    bool Render(uint32_t uFlags = 0)
+    {
+        m_context.ilPages.Destroy();
+        return QMRegisterPages(m_list, m_model.GetColumns(), Header()).Render(m_context, uFlags);
+    }
+
+    // The picture of a page, from 1.
+    static std::vector<COLORREF> PixelsOf(VPrintContext& context, int nPage)
+    {
+        const VSize& size = context.sizePage;
+        BITMAPINFO info = {};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = size.cx;
+        info.bmiHeader.biHeight = -size.cy;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void* pBits = nullptr;
+        VBitmap bitmap;
+        bitmap.Attach(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pBits, nullptr, 0));
+        const VClientSurface screen(GetDesktopWindow());
+        VMemorySurface memory(screen);
+        const VSelectScope scope(memory, bitmap.GetHandle());
+        EXPECT_TRUE(context.ilPages.Draw(nPage - 1, memory, 0, 0));
+        GdiFlush();
+        const auto* pPixels = static_cast<const COLORREF*>(pBits);
+        std::vector<COLORREF> pixels(pPixels, pPixels + size.cx * size.cy);
+        for (COLORREF& cr : pixels) {
+            cr = RGB((cr >> 16) & 0xFF, (cr >> 8) & 0xFF, cr & 0xFF);
+        }
+        return pixels;
+    }
+
+    void Look(int nPage) { m_pixels = PixelsOf(m_context, nPage); }
+    COLORREF At(int x, int y) const
+    {
+        return m_pixels[static_cast<size_t>(y * m_context.sizePage.cx + x)];
+    }
+    // Whether anything is on a part of the page.
+    bool HasInk(const VRect& rc) const
+    {
+        for (int y = rc.top; y < rc.bottom; ++y) {
+            for (int x = rc.left; x < rc.right; ++x) {
+                if (At(x, y) != crWhite) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+    int HeadingHeight() const { return m_list.GetHeadingRect(0).GetHeight(); }
+    int TableTop() const { return 72 + HeadingHeight() + 1; }
+
+    VWindow m_parent;
+    QMRegisterList m_list;
+    QMDocument m_document;
+    QMRegisterModel m_model{m_document, m_list};
+    VPrintContext m_context;
+    std::vector<COLORREF> m_pixels;
+};
+
+} // namespace
+
+TEST_F(RegisterPagesTest, ARegisterWithoutRowsIsAPageOfHeadings)
+{
+    AddTransactions(0);
+    ASSERT_TRUE(Render());
+    EXPECT_EQ(m_context.nPages, m_context.ilPages.GetImageCount());
+    Look(1);
+    EXPECT_EQ(At(72, TableTop() - 1), crLine);
+    EXPECT_TRUE(HasInk({100, TableTop() - HeadingHeight() + 2, 700, TableTop() - 2}));
+    EXPECT_FALSE(HasInk({0, TableTop() + 1, 816, 1056}));
+    EXPECT_FALSE(HasInk({0, 0, 816, 72}));
+}
+
+TEST_F(RegisterPagesTest, EachOptionPrintsItsText)
+{
+    AddTransactions(0);
+    ASSERT_TRUE(Render(0));
+    Look(1);
+    const VRect rcNumber = {380, 965, 440, 984};
+    const VRect rcBank = {73, 72, 300, 80};
+    const VRect rcHolder = {600, 72, 744, 80};
+    EXPECT_FALSE(HasInk(rcNumber));
+    ASSERT_TRUE(Render(QM_PRINT_PAGE_NUMBERS));
+    Look(1);
+    EXPECT_TRUE(HasInk(rcNumber));
+    EXPECT_EQ(At(72, TableTop() - 1), crLine);
+    // A name moves the table down, whichever it is and both together.
+    for (const uint32_t uFlags :
+         {QM_PRINT_BANK_NAME, QM_PRINT_HOLDER_NAME, QM_PRINT_BANK_NAME | QM_PRINT_HOLDER_NAME}) {
+        ASSERT_TRUE(Render(uFlags));
+        Look(1);
+        EXPECT_NE(At(72, TableTop() - 1 - HeadingHeight() + 2), crLine) << uFlags;
+        EXPECT_EQ(HasInk(rcBank), (uFlags & QM_PRINT_BANK_NAME) != 0) << uFlags;
+        EXPECT_EQ(HasInk(rcHolder), (uFlags & QM_PRINT_HOLDER_NAME) != 0) << uFlags;
+    }
+}
+
+TEST_F(RegisterPagesTest, KeptTheFirstRowOfAPageIsShaded)
+{
+    Header().bShadedLines = 1;
+    AddTransactions(3);
+    ASSERT_TRUE(Render());
+    Look(1);
+    const int nRow = m_list.GetRowHeight();
+    const int x = 72 + 2;
+    EXPECT_EQ(At(x, TableTop() + 1), crShade);
+    EXPECT_EQ(At(x, TableTop() + nRow + 1), crWhite);
+    EXPECT_EQ(At(x, TableTop() + 2 * nRow + 1), crShade);
+}
+
+TEST_F(RegisterPagesTest, GridLinesRunAroundTheCells)
+{
+    Header().bGridLines = 1;
+    AddTransactions(2);
+    ASSERT_TRUE(Render());
+    Look(1);
+    const int nRow = m_list.GetRowHeight();
+    EXPECT_EQ(At(72, TableTop() + 3), crLine);
+    EXPECT_EQ(At(80, TableTop()), crLine);
+    EXPECT_EQ(At(80, TableTop() + nRow), crLine);
+    EXPECT_EQ(At(80, TableTop() + 2 * nRow), crLine);
+    EXPECT_EQ(At(80, TableTop() + 2 * nRow + 1), crWhite);
+    // With shading no row has its top line; the page's last one has its bottom line.
+    Header().bShadedLines = 1;
+    ASSERT_TRUE(Render());
+    Look(1);
+    EXPECT_NE(At(80, TableTop() + nRow), crLine);
+    EXPECT_EQ(At(80, TableTop() + 2 * nRow), crLine);
+}
+
+TEST_F(RegisterPagesTest, AWideRegisterSpreadsOverStrips)
+{
+    AddTransactions(200);
+    ASSERT_TRUE(Render(QM_PRINT_PAGE_NUMBERS));
+    const int nPages = m_context.nPages;
+    m_context.rcPrintable.right = 372; // half the width
+    ASSERT_TRUE(Render(QM_PRINT_PAGE_NUMBERS));
+    EXPECT_GT(m_context.nPages, nPages);
+    EXPECT_EQ(m_context.ilPages.GetImageCount(), m_context.nPages);
+    // Hidden columns take no room.
+    Header().bShowDescription = 0;
+    Header().bShowMemo = 0;
+    ASSERT_TRUE(m_model.ShowAll());
+    const int nWide = m_context.nPages;
+    ASSERT_TRUE(Render(QM_PRINT_PAGE_NUMBERS));
+    EXPECT_LT(m_context.nPages, nWide);
+}
+
+TEST_F(RegisterPagesTest, ThePeriodLimitsWhatIsPrinted)
+{
+    AddTransactions(200);
+    ASSERT_TRUE(Render());
+    const int nAll = m_context.nPages;
+    QMDate dtFrom = QMMakeDate(2000, 1, 1);
+    QMDate dtTo = QMMakeDate(2000, 12, 31);
+    m_model.SetPeriodFilter(true, false);
+    m_model.SetPeriod(QM_ACCNT_DISPLAY_DATE_RANGE, dtFrom, dtTo, true);
+    ASSERT_LT(m_list.GetRowCount(), 200);
+    ASSERT_TRUE(Render());
+    EXPECT_LT(m_context.nPages, nAll);
+}
+
+TEST_F(RegisterPagesTest, RefusesMorePagesThanOneBitmapHolds)
+{
+    AddTransactions(200);
+    m_context.sizePage = {4000, 6000};
+    m_context.rcPrintable = {0, 0, 4000, 60}; // about a row a page
+    EXPECT_FALSE(Render());
+    EXPECT_EQ(m_context.ilPages.GetImageCount(), 0);
+    m_context.sizePage = {0, 0};
+    EXPECT_FALSE(Render());
+}
+
+// ---- Out of the printer.
+
+namespace {
+
+// The mean difference of two pictures, of 255, the second one shifted down.
+double Difference(const std::vector<COLORREF>& image, const VSize& size, const GrayPage& printed,
+                  int nShift = 0)
+{
+    double dSum = 0;
+    for (int y = 0; y < size.cy; ++y) {
+        for (int x = 0; x < size.cx; ++x) {
+            const COLORREF cr = image[static_cast<size_t>(y * size.cx + x)];
+            const int nGray = (GetRValue(cr) * 30 + GetGValue(cr) * 59 + GetBValue(cr) * 11) / 100;
+            // Both to the same size.
+            const int px = x * printed.nWidth / size.cx;
+            const int py = y * printed.nHeight / size.cy - nShift;
+            const int nPrinted =
+                py < 0 ? 255 : printed.pixels[static_cast<size_t>(py * printed.nWidth + px)];
+            dSum += abs(nGray - nPrinted);
+        }
+    }
+    return dSum / (static_cast<double>(size.cx) * size.cy);
+}
+
+} // namespace
+
+TEST_F(RegisterPagesTest, ThePaperAgreesWithThePictures)
+{
+    if (!WhyNoPrinter().empty()) {
+        GTEST_SKIP() << WhyNoPrinter();
+    }
+    PrintedDocument::AskForPictures();
+    Header().bGridLines = 1;
+    AddTransactions(120);
+    const std::string sTitle =
+        "pages " + std::to_string(GetCurrentProcessId()) + " " + std::to_string(GetTickCount());
+    struct Kept
+    {
+        std::function<bool(VPrintContext&)> render;
+        std::string sTitle;
+        std::vector<std::vector<COLORREF>> pages;
+        VSize size;
+    } kept = {[&](VPrintContext& context) {
+                  return QMRegisterPages(m_list, m_model.GetColumns(), Header())
+                      .Render(context, QM_PRINT_ALL);
+              },
+              sTitle,
+              {},
+              {}};
+    VPrintDocument document(m_parent);
+    document.SetMargins({750, 750, 750, 750});
+    document.SetRenderCallback(
+        [](VPrintContext& context, uintptr_t, void* pOwner) {
+            Kept& k = *static_cast<Kept*>(pOwner);
+            context.szTitle = k.sTitle.c_str();
+            const bool bDone = k.render(context);
+            k.pages.clear();
+            k.size = context.sizePage;
+            for (int nPage = 1; nPage <= context.nPages; ++nPage) {
+                k.pages.push_back(PixelsOf(context, nPage));
+            }
+            return bDone;
+        },
+        0, &kept);
+    ModalDriver driver(60000);
+    driver.Next([](HWND hDialog) { Press(hDialog, IDOK); });
+    ASSERT_TRUE(document.Print());
+    const PrintedDocument printed = AwaitPrinted(sTitle);
+    ASSERT_EQ(printed.GetPageCount(), static_cast<int>(kept.pages.size()));
+    ASSERT_GE(printed.GetPageCount(), 2);
+    const GrayPage other = printed.ReadPage(2);
+    const GrayPage own = printed.ReadPage(1);
+    GrayPage white = own;
+    white.pixels.assign(white.pixels.size(), 255);
+    const double dOwn = Difference(kept.pages[0], kept.size, own);
+    const double dOther = Difference(kept.pages[0], kept.size, other);
+    const double dShifted = Difference(kept.pages[0], kept.size, own, m_list.GetRowHeight());
+    const double dWhite = Difference(kept.pages[0], kept.size, white);
+    printf("difference of 255: %.2f; of another page %.2f, shifted by a row %.2f, white %.2f\n",
+           dOwn, dOther, dShifted, dWhite);
+    for (const double dWrong : {dOther, dShifted, dWhite}) {
+        EXPECT_LT(dOwn * 2, dWrong);
+    }
+    for (int nPage = 2; nPage <= printed.GetPageCount(); ++nPage) {
+        EXPECT_LT(Difference(kept.pages[static_cast<size_t>(nPage - 1)], kept.size,
+                             printed.ReadPage(nPage)) *
+                      2,
+                  dShifted)
+            << nPage;
+    }
+}
