@@ -64,7 +64,8 @@ RINGS = {
     "lint": Ring((), "build", command=("scripts/lint.sh",)),
 }
 QUICK = ("core", "lint")
-SERVERS: dict[str, tuple[str, ...]] = {}
+# A printer of the tests' own, shared by all: a test finds its document by the title.
+SERVERS: dict[str, tuple[str, ...]] = {"printer": ("scripts/cups.sh", "build/cups")}
 LANES = ("build", "console", "window")
 # The longest wait, that for windows, begins after the first build.
 WINE = ("win64", "win32")

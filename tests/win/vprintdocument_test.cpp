@@ -181,26 +181,6 @@ TEST_F(PrintDocumentTest, PrintsARangeOfPages)
     EXPECT_EQ(AwaitPrinted(m_client.sTitle).GetPageCount(), 3);
 }
 
-TEST_F(PrintDocumentTest, AnotherPrinterHasAnotherPage)
-{
-    NEEDS_A_PRINTER();
-    ModalDriver driver(60000);
-    driver.Next([](HWND hDialog) {
-        HWND hPrinters = GetDlgItem(hDialog, cmb4);
-        const auto lFine = SendMessageA(hPrinters, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                        reinterpret_cast<LPARAM>("Fine"));
-        ASSERT_GE(lFine, 0);
-        SendMessageA(hPrinters, CB_SETCURSEL, static_cast<WPARAM>(lFine), 0);
-        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(cmb4, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(hPrinters));
-        Press(hDialog, IDOK);
-    });
-    ASSERT_TRUE(document.Print());
-    EXPECT_EQ(document.GetSurface().GetDeviceCaps(LOGPIXELSX), 600);
-    EXPECT_EQ(m_client.last.sizeDevice.cx, document.GetSurface().GetDeviceCaps(HORZRES));
-    EXPECT_EQ(AwaitPrinted(m_client.sTitle).GetPageCount(), 2);
-}
-
 TEST_F(PrintDocumentTest, PageSetupTakesMarginsOnOkAlone)
 {
     NEEDS_A_PRINTER();
