@@ -99,26 +99,24 @@ bool HasDate(const QMTransaction& transaction)
            !QMDateIsEqual(transaction.dtDate, QMMakeDate(2000, 1, 1));
 }
 
-// What the program's own readers leave at the values of a new transaction.
-QMBankReport ReportOf(const QMTransactionStore& store)
+// What the program's own readers leave at the values of a new transaction. bUsable tells whether
+// any of them has a date or an amount, or whether there is none.
+QMBankReport ReportOf(QMTransactionStore& store, bool& bUsable)
 {
     QMBankReport report;
-    store.ForEach([&](const QMTransaction& transaction) {
+    bUsable = store.IsEmpty();
+    store.First();
+    // The texts, which are most of a record, are left alone, so nothing is fetched ahead.
+    for (const QMListNode* p = store.GetCurrentNode(); p != nullptr; p = p->GetNext()) {
+        const auto& transaction = *static_cast<const QMTransaction*>(p);
         const bool bNoDay = QMCheckDate(transaction.dtDate) != 0;
+        const bool bHasDate = HasDate(transaction);
         report.lWithoutDate += bNoDay ? 1 : 0;
-        report.lFirstOf2000 += !bNoDay && !HasDate(transaction) ? 1 : 0;
+        report.lFirstOf2000 += !bNoDay && !bHasDate ? 1 : 0;
         report.lWithoutAmount += transaction.fAmount == 0 ? 1 : 0;
-    });
+        bUsable = bUsable || bHasDate || transaction.fAmount != 0;
+    }
     return report;
-}
-
-bool IsUsable(const QMTransactionStore& store)
-{
-    bool bUsable = store.IsEmpty();
-    store.ForEach([&](const QMTransaction& transaction) {
-        bUsable = bUsable || HasDate(transaction) || transaction.fAmount != 0;
-    });
-    return bUsable;
 }
 
 // A description may have come with the dash that joins it to its type.
@@ -207,13 +205,15 @@ bool ReadExchangeFile(const char* szFile, const ToolOptions& options, QMTransact
         RefuseFile("import", szFile, ImportFault(szFile));
         return false;
     }
-    if (!IsUsable(found)) {
+    bool bUsable = false;
+    const QMBankReport counted = ReportOf(found, bUsable);
+    if (!bUsable) {
         RefuseFile("import", szFile,
                    "none of its records has a date or an amount (see qmktool help import for "
                    "other dialects)");
         return false;
     }
-    report = ReportOf(found);
+    report = counted;
     store.TakeFrom(found);
     return true;
 }
