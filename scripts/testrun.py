@@ -54,12 +54,16 @@ OWN_DEBUG, PROGRAM_DEBUG = "QUILLMARK_WINE_DEBUG", "QUILLMARK_PROGRAM_DEBUG"
 # Lanes take their rings in this order.
 RINGS = {
     "core": Ring(("native",), program="core_tests", tool=True),
-    "win-win64": Ring(("win64",), "window", program="win_tests", debug=OWN_DEBUG),
-    "e2e-win64": Ring(("win64",), "window", program="e2e_tests", debug=PROGRAM_DEBUG),
+    "win-win64": Ring(("win64",), "window", program="win_tests",
+                      servers=("printer",), debug=OWN_DEBUG),
+    "e2e-win64": Ring(("win64",), "window", program="e2e_tests",
+                      servers=("printer",), debug=PROGRAM_DEBUG),
     "core-win64": Ring(("win64",), program="core_tests", tool=True),
     "core-asan": Ring(("native-asan",), program="core_tests", tool=True),
-    "win-win32": Ring(("win32",), "window", program="win_tests", debug=OWN_DEBUG),
-    "e2e-win32": Ring(("win32",), "window", program="e2e_tests", debug=PROGRAM_DEBUG),
+    "win-win32": Ring(("win32",), "window", program="win_tests",
+                      servers=("printer",), debug=OWN_DEBUG),
+    "e2e-win32": Ring(("win32",), "window", program="e2e_tests",
+                      servers=("printer",), debug=PROGRAM_DEBUG),
     "core-win32": Ring(("win32",), program="core_tests", tool=True),
     "lint": Ring((), "build", command=("scripts/lint.sh",)),
 }
