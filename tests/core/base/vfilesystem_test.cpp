@@ -9,24 +9,10 @@
 #include <vector>
 
 #include "account/qmfile.h"
+#include "tests/support/process_support.h"
 #include "tests/support/support.h"
 
-#ifdef _WIN32
-#include <process.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace {
-
-uint32_t OwnProcess()
-{
-#ifdef _WIN32
-    return static_cast<uint32_t>(_getpid());
-#else
-    return static_cast<uint32_t>(getpid());
-#endif
-}
 
 using Names = std::vector<std::string>;
 
