@@ -48,6 +48,7 @@
 #define IDB_ARROW_NEXT 5104
 #define IDB_ARROW_LAST 5105
 #define IDB_BUTTON_PRINT 5106
+#define IDB_BUTTON_PREVIEW 5107
 #define IDB_BUTTON_SETUP 5108
 
 // Strings; every other string has the number of the command that it explains.
@@ -254,6 +255,22 @@
 #define IDM_CALC_CLEAR 11122
 #define IDM_CALC_SIGN 11123
 #define IDM_CALC_NOTHING 11124
+
+// The reports
+#define IDD_REPORTS 2101
+#define IDC_REPORT_TYPE 2102
+#define IDC_REPORT_CATEGORYLABEL 2103
+#define IDC_REPORT_CATEGORY 2104
+#define IDC_REPORT_BYMONTH 2105
+#define IDC_REPORT_BYRANGE 2107
+#define IDC_REPORT_MONTH 2109
+#define IDC_REPORT_YEAR 2111
+#define IDC_REPORT_FROM 2112
+#define IDC_REPORT_TO 2114
+#define IDC_REPORT_RUN 1905
+#define IDC_REPORT_CLOSE 1906
+#define IDC_REPORT_PRINT 1907
+#define IDC_REPORT_PREVIEW 1908
 
 // The import review
 #define IDD_IMPORT 2201

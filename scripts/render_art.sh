@@ -7,7 +7,7 @@ set -euo pipefail
 readonly ICON_SIZES=(16 20 24 32 40 48 64 256)
 readonly BITMAPS=(splash heading_cleared heading_tag mark_tax mark_expense mark_voided mark_cleared
     sign_tax sign_expense sign_voided sign_cleared arrow_strip)
-readonly ALPHA_BITMAPS=(button_add button_print button_setup arrow_first arrow_previous arrow_next arrow_last)
+readonly ALPHA_BITMAPS=(button_add button_print button_preview button_setup arrow_first arrow_previous arrow_next arrow_last)
 readonly BITMAP_HEADERS=54
 
 repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)

@@ -1,6 +1,7 @@
 // The commands of the Tools menu.
 
 #include "register/qmregisterwindow.h"
+#include "reports/qmreportdialog.h"
 #include "resources/resource.h"
 #include "shell/qmcommand.h"
 #include "shell/qmmainframe.h"
@@ -41,7 +42,26 @@ bool ShowCalculator(QMCommandContext& context)
                                               QMSettings::GetKeyPath(), "Calculator Position");
 }
 
+bool RunReports(QMCommandContext& context)
+{
+    const QMDocument& document = context.pDocument->GetDocument();
+    QMReportDialog dialog;
+    if (!document.CopyAccount(dialog.GetAccount())) {
+        context.frame.Tell(QMCannot("run reports", "No document is currently active.").GetText());
+        return false;
+    }
+    dialog.DoModal(context.frame.GetHandle(), document.GetFileName().GetText());
+    return true;
+}
+
 constexpr QMCommand aCommands[] = {
+    {
+        .uFirst = IDM_TOOLS_REPORTS,
+        .offered = QMOffered::WithDocument,
+        .needs = QMNeeds::Document,
+        .szWhat = "run reports",
+        .pRun = RunReports,
+    },
     {
         .uFirst = IDM_TOOLS_BANKWEBPAGE,
         .offered = QMOffered::WithDocument,

@@ -1,0 +1,224 @@
+// The dialog of reports, driven by its controls.
+#include "reports/qmreportdialog.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "base/vtext.h"
+#include "resources/resource.h"
+#include "tests/support/support.h"
+#include "tests/win/dialog_support.h"
+#include "tests/win/support.h"
+
+namespace {
+
+constexpr char szReversed[] =
+    "The 'From' date does not proceed the 'To' date.\n"
+    "Please select a valid date range.";
+
+class QMReportDialogTest : public testing::Test
+{
+protected:
+    void Add(int32_t lType, const std::string& sDate, float fAmount, const char* szCategory = "",
+             uint32_t uFlags = 0)
+    {
+        QMTransaction t = MakeTransaction(lType, sDate, fAmount, uFlags, "Payee");
+        VCopyText(t.szCategory, szCategory);
+        VCopyText(t.szMemo, szCategory);
+        AddTo(m_dialog.GetAccount().store, t);
+    }
+
+    // Runs the dialog, and in it the steps; what they open is answered by the driver's further
+    // steps.
+    void Run(const std::function<void(HWND hDialog)>& steps)
+    {
+        m_driver.Next([&](HWND hDialog) {
+            steps(hDialog);
+            Press(hDialog, IDC_REPORT_CLOSE);
+        });
+        EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
+    }
+
+    static void Choose(HWND hDialog, int nId, int nRow)
+    {
+        SendDlgItemMessageA(hDialog, nId, CB_SETCURSEL, static_cast<WPARAM>(nRow), 0);
+        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(nId, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(GetDlgItem(hDialog, nId)));
+    }
+
+    static std::vector<std::string> RowsOf(HWND hDialog, int nId)
+    {
+        std::vector<std::string> rows;
+        const LRESULT lCount = SendDlgItemMessageA(hDialog, nId, CB_GETCOUNT, 0, 0);
+        for (LRESULT l = 0; l < lCount; ++l) {
+            char szRow[300] = "";
+            SendDlgItemMessageA(hDialog, nId, CB_GETLBTEXT, static_cast<WPARAM>(l),
+                                reinterpret_cast<LPARAM>(szRow));
+            rows.emplace_back(szRow);
+        }
+        return rows;
+    }
+
+    static void SetDate(HWND hDialog, int nId, WORD wYear, WORD wMonth, WORD wDay)
+    {
+        const SYSTEMTIME date = {wYear, wMonth, 0, wDay, 0, 0, 0, 0};
+        SendDlgItemMessageA(hDialog, nId, DTM_SETSYSTEMTIME, GDT_VALID,
+                            reinterpret_cast<LPARAM>(&date));
+    }
+
+    int Height() { return m_dialog.GetView().GetPictureRect().GetHeight(); }
+
+    ModalDriver m_driver;
+    QMReportDialog m_dialog;
+};
+
+} // namespace
+
+TEST_F(QMReportDialogTest, OpensForAnEmptyAccount)
+{
+    Run([&](HWND hDialog) {
+        EXPECT_EQ(Text(m_dialog.GetText()), "Reports - book.qmk");
+        EXPECT_EQ(SizeInUnits(hDialog), "450x350");
+        const std::vector<std::string> kinds = {
+            "Statement of Account", "Transaction Type", "Description",   "Memo",       "Category",
+            "Tax Deductions",       "Expenses",         "Voided Checks", "Not Cleared"};
+        EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_TYPE), kinds);
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_MONTH), "January");
+        EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_MONTH).size(), 12U);
+        EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_YEAR), std::vector<std::string>{"2000"});
+        EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYMONTH));
+        EXPECT_FALSE(IsEnabled(hDialog, IDC_REPORT_CATEGORY));
+        EXPECT_FALSE(IsEnabled(hDialog, IDC_REPORT_PRINT));
+        EXPECT_FALSE(IsEnabled(hDialog, IDC_REPORT_PREVIEW));
+        EXPECT_EQ(Height(), 0);
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_PREVIEW), "Pre&view ");
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_PRINT), "&Print...  ");
+    });
+}
+
+TEST_F(QMReportDialogTest, RunsEveryKind)
+{
+    Add(QM_TRANS_CHECK, "1/5/2004", 10, "Home");
+    Run([&](HWND hDialog) {
+        for (int i = 0; i < 9; ++i) {
+            Choose(hDialog, IDC_REPORT_TYPE, i);
+            EXPECT_EQ(IsEnabled(hDialog, IDC_REPORT_CATEGORY), i >= 1 && i <= 4);
+            Click(hDialog, IDC_REPORT_RUN);
+            EXPECT_EQ(m_dialog.GetView().GetPictureRect().GetWidth(), 651);
+            EXPECT_GT(Height(), 15) << i;
+        }
+        EXPECT_TRUE(IsEnabled(hDialog, IDC_REPORT_PRINT));
+        EXPECT_TRUE(IsEnabled(hDialog, IDC_REPORT_PREVIEW));
+    });
+}
+
+TEST_F(QMReportDialogTest, OffersTheGroupsOfAType)
+{
+    Add(QM_TRANS_CHECK, "1/5/2004", 10, "Home");
+    Add(QM_TRANS_CHECK, "1/6/2004", 10, "Car");
+    Add(QM_TRANS_DEPOSIT, "1/7/2004", 10, "home");
+    Run([&](HWND hDialog) {
+        Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_TYPE);
+        EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_CATEGORY).size(), 12U);
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_CATEGORY), "Check");
+        Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_DESCRIPTION);
+        EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_CATEGORY), (std::vector<std::string>{"All", "Payee"}));
+        for (const int nKind : {QM_REPORT_MEMO, QM_REPORT_CATEGORY}) {
+            Choose(hDialog, IDC_REPORT_TYPE, nKind);
+            EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_CATEGORY),
+                      (std::vector<std::string>{"All", "Car", "home"}));
+        }
+        // Any notification brings the first row back.
+        Choose(hDialog, IDC_REPORT_CATEGORY, 2);
+        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(IDC_REPORT_TYPE, CBN_DROPDOWN), 0);
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_CATEGORY), "All");
+        // A report without groups keeps the rows and selects none.
+        Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_TAX);
+        EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_CATEGORY).size(), 3U);
+        EXPECT_EQ(SendDlgItemMessageA(hDialog, IDC_REPORT_CATEGORY, CB_GETCURSEL, 0, 0), CB_ERR);
+    });
+}
+
+TEST_F(QMReportDialogTest, TakesTheDatesOfTheChoice)
+{
+    Add(QM_TRANS_CHECK, "2/29/2004", 10, "", QM_TRANS_FLAG_TAX);
+    Run([&](HWND hDialog) {
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_MONTH), "February");
+        Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_TAX);
+        Click(hDialog, IDC_REPORT_RUN);
+        const int nOneRow = Height();
+        Choose(hDialog, IDC_REPORT_MONTH, 2);
+        Click(hDialog, IDC_REPORT_RUN);
+        EXPECT_EQ(Height(), nOneRow) << "the row of an empty list takes the same place";
+        // The keyboard's way to a date box chooses it.
+        SetFocus(GetDlgItem(hDialog, IDC_REPORT_FROM));
+        EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYRANGE));
+        EXPECT_FALSE(IsOn(hDialog, IDC_REPORT_BYMONTH));
+        Choose(hDialog, IDC_REPORT_MONTH, 3);
+        EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYMONTH));
+    });
+}
+
+TEST_F(QMReportDialogTest, RefusesAReversedRange)
+{
+    std::string sSentence;
+    m_driver.Next([&](HWND hDialog) {
+        SetDate(hDialog, IDC_REPORT_FROM, 2004, 3, 2);
+        SetDate(hDialog, IDC_REPORT_TO, 2004, 3, 1);
+        SetFocus(GetDlgItem(hDialog, IDC_REPORT_TO));
+        Press(hDialog, IDC_REPORT_RUN);
+    });
+    m_driver.Next(AnswerBox(IDOK, &sSentence));
+    m_driver.Again([&](HWND hDialog) {
+        EXPECT_FALSE(IsEnabled(hDialog, IDC_REPORT_PRINT));
+        EXPECT_EQ(Height(), 0);
+        Press(hDialog, IDCANCEL);
+    });
+    EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
+    EXPECT_EQ(sSentence, szReversed);
+}
+
+TEST_F(QMReportDialogTest, AsksForAReport)
+{
+    std::string sSentence;
+    m_driver.Next([&](HWND hDialog) {
+        SendDlgItemMessageA(hDialog, IDC_REPORT_TYPE, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+        Press(hDialog, IDC_REPORT_RUN);
+    });
+    m_driver.Next(AnswerBox(IDOK, &sSentence));
+    m_driver.Again([&](HWND hDialog) { Press(hDialog, IDOK); });
+    EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
+    EXPECT_EQ(sSentence, "Please select a report.");
+}
+
+TEST_F(QMReportDialogTest, CanBeMadeAnySize)
+{
+    Run([&](HWND hDialog) {
+        RECT before = {};
+        GetWindowRect(m_dialog.GetView().GetHandle(), &before);
+        SetWindowPos(hDialog, nullptr, 0, 0, 700, 500, SWP_NOMOVE | SWP_NOZORDER);
+        const VRect client = m_dialog.GetClientRect();
+        const VRect view = m_dialog.GetView().GetWindowRect();
+        EXPECT_EQ(view.GetWidth(), client.right - 10);
+        EXPECT_EQ(view.GetHeight(), client.bottom - 80);
+        for (const int nSize : {300, 100, 10, 0}) {
+            SetWindowPos(hDialog, nullptr, 0, 0, nSize, nSize, SWP_NOMOVE | SWP_NOZORDER);
+            Click(hDialog, IDC_REPORT_RUN);
+            EXPECT_GT(Height(), 0);
+        }
+    });
+}
+
+TEST_F(QMReportDialogTest, OffersTheYearsOfTheAccount)
+{
+    Add(QM_TRANS_CHECK, "2/9/1752", 10);
+    Add(QM_TRANS_CHECK, "2/9/3000", 10);
+    Run([&](HWND hDialog) {
+        const auto years = RowsOf(hDialog, IDC_REPORT_YEAR);
+        ASSERT_EQ(years.size(), 1249U);
+        EXPECT_EQ(years.front(), "1752");
+        EXPECT_EQ(years.back(), "3000");
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_YEAR), "3000");
+    });
+}
