@@ -6,6 +6,7 @@
 #include "qmktool/jsonwriter.h"
 #include "qmktool/toolaccount.h"
 #include "register/qmcolumntable.h"
+#include "register/qmperiod.h"
 
 namespace {
 
@@ -110,11 +111,10 @@ std::string ShownColumns(const QMAccountHeader& header)
 
 std::string Period(const QMAccountHeader& header)
 {
-    constexpr const char* aPeriods[] = {"All", "Previous Month", "Current Month", "Current Year",
-                                        "Date Range"};
     const uint32_t uPeriod = header.lDisplayPeriod;
-    std::string sPeriod =
-        uPeriod <= QM_ACCNT_DISPLAY_DATE_RANGE ? aPeriods[uPeriod] : std::to_string(uPeriod);
+    std::string sPeriod = uPeriod <= QM_ACCNT_DISPLAY_DATE_RANGE
+                              ? QMPeriodName(static_cast<int>(uPeriod))
+                              : std::to_string(uPeriod);
     if (uPeriod != QM_ACCNT_DISPLAY_ALL) {
         sPeriod += ", " + DateText(header.dtPeriodFrom) + " to " + DateText(header.dtPeriodTo);
     }

@@ -1,6 +1,7 @@
 #include "register/qmgridlist.h"
 
 #include "resources/resource.h"
+#include "toolkit/vrect_win.h"
 
 namespace {
 
@@ -9,8 +10,8 @@ constexpr COLORREF crShade = 0xEBEBEB;
 
 // Raster operations for the marks, which are dark strokes on white. SRCAND lets a plain row show
 // through the white. On a selected row MERGEPAINT does that and makes the strokes light.
-constexpr DWORD uRopPlain = 0x8800C6;
-constexpr DWORD uRopSelected = 0xBB0226;
+constexpr DWORD uRopPlain = SRCAND;
+constexpr DWORD uRopSelected = MERGEPAINT;
 
 // When only the selection or the focus of a row changes, the list of Wine 8 does not paint this
 // many pixels at the row's left end.
@@ -246,12 +247,8 @@ QMGridList::Cell QMGridList::GetCell(int nRow, int nColumn) const
     rect.left = LVIR_BOUNDS;
     rect.top = nColumn;
     Send(LVM_GETSUBITEMRECT, static_cast<WPARAM>(nRow), reinterpret_cast<LPARAM>(&rect));
-    Cell cell = {nRow,
-                 nColumn,
-                 {rect.left, rect.top, rect.right, rect.bottom},
-                 GetClientRect(),
-                 false,
-                 nRow == GetItemCount() - 1};
+    Cell cell = {
+        nRow, nColumn, VFromRect(rect), GetClientRect(), false, nRow == GetItemCount() - 1};
     // LVIR_BOUNDS of the first column gives the rectangle of the whole row.
     cell.rect.right = cell.rect.left + GetColumnWidth(nColumn);
     cell.bTopRow = nRow == static_cast<int>(Send(LVM_GETTOPINDEX));

@@ -158,8 +158,9 @@ bool QMRegisterOperations::EditSelection()
     const int32_t lCount = m_rows.GetSelectedCount();
     const Entries pEntries = MakeArray<QMTransaction>(lCount);
     const Positions pPositions = MakeArray<uintptr_t>(lCount);
-    const Positions pChanged = MakeArray<uintptr_t>(lCount);
-    if (pEntries == nullptr || pPositions == nullptr || pChanged == nullptr ||
+    // The dialog's second value means nothing here.
+    const Positions pZeros = MakeArray<uintptr_t>(lCount);
+    if (pEntries == nullptr || pPositions == nullptr || pZeros == nullptr ||
         !CollectSelection(lCount, pEntries.get(), pPositions.get())) {
         return false;
     }
@@ -168,7 +169,7 @@ bool QMRegisterOperations::EditSelection()
     args.nCount = lCount;
     args.pTransactions = pEntries.get();
     args.pUserA = pPositions.get();
-    args.pUserB = pChanged.get();
+    args.pUserB = pZeros.get();
     FillEditLists(args);
     const QMDialogEnd end = m_view.RunTransactionDialog(args);
     if (end == QMDialogEnd::OK) {

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr DWORD uChildStyle = 0x50CF0000;
+constexpr DWORD uChildStyle = WS_CHILD | WS_VISIBLE | WS_OVERLAPPEDWINDOW;
 constexpr char szExtension[] = "qmk";
 
 VString LongName(const VString& sName)

@@ -1,13 +1,6 @@
 #include "toolkit/vdrawingsurface.h"
 
-namespace {
-
-RECT ToPlatform(const VRect& rect)
-{
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-} // namespace
+#include "toolkit/vrect_win.h"
 
 VDrawingSurface::~VDrawingSurface()
 {
@@ -53,9 +46,9 @@ SIZE VDrawingSurface::TextExtent(const char* szText, int nLength) const
 
 int VDrawingSurface::DrawText(const char* szText, VRect& rect, UINT uFlags, int nLength)
 {
-    RECT area = ToPlatform(rect);
+    RECT area = VToRect(rect);
     const int nHeight = ::DrawTextA(m_hDC, szText, nLength, &area, uFlags);
-    rect = {area.left, area.top, area.right, area.bottom};
+    rect = VFromRect(area);
     return nHeight;
 }
 
@@ -81,7 +74,7 @@ void VDrawingSurface::DrawEdges(const VRect& rect, uint32_t uMask)
 
 void VDrawingSurface::FillRect(const VRect& rect, HBRUSH hBrush)
 {
-    const RECT area = ToPlatform(rect);
+    const RECT area = VToRect(rect);
     ::FillRect(m_hDC, &area, hBrush);
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "toolkit/vrect_win.h"
+
 VString VHeader::GetItemText(int nItem) const
 {
     char szText[256] = "";
@@ -17,7 +19,7 @@ VRect VHeader::GetItemRect(int nItem) const
 {
     RECT rect = {};
     Send(HDM_GETITEMRECT, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(&rect));
-    return {rect.left, rect.top, rect.right, rect.bottom};
+    return VFromRect(rect);
 }
 
 LRESULT VListControl::OnReflectNotify(NMHDR* pHeader, LRESULT& lResult)
@@ -79,7 +81,7 @@ VRect VListControl::GetHeadingRect(int nColumn) const
         SendMessageA(hHeader, HDM_GETITEMRECT, static_cast<WPARAM>(nColumn),
                      reinterpret_cast<LPARAM>(&rect));
     }
-    return {rect.left, rect.top, rect.right, rect.bottom};
+    return VFromRect(rect);
 }
 
 void VListControl::AutoSizeColumns(int nFirst, int nLast, char* szBuffer, int nBufferSize)

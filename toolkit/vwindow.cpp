@@ -5,17 +5,13 @@
 #include "base/vtext.h"
 #include "toolkit/vapplication.h"
 #include "toolkit/vdrawingsurface.h"
+#include "toolkit/vrect_win.h"
 #include "toolkit/vwindowkind.h"
 #include "toolkit/vwindowlist.h"
 
 namespace {
 
 VWindow* g_pMainWindow = nullptr;
-
-VRect ToRect(const RECT& rect)
-{
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
 
 BOOL CALLBACK EnableChild(HWND hChild, LPARAM lEnable)
 {
@@ -379,14 +375,14 @@ VRect VWindow::GetClientRect() const
 {
     RECT rect = {};
     ::GetClientRect(m_hWnd, &rect);
-    return ToRect(rect);
+    return VFromRect(rect);
 }
 
 VRect VWindow::GetWindowRect() const
 {
     RECT rect = {};
     ::GetWindowRect(m_hWnd, &rect);
-    return ToRect(rect);
+    return VFromRect(rect);
 }
 
 VString VWindow::WindowText(HWND hWnd)
