@@ -1,5 +1,6 @@
 #include "qmktool/tooloptions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
@@ -202,13 +203,13 @@ private:
             {"--profile", &ToolOptions::szProfile},   {"--pdf", &ToolOptions::szPdf},
             {"--paper", &ToolOptions::szPaper},
         };
-        for (const auto& text : aTexts) {
-            if (text.name == name) {
-                m_options.*text.pMember = szValue;
-                return true;
-            }
+        const auto* const pFound =
+            std::ranges::find(aTexts, name, [](const auto& text) { return text.name; });
+        if (pFound == std::end(aTexts)) {
+            return false;
         }
-        return false;
+        m_options.*pFound->pMember = szValue;
+        return true;
     }
 
     bool CheckWhole()

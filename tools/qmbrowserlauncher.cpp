@@ -72,7 +72,7 @@ VString ProgramForExtension(const char* szExtension)
     if (!ReadClassDefault(szExtension, sType)) {
         return {};
     }
-    sType.Append("\\shell\\open\\command");
+    sType.Append(R"(\shell\open\command)");
     if (!ReadClassDefault(sType.GetText(), sCommand)) {
         return {};
     }
