@@ -243,8 +243,34 @@ bool QMTransactionDialog::Accept()
     const char* szFault = m_entry->Accept(ReadFields());
     if (szFault != nullptr) {
         MessageBox(GetHandle(), szFault, MB_OK | MB_ICONINFORMATION);
+        FocusFault();
     }
     return szFault == nullptr;
+}
+
+// Puts the focus on the field that the sentence was about, with its text selected.
+void QMTransactionDialog::FocusFault()
+{
+    // In the order in which sentences are chosen; a check number can be wrong in a check alone.
+    constexpr struct
+    {
+        uint32_t uFaults;
+        int nControl;
+    } aFields[] = {
+        {QM_FAULT_NUMBER, IDC_TX_NUMBER},
+        {QM_FAULT_MONTH | QM_FAULT_DAY | QM_FAULT_YEAR, IDC_TX_DATE},
+        {QM_FAULT_DESCRIPTION, IDC_TX_DESCRIPTION},
+        {QM_FAULT_AMOUNT, IDC_TX_AMOUNT},
+        {QM_FAULT_MEMO, IDC_TX_MEMO},
+    };
+    for (const auto& field : aFields) {
+        if ((m_entry->GetFaults() & field.uFaults) != 0) {
+            if (IsWindowEnabled(GetItem(field.nControl))) {
+                FocusItem(field.nControl);
+            }
+            return;
+        }
+    }
 }
 
 LRESULT QMTransactionDialog::OnNotify(UINT uId, NMHDR* pHeader)

@@ -52,6 +52,7 @@ private:
 
     // Returns false, after a message, when the fields make no valid entry.
     bool Accept();
+    void FocusFault();
     QMEntryFields ReadFields();
     QMEntryBoxes ReadBoxes() const;
     void ShowFields(const QMEntryFields& fields, bool bWithDates);

@@ -202,7 +202,8 @@ void QMTransactionEntry::Read(const QMEntryFields& fields)
 const char* QMTransactionEntry::Accept(const QMEntryFields& fields)
 {
     Read(fields);
-    const char* szFault = QMFaultSentence(m_current.Validate());
+    m_uFaults = m_current.Validate();
+    const char* szFault = QMFaultSentence(m_uFaults);
     if (szFault == nullptr) {
         m_args.pTransactions[m_nIndex].CopyFrom(m_current);
     }

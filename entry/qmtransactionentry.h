@@ -101,6 +101,9 @@ public:
     // Returns null, or the sentence that says what is wrong.
     const char* Accept(const QMEntryFields& fields);
 
+    // The QM_FAULT_ bits of the entry that Accept read last.
+    uint32_t GetFaults() const { return m_uFaults; }
+
     // Calls the caller's function with the entry on show, if there is a function. Returns false
     // when it refused.
     bool Commit();
@@ -124,6 +127,7 @@ private:
 
     QMTransactionDialogArgs& m_args;
     QMTransaction m_current;
+    uint32_t m_uFaults = 0;
     int32_t m_nIndex = 0;
     // The boxes as last shown. The one that differs now is the one that the user has pressed.
     QMEntryBoxes m_states;

@@ -82,6 +82,25 @@ void QMGridList::SetBalanceColors(COLORREF crPositive, COLORREF crNegative)
     m_clrRowBit2 = crNegative;
 }
 
+void QMGridList::SetSystemColors(bool bSystemColors)
+{
+    m_bSystemColors = bSystemColors;
+    Invalidate(true);
+}
+
+bool QMGridList::IsShaded() const
+{
+    return (m_nGridFlags & QM_GRID_SHADED) != 0 && !m_bSystemColors;
+}
+
+COLORREF QMGridList::BalanceColor(bool bPositive) const
+{
+    if (m_bSystemColors) {
+        return GetSysColor(COLOR_WINDOWTEXT);
+    }
+    return bPositive ? m_clrRowBit1 : m_clrRowBit2;
+}
+
 void QMGridList::SetPaintedColumns(int nBalance, int nTag, int nCleared)
 {
     m_nTextColumn = nBalance;
@@ -161,7 +180,7 @@ void QMGridList::DrawEmptyArea(VDrawingSurface& surface)
     if (nRowHeight <= 0) {
         return;
     }
-    if ((m_nGridFlags & QM_GRID_SHADED) != 0) {
+    if (IsShaded()) {
         DrawShading(surface, heading.bottom, heading.bottom + nRowHeight, nRowHeight);
     }
     const VSelectScope pen(surface, m_linePen.GetHandle());
@@ -213,12 +232,12 @@ LRESULT QMGridList::BeforeCell(NMLVCUSTOMDRAW& draw)
     const uint32_t uDecoration = GetRowDecoration(nRow);
     if (m_nTextColumn >= 0 && (uDecoration & (QM_DECOR_POSITIVE | QM_DECOR_NEGATIVE)) != 0) {
         if (draw.iSubItem == m_nTextColumn) {
-            draw.clrText = (uDecoration & QM_DECOR_POSITIVE) != 0 ? m_clrRowBit1 : m_clrRowBit2;
+            draw.clrText = BalanceColor((uDecoration & QM_DECOR_POSITIVE) != 0);
         } else if (draw.iSubItem == m_nTextColumn + 1) {
             draw.clrText = static_cast<COLORREF>(Send(LVM_GETTEXTCOLOR));
         }
     }
-    if ((m_nGridFlags & QM_GRID_SHADED) != 0 && IsOdd(nRow)) {
+    if (IsShaded() && IsOdd(nRow)) {
         draw.clrTextBk = crShade;
     }
     FillCell(draw, nRow);
@@ -236,7 +255,7 @@ void QMGridList::FillCell(const NMLVCUSTOMDRAW& draw, int nRow)
     if (GetItemState(nRow, LVIS_SELECTED) != 0) {
         const bool bFocused = ::GetFocus() == GetHandle();
         surface.FillRect(rect, GetSysColorBrush(bFocused ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
-    } else if ((m_nGridFlags & QM_GRID_SHADED) != 0 && IsOdd(nRow)) {
+    } else if (IsShaded() && IsOdd(nRow)) {
         surface.FillRect(rect, m_shadeBrush.GetHandle());
     }
 }
@@ -263,7 +282,7 @@ void QMGridList::AfterCell(NMLVCUSTOMDRAW& draw)
     if (const VBitmap* pMark = FindMark(cell.nColumn, GetRowDecoration(cell.nRow))) {
         DrawMark(surface, cell, *pMark);
     }
-    if ((m_nGridFlags & QM_GRID_SHADED) != 0 && cell.bLastRow && cell.nColumn == 0) {
+    if (IsShaded() && cell.bLastRow && cell.nColumn == 0) {
         const int nRowHeight = cell.rect.GetHeight();
         const int nFirst = cell.rect.bottom + (IsOdd(cell.nRow) ? nRowHeight : 0);
         DrawShading(surface, cell.rect.bottom, nFirst, nRowHeight);

@@ -30,6 +30,9 @@ public:
     void SetLineFlag(uint32_t uBit, bool bOn);
     uint32_t GetLineFlags() const { return m_nGridFlags; }
     void SetBalanceColors(COLORREF crPositive, COLORREF crNegative);
+    // Paints balances in the system's own colour of text, and shades no row, as long as it is set:
+    // for users who need high contrast.
+    void SetSystemColors(bool bSystemColors);
 
     // Sets the list indices of the columns that are painted in a special way; -1 for one that the
     // list does not have.
@@ -51,6 +54,8 @@ private:
     void DrawShading(VDrawingSurface& surface, int nTop, int nFirstStrip, int nRowHeight);
     void DrawHorizontals(VDrawingSurface& surface, int nFrom, int nRowHeight);
     void DrawEmptyVerticals(VDrawingSurface& surface);
+    bool IsShaded() const;
+    COLORREF BalanceColor(bool bPositive) const;
     LRESULT BeforeCell(NMLVCUSTOMDRAW& draw);
     void FillCell(const NMLVCUSTOMDRAW& draw, int nRow);
     void AfterCell(NMLVCUSTOMDRAW& draw);
@@ -61,6 +66,7 @@ private:
     int m_nTextColumn = -1;
     int m_nImageColumnA = -1; // tag
     int m_nImageColumnB = -1; // cleared
+    bool m_bSystemColors = false;
     COLORREF m_clrRowBit1 = 0x85AD4B;
     COLORREF m_clrRowBit2 = 0x2842C9;
     uint32_t m_nGridFlags = QM_GRID_SHADED | QM_GRID_VERTICAL;

@@ -30,6 +30,16 @@ private:
     VMDIFrameWindow& m_frame;
 };
 
+// Whether the user has asked for high contrast: then the account's colours may not be readable on
+// the system's ground.
+bool IsHighContrast()
+{
+    HIGHCONTRASTA contrast = {};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0 &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 bool IsSameFont(const LOGFONTA& a, const LOGFONTA& b)
 {
     return a.lfHeight == b.lfHeight && a.lfWeight == b.lfWeight && a.lfItalic == b.lfItalic &&
@@ -116,6 +126,8 @@ bool QMRegisterWindow::OnCreate()
     if (!m_list.CreateList(*this, uListId)) {
         return false;
     }
+    // The name of the list for those who hear the window.
+    m_list.SetText("Transactions");
     ShowFont(m_document.GetAccount()->header.lFontColor);
     m_list.Send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(CLR_NONE));
     m_bReady = m_model.ShowAll();
@@ -125,7 +137,16 @@ bool QMRegisterWindow::OnCreate()
 void QMRegisterWindow::ShowFont(COLORREF crText)
 {
     m_list.Send(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetHandle()), TRUE);
-    m_list.Send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(crText));
+    const bool bHighContrast = IsHighContrast();
+    m_list.SetSystemColors(bHighContrast);
+    m_list.Send(LVM_SETTEXTCOLOR, 0,
+                static_cast<LPARAM>(bHighContrast ? GetSysColor(COLOR_WINDOWTEXT) : crText));
+}
+
+void QMRegisterWindow::FollowSystemColors()
+{
+    m_list.Send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    ShowFont(GetFontColor());
 }
 
 LOGFONTA QMRegisterWindow::GetFont() const

@@ -56,6 +56,9 @@ public:
     // and painted where that changes what they show.
     void SetOptions(const QMRegisterOptions& options);
 
+    // Takes over the system's colours after they changed.
+    void FollowSystemColors();
+
     // The register's font, and the colour of its text.
     LOGFONTA GetFont() const;
     COLORREF GetFontColor() const { return GetHeader().lFontColor; }

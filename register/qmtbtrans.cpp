@@ -54,7 +54,9 @@ bool QMTBTrans::MakeControls()
     constexpr DWORD uListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
     constexpr DWORD uPickerStyle =
         WS_CHILD | WS_VISIBLE | WS_TABSTOP | DTS_SHORTDATECENTURYFORMAT | DTS_RIGHTALIGN;
+    // The name of the list for those who hear the window: not seen, and right before it.
     const bool bMade =
+        MakeLabel("Period:", IDC_TB_PERIODLABEL, {}, 0) &&
         m_list.Create(GetHandle(), listPlace, uListStyle, WC_COMBOBOXA, "", IDC_TB_PERIOD) &&
         MakeLabel("From:", IDC_TB_FROMLABEL, fromLabelPlace) &&
         m_from.Create(GetHandle(), fromPlace, uPickerStyle, DATETIMEPICK_CLASSA, "", IDC_TB_FROM) &&
@@ -66,10 +68,10 @@ bool QMTBTrans::MakeControls()
     return bMade;
 }
 
-bool QMTBTrans::MakeLabel(const char* szText, UINT uId, const VRect& rect)
+bool QMTBTrans::MakeLabel(const char* szText, UINT uId, const VRect& rect, DWORD uStyle)
 {
     HWND hLabel =
-        CreateWindowExA(0, WC_STATICA, szText, WS_CHILD | WS_VISIBLE | SS_RIGHT | SS_CENTERIMAGE,
+        CreateWindowExA(0, WC_STATICA, szText, WS_CHILD | uStyle | SS_RIGHT | SS_CENTERIMAGE,
                         rect.left, rect.top, rect.GetWidth(), rect.GetHeight(), GetHandle(),
                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(uId)), nullptr, nullptr);
     SetGuiFont(hLabel);

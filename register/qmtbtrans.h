@@ -29,6 +29,10 @@ public:
     // period.
     void UpdateDateControls();
 
+    // The list of periods: whether it has dropped down, and the focus to it.
+    bool IsListOpen() const { return m_list.Send(CB_GETDROPPEDSTATE) != 0; }
+    void FocusList() { m_list.SetFocus(); }
+
     // Moves the focus within the bar for the Tab key. The frame is no dialog, so Windows does not.
     bool PreTranslate(MSG& message) override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
@@ -37,7 +41,7 @@ public:
 
 private:
     bool MakeControls();
-    bool MakeLabel(const char* szText, UINT uId, const VRect& rect);
+    bool MakeLabel(const char* szText, UINT uId, const VRect& rect, DWORD uStyle = WS_VISIBLE);
     void TakePeriod();
     void TellOwner(UINT uId);
 

@@ -243,8 +243,33 @@ bool QMMainFrame::PreTranslate(MSG& message)
     if (m_calculator.IsActive()) {
         return false;
     }
-    return (m_pPeriodBar != nullptr && m_pPeriodBar->PreTranslate(message)) ||
+    return MoveToOrFromBar(message) ||
+           (m_pPeriodBar != nullptr && m_pPeriodBar->PreTranslate(message)) ||
            VMDIFrameWindow::PreTranslate(message);
+}
+
+// F6 moves the focus between the register and the Transactions Bar, Esc from the bar to the
+// register.
+bool QMMainFrame::MoveToOrFromBar(const MSG& message)
+{
+    QMRegisterWindow* pActive = GetActiveRegister();
+    const bool bKey =
+        message.message == WM_KEYDOWN && (message.wParam == VK_F6 || message.wParam == VK_ESCAPE);
+    if (!bKey || pActive == nullptr || m_pPeriodBar == nullptr ||
+        !IsBarVisible(IDC_TRANSACTIONSBAR) || GetKeyState(VK_CONTROL) < 0 ||
+        GetKeyState(VK_MENU) < 0) {
+        return false;
+    }
+    const bool bInBar = IsChild(m_pPeriodBar->GetHandle(), message.hwnd) != FALSE;
+    if (bInBar && !m_pPeriodBar->IsListOpen()) {
+        pActive->SetFocus();
+        return true;
+    }
+    if (!bInBar && message.wParam == VK_F6) {
+        m_pPeriodBar->FocusList();
+        return true;
+    }
+    return false;
 }
 
 LRESULT QMMainFrame::OnSize(UINT uType, int nWidth, int nHeight)
@@ -277,6 +302,11 @@ LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
     if (uMessage == QM_ORDERS_MESSAGE) {
         RunOrders();
         return 0;
+    }
+    if (uMessage == WM_SYSCOLORCHANGE || uMessage == WM_SETTINGCHANGE) {
+        for (QMRegisterWindow* pDocument : m_apChildren) {
+            pDocument->FollowSystemColors();
+        }
     }
     if (uMessage == WM_MOVE && !IsIconic(hWnd) && !IsZoomed(hWnd)) {
         NotePlace(false);

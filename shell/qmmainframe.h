@@ -147,6 +147,8 @@ private:
     void RunOrders();
     void ShowTooltip(NMTTDISPINFOA& info);
 
+    bool MoveToOrFromBar(const MSG& message);
+
     // ---- Commands.
 
     void RunCommand(const QMCommand& command, UINT uId);

@@ -15,7 +15,10 @@ protected:
     }
 };
 
-const std::vector<UINT> alwaysEnabled = {IDM_FILE_NEW, IDM_FILE_EXIT};
+const std::vector<UINT> alwaysEnabled = {
+    IDM_FILE_NEW,      IDM_FILE_EXIT,           IDM_TOOLS_CALCULATOR,
+    IDM_TOOLS_OPTIONS, IDM_HELP_GETTINGSTARTED, IDM_HELP_CONTENTS,
+    IDM_HELP_INDEX,    IDM_HELP_ABOUT};
 // Of no use without a document.
 const std::vector<UINT> forDocuments = {IDM_FILE_CLOSE,
                                         IDM_FILE_CLOSEALL,
@@ -54,8 +57,9 @@ const std::vector<UINT> forDocuments = {IDM_FILE_CLOSE,
                                         IDM_WINDOW_CASCADE,
                                         IDM_WINDOW_TILEHORIZONTAL,
                                         IDM_WINDOW_TILEVERTICAL};
-const std::vector<UINT> withDocument = {IDM_FILE_CLOSE, IDM_FILE_CLOSEALL, IDM_WINDOW_CASCADE,
-                                        IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL};
+const std::vector<UINT> withDocument = {
+    IDM_FILE_ACCOUNTINFO, IDM_TOOLS_BANKWEBPAGE,     IDM_FILE_CLOSE,         IDM_FILE_CLOSEALL,
+    IDM_WINDOW_CASCADE,   IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL};
 const std::vector<UINT> forTwo = {IDM_WINDOW_NEXT, IDM_WINDOW_PREVIOUS};
 
 TEST_F(MenusTest, WithoutADocument)

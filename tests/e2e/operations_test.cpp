@@ -371,6 +371,10 @@ constexpr Gate aGates[] = {
      nullptr, false},
     {IDM_FILE_PASSWORD, IDM_FILE_PASSWORD,
      "Cannot set password...\nNo document window is selected.", nullptr, false},
+    {IDM_FILE_ACCOUNTINFO, IDM_FILE_ACCOUNTINFO,
+     "Cannot set account information...\nNo document window is selected.", nullptr, false},
+    {IDM_TOOLS_BANKWEBPAGE, IDM_TOOLS_BANKWEBPAGE,
+     "Cannot launch browser...\nNo document window is selected.", nullptr, false},
 };
 
 TEST_F(OperationsTest, WithoutADocumentEachCommandSaysSo)

@@ -45,6 +45,10 @@ bool HasTextBeside(int32_t lKind)
 bool FitsText(HWND hControl)
 {
     const int32_t lKind = VWindow::KindOfWindow(hControl);
+    const LONG_PTR lStyle = GetWindowLongPtrA(hControl, GWL_STYLE);
+    if (lKind == V_KIND_BUTTON && (lStyle & (BS_ICON | BS_BITMAP)) != 0) {
+        return true; // shows a picture
+    }
     if (lKind != V_KIND_STATIC && lKind != V_KIND_BUTTON && !HasTextBeside(lKind)) {
         return true;
     }

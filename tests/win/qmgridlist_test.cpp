@@ -180,6 +180,18 @@ TEST_F(QMGridListTest, ShadingGoesOnBelowTheLastRow)
     }
 }
 
+// Under high contrast the ground may be black: no shading of ours, no colour of ours.
+TEST_F(QMGridListTest, InTheSystemsColorsAllIsPlain)
+{
+    AddRows({0, 0, 0});
+    m_list.SetSystemColors(true);
+    const Picture page(m_list);
+    EXPECT_FALSE(page.HasAny({0, 0, page.GetWidth(), page.GetHeight()}, crShade));
+    m_list.SetSystemColors(false);
+    const Picture again(m_list);
+    EXPECT_TRUE(again.HasAny({0, 0, again.GetWidth(), again.GetHeight()}, crShade));
+}
+
 TEST_F(QMGridListTest, WithoutShadingAllIsPlain)
 {
     AddRows({0, 0, 0});

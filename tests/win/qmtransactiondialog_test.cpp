@@ -95,10 +95,20 @@ TEST(QMTransactionDialog, HasItsControlsInTabOrder)
                                             "2 &Cancel",
                                             "1 &OK",
                                             "1900 Add",
-                                            "1903 ",
-                                            "1901 ",
-                                            "1902 ",
-                                            "1904 "}));
+                                            "1903 First",
+                                            "1901 Previous",
+                                            "1902 Next",
+                                            "1904 Last"}));
+    });
+}
+
+TEST(QMTransactionDialog, NamesEveryControl)
+{
+    InAddDialog([](HWND hDialog) {
+        EXPECT_EQ(NamelessControls(hDialog), Texts());
+        EXPECT_EQ(NameOfControl(GetDlgItem(hDialog, IDC_TX_AMOUNT)), "Amount:");
+        EXPECT_EQ(NameOfControl(GetDlgItem(hDialog, IDC_TX_DATECLEARED)), "Date Cleared:");
+        EXPECT_EQ(NameOfControl(GetDlgItem(hDialog, IDC_TX_FIRST)), "First");
     });
 }
 
@@ -311,7 +321,12 @@ TEST(QMTransactionDialog, AnEmptyEntryIsRefusedForItsAmount)
     ModalDriver driver;
     driver.Next([](HWND hDialog) { Press(hDialog, IDOK); });
     driver.Next(AnswerBox(IDOK, &sSentence));
-    driver.Again([](HWND hDialog) { Press(hDialog, IDCANCEL); });
+    driver.Again([](HWND hDialog) {
+        EXPECT_EQ(FocusedId(hDialog), IDC_TX_AMOUNT);
+        EXPECT_EQ(SendDlgItemMessageA(hDialog, IDC_TX_AMOUNT, EM_GETSEL, 0, 0), MAKELRESULT(0, 4))
+            << "all of it is selected";
+        Press(hDialog, IDCANCEL);
+    });
     EXPECT_EQ(RunEntryDialog(args), IDCANCEL);
     EXPECT_EQ(sSentence, "An invalid amount was entered.");
 }

@@ -1,0 +1,138 @@
+// Each command of the menu once: with a document, without one, with a read-only one, with nothing
+// selected. What comes up is answered, and the program must be there and idle afterwards.
+
+#include <algorithm>
+
+#include "tests/e2e/work_test.h"
+
+namespace {
+
+// Those that end or replace what the story is about have tests of their own.
+const std::vector<UINT> g_leftOut = {
+    IDM_FILE_EXIT,
+    IDM_FILE_CLOSE,
+    IDM_FILE_CLOSEALL,
+    // These belong to the viewer of help of the machine.
+    IDM_HELP_GETTINGSTARTED,
+    IDM_HELP_CONTENTS,
+    IDM_HELP_INDEX,
+    // And this to its browser.
+    IDM_TOOLS_BANKWEBPAGE,
+};
+
+class MenuStoryTest : public WorkTest
+{
+protected:
+    // The commands that the table of this test program knows by their numbers and that the menu
+    // has.
+    std::vector<UINT> CommandsOfTheMenu() const
+    {
+        std::vector<UINT> commands;
+        const auto AddRange = [&](UINT uFirst, UINT uLast) {
+            for (UINT uId = uFirst; uId <= uLast; ++uId) {
+                if (m_program.GetMenuItem(uId) != MenuItem::Missing &&
+                    std::find(g_leftOut.begin(), g_leftOut.end(), uId) == g_leftOut.end()) {
+                    commands.push_back(uId);
+                }
+            }
+        };
+        AddRange(100, 699);
+        AddRange(57600, 57699);
+        AddRange(59392, 59392);
+        return commands;
+    }
+
+    // The foremost window that waits for the user, other than the frame; null for none.
+    HWND FindPrompt() const
+    {
+        struct Search
+        {
+            DWORD uProcess;
+            HWND hFound;
+        } search = {m_program.GetId(), nullptr};
+        EnumWindows(
+            [](HWND hWnd, LPARAM lSearch) -> BOOL {
+                auto& found = *reinterpret_cast<Search*>(lSearch);
+                DWORD uProcess = 0;
+                char szClass[16] = "";
+                GetWindowThreadProcessId(hWnd, &uProcess);
+                GetClassNameA(hWnd, szClass, sizeof szClass);
+                const bool bPrompt = uProcess == found.uProcess && IsWindowVisible(hWnd) &&
+                                     IsWindowEnabled(hWnd) && std::string(szClass) == "#32770";
+                found.hFound = bPrompt ? hWnd : nullptr;
+                return !bPrompt;
+            },
+            reinterpret_cast<LPARAM>(&search));
+        return search.hFound;
+    }
+
+    // Cancels what a command brought up, one window after the other, until the frame is free.
+    void CancelAll() const
+    {
+        Await("the frame to be free again", [this] {
+            HWND hPrompt = FindPrompt();
+            if (hPrompt != nullptr) {
+                // A question without Cancel cannot be closed, only answered.
+                const bool bQuestion = GetDlgItem(hPrompt, IDNO) != nullptr;
+                PostMessageA(hPrompt, bQuestion ? WM_COMMAND : WM_CLOSE, bQuestion ? IDNO : 0, 0);
+                return false;
+            }
+            return IsWindowEnabled(m_program.GetFrame()) != FALSE;
+        });
+    }
+
+    void TellStory()
+    {
+        const std::vector<UINT> commands = CommandsOfTheMenu();
+        EXPECT_GT(commands.size(), 40U);
+        for (const UINT uId : commands) {
+            SCOPED_TRACE(uId);
+            const size_t uBefore = m_program.GetDocuments().size();
+            m_program.Post(uId);
+            m_program.Settle();
+            CancelAll();
+            ASSERT_TRUE(m_program.IsRunning());
+            if (uId == IDM_FILE_NEW) {
+                m_program.AwaitDocuments(uBefore + 1);
+                m_program.Post(IDM_FILE_CLOSE);
+                m_program.AwaitDocuments(uBefore);
+            }
+            EXPECT_EQ(m_program.GetDocuments().size(), uBefore);
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(MenuStoryTest, WithoutADocument)
+{
+    m_program.Open();
+    TellStory();
+    EXPECT_EQ(m_program.Close(), 0U);
+}
+
+TEST_F(MenuStoryTest, WithADocument)
+{
+    OpenAccount(CopySample());
+    TellStory();
+    EXPECT_EQ(ActiveList().GetRowCount(), 447) << "nothing was confirmed";
+}
+
+TEST_F(MenuStoryTest, WithNothingSelected)
+{
+    OpenAccount(CopySample());
+    Select({});
+    TellStory();
+    EXPECT_EQ(ActiveList().GetRowCount(), 447);
+}
+
+TEST_F(MenuStoryTest, WithAReadOnlyDocument)
+{
+    const std::string sPath =
+        MakeAccount("kept.qmk", 20, [](QMAccount& account) { account.header.bReadOnly = 1; });
+    const std::string sBytes = ReadWholeFile(sPath);
+    OpenAccount(sPath);
+    TellStory();
+    EXPECT_EQ(m_program.Close(), 0U) << "nothing to save";
+    EXPECT_EQ(ReadWholeFile(sPath), sBytes);
+}
