@@ -3,6 +3,7 @@
 
 #include "base/vstring.h"
 #include "exchange/qmexchangeformat.h"
+#include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 #include "exchange/qmtokenizer.h"
 
@@ -24,7 +25,8 @@ public:
     bool Export(const char* szPath, QMTransactionStore& store) override;
 
     // Writes to a sink. Returns false when the sink refused anything.
-    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store);
+    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store,
+                        QMProgress* pProgress = nullptr);
 
 private:
     void ParseHeader(char* szText);

@@ -41,13 +41,16 @@ bool QMCsvFormat::Export(const char* szPath, QMTransactionStore& store)
     return QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { WriteTo(sink, store); });
 }
 
-bool QMCsvFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store)
+bool QMCsvFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store, QMProgress* pProgress)
 {
     QMTextWriter writer(sink);
     writer.Add("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense\n");
-    QMWriteTransactions(store, [&](const QMTransaction& transaction) {
-        WriteRow(writer, transaction);
-        return true;
-    });
-    return writer.Finish();
+    const bool bAll = QMWriteTransactions(
+        store,
+        [&](const QMTransaction& transaction) {
+            WriteRow(writer, transaction);
+            return true;
+        },
+        pProgress);
+    return writer.Finish() && bAll;
 }

@@ -1,5 +1,6 @@
 #include "exchange/qmexchange.h"
 
+#include <cstdio>
 #include <cstring>
 
 #include "base/vtext.h"
@@ -42,6 +43,57 @@ bool Import(QMExchangeKind kind, T&& from, QMTransactionStore& store)
     }
 }
 
+// Passes on what a progress is told, and notes that it gave up.
+class StoppableProgress : public QMProgress
+{
+public:
+    StoppableProgress(QMProgress* pProgress, bool& bGivenUp)
+        : m_pProgress(pProgress), m_bGivenUp(bGivenUp)
+    {}
+    bool OnStep(uint64_t uDone, uint64_t uTotal) override
+    {
+        m_bGivenUp = m_bGivenUp || !m_pProgress->OnStep(uDone, uTotal);
+        return !m_bGivenUp;
+    }
+
+private:
+    QMProgress* m_pProgress;
+    bool& m_bGivenUp;
+};
+
+// Tells a progress of each piece that is read. Once the progress gives up, nothing more is read.
+class WatchedSource : public QMByteSource
+{
+public:
+    WatchedSource(FILE* pFile, QMProgress& progress)
+        : m_source(pFile), m_progress(progress), m_uTotal(SizeOf(pFile))
+    {}
+
+    int64_t GetSize() override { return m_source.GetSize(); }
+    int64_t ReadSome(void* pBuffer, size_t uSize) override
+    {
+        m_bGivenUp = m_bGivenUp || !m_progress.OnStep(m_uDone, m_uTotal);
+        const int64_t nRead = m_bGivenUp ? -1 : m_source.ReadSome(pBuffer, uSize);
+        m_uDone += nRead > 0 ? static_cast<uint64_t>(nRead) : 0;
+        return nRead;
+    }
+    bool IsGivenUp() const { return m_bGivenUp; }
+
+private:
+    static uint64_t SizeOf(FILE* pFile)
+    {
+        const long lSize = fseek(pFile, 0, SEEK_END) == 0 ? ftell(pFile) : 0;
+        rewind(pFile);
+        return lSize > 0 ? static_cast<uint64_t>(lSize) : 0;
+    }
+
+    QMStdioSource m_source;
+    QMProgress& m_progress;
+    uint64_t m_uTotal;
+    uint64_t m_uDone = 0;
+    bool m_bGivenUp = false;
+};
+
 } // namespace
 
 QMExchangeKind QMKindOfPath(const char* szPath)
@@ -57,9 +109,24 @@ QMExchangeKind QMKindOfPath(const char* szPath)
     return QMExchangeKind::None;
 }
 
-bool QMImportFile(const char* szPath, QMTransactionStore& store)
+bool QMImportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress)
 {
-    return Import(QMKindOfPath(szPath), szPath, store);
+    const QMExchangeKind kind = QMKindOfPath(szPath);
+    if (pProgress == nullptr) {
+        return Import(kind, szPath, store);
+    }
+    const QMStdioFile pFile = QMOpenForReading(szPath);
+    if (pFile == nullptr) {
+        return false;
+    }
+    WatchedSource source(pFile.get(), *pProgress);
+    QMTransactionStore imported;
+    // A text that ends early reads like a shorter text.
+    if (!Import(kind, source, imported) || source.IsGivenUp()) {
+        return false;
+    }
+    store.TakeFrom(imported);
+    return true;
 }
 
 bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store)
@@ -67,22 +134,30 @@ bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore&
     return Import(kind, source, store);
 }
 
-bool QMExportFile(const char* szPath, QMTransactionStore& store)
+bool QMExportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress)
 {
     const QMExchangeKind kind = QMKindOfPath(szPath);
-    return IsWritten(kind) &&
-           QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { QMExportTo(sink, kind, store); });
+    bool bGivenUp = false;
+    StoppableProgress watched(pProgress, bGivenUp);
+    const bool bMade = IsWritten(kind) && QMWriteExchangeFile(szPath, [&](QMByteSink& sink) {
+                           QMExportTo(sink, kind, store, pProgress == nullptr ? nullptr : &watched);
+                       });
+    if (bGivenUp) {
+        remove(szPath);
+    }
+    return bMade && !bGivenUp;
 }
 
-bool QMExportTo(QMByteSink& sink, QMExchangeKind kind, QMTransactionStore& store)
+bool QMExportTo(QMByteSink& sink, QMExchangeKind kind, QMTransactionStore& store,
+                QMProgress* pProgress)
 {
     switch (kind) {
         case QMExchangeKind::Qif:
-            return QMQifFormat::WriteTo(sink, store);
+            return QMQifFormat::WriteTo(sink, store, pProgress);
         case QMExchangeKind::Csv:
-            return QMCsvFormat::WriteTo(sink, store);
+            return QMCsvFormat::WriteTo(sink, store, pProgress);
         case QMExchangeKind::Xml:
-            return QMXmlFormat::WriteTo(sink, store);
+            return QMXmlFormat::WriteTo(sink, store, pProgress);
         default:
             return false;
     }

@@ -5,6 +5,7 @@
 
 #include "account/qmbytesource.h"
 #include "account/qmtransactionstore.h"
+#include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 
 enum class QMExchangeKind
@@ -21,7 +22,9 @@ QMExchangeKind QMKindOfPath(const char* szPath);
 
 // Replaces the contents of the store by the transactions of a file. Returns false, and leaves the
 // store as it is, for a kind that cannot be read, and when the format's Import returns false.
-bool QMImportFile(const char* szPath, QMTransactionStore& store);
+//
+// pProgress may be null; when it gives the work up, the result is false too.
+bool QMImportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress = nullptr);
 
 // Reads the bytes of a source instead of a file.
 bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store);
@@ -29,12 +32,16 @@ bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore&
 // Writes all transactions of the store. The store's cursor moves. Returns false, without making a
 // file, for a kind that cannot be written, and when the file cannot be created.
 //
-// Kept: when QMExportObstacle has a reason against the export, this never returns.
-bool QMExportFile(const char* szPath, QMTransactionStore& store);
+// When pProgress, which may be null, gives the work up, the file is removed and the result is
+// false.
+//
+// Kept: when QMExportObstacle has a reason against the export, this never returns by itself.
+bool QMExportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress = nullptr);
 
 // Writes to a sink instead of a file. Returns false for a kind that cannot be written, and when the
 // sink refused anything.
-bool QMExportTo(QMByteSink& sink, QMExchangeKind kind, QMTransactionStore& store);
+bool QMExportTo(QMByteSink& sink, QMExchangeKind kind, QMTransactionStore& store,
+                QMProgress* pProgress = nullptr);
 
 // Why a store must not be exported to that kind, as a phrase that ends a sentence; null when it may
 // be.

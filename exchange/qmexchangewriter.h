@@ -2,6 +2,7 @@
 #pragma once
 
 #include "account/qmtransactionstore.h"
+#include "exchange/qmprogress.h"
 #include "exchange/qmstdiofile.h"
 #include "exchange/qmtextwriter.h"
 
@@ -9,16 +10,22 @@
 // whether it has written the transaction. The store's cursor is on the last one afterwards.
 //
 // Kept: the loop ends only after the last transaction was written, and at the end of the store
-// there is no next one. So it never returns for an empty store, nor when write leaves out the last
-// transaction. The caller asks QMExportObstacle first.
+// there is no next one. So it never returns by itself for an empty store, nor when write leaves out
+// the last transaction. The caller asks QMExportObstacle first, or lets pProgress end it.
+//
+// Returns false when pProgress, which may be null, gave the work up.
 template <class F>
-void QMWriteTransactions(QMTransactionStore& store, F write)
+bool QMWriteTransactions(QMTransactionStore& store, F write, QMProgress* pProgress)
 {
+    const auto uTotal = static_cast<uint64_t>(store.GetCount());
     store.First();
-    for (;;) {
+    for (uint64_t uDone = 0;; uDone += uDone < uTotal ? 1 : 0) {
+        if (pProgress != nullptr && !pProgress->OnStep(uDone, uTotal)) {
+            return false;
+        }
         const QMTransaction* pCurrent = store.GetCurrentNode();
         if (pCurrent != nullptr && write(*pCurrent) && store.IsLast()) {
-            return;
+            return true;
         }
         store.Next();
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "exchange/qmexchangeformat.h"
+#include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 
 // Kept: writing and reading do not give the same back. Voided transactions, the tags and the date
@@ -19,7 +20,8 @@ public:
     bool Export(const char* szPath, QMTransactionStore& store) override;
 
     // Writes to a sink. Returns false when the sink refused anything.
-    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store);
+    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store,
+                        QMProgress* pProgress = nullptr);
 
 private:
     void ParseField(char* szLine);

@@ -38,16 +38,19 @@ bool QMQifFormat::Export(const char* szPath, QMTransactionStore& store)
     return QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { WriteTo(sink, store); });
 }
 
-bool QMQifFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store)
+bool QMQifFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store, QMProgress* pProgress)
 {
     QMTextWriter writer(sink);
     writer.Add("!Type:Bank\n");
-    QMWriteTransactions(store, [&](const QMTransaction& transaction) {
-        const bool bWritten = !transaction.HasFlag(QM_TRANS_FLAG_VOIDED);
-        if (bWritten) {
-            WriteRecord(writer, transaction);
-        }
-        return bWritten;
-    });
-    return writer.Finish();
+    const bool bAll = QMWriteTransactions(
+        store,
+        [&](const QMTransaction& transaction) {
+            const bool bWritten = !transaction.HasFlag(QM_TRANS_FLAG_VOIDED);
+            if (bWritten) {
+                WriteRecord(writer, transaction);
+            }
+            return bWritten;
+        },
+        pProgress);
+    return writer.Finish() && bAll;
 }

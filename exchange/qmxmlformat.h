@@ -4,6 +4,7 @@
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
 #include "base/vstring.h"
+#include "exchange/qmprogress.h"
 #include "exchange/qmtemporaryrecords.h"
 #include "exchange/qmtextwriter.h"
 #include "exchange/qmxmlparser.h"
@@ -29,7 +30,8 @@ public:
     bool Export(const char* szPath, QMTransactionStore& store);
 
     // Writes to a sink. Returns false when the sink refused anything.
-    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store);
+    static bool WriteTo(QMByteSink& sink, QMTransactionStore& store,
+                        QMProgress* pProgress = nullptr);
 
     void OnCharacterData(const char* pText, int32_t lLength) override;
     void OnStartElement(const char* szName, const char** aszAttributes) override;

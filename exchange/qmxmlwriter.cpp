@@ -131,17 +131,20 @@ bool QMXmlFormat::Export(const char* szPath, QMTransactionStore& store)
     return QMWriteExchangeFile(szPath, [&](QMByteSink& sink) { WriteTo(sink, store); });
 }
 
-bool QMXmlFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store)
+bool QMXmlFormat::WriteTo(QMByteSink& sink, QMTransactionStore& store, QMProgress* pProgress)
 {
     QMTextWriter writer(sink);
     writer.Add(szProlog);
-    QMWriteTransactions(store, [&](const QMTransaction& transaction) {
-        const bool bWritten = transaction.IsTypeValid();
-        if (bWritten) {
-            WriteRecord(writer, transaction);
-        }
-        return bWritten;
-    });
+    const bool bAll = QMWriteTransactions(
+        store,
+        [&](const QMTransaction& transaction) {
+            const bool bWritten = transaction.IsTypeValid();
+            if (bWritten) {
+                WriteRecord(writer, transaction);
+            }
+            return bWritten;
+        },
+        pProgress);
     writer.Add("</quillmark>\n");
-    return writer.Finish();
+    return writer.Finish() && bAll;
 }
