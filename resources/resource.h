@@ -280,6 +280,11 @@
 #define IDC_IMPORT_LIST 2204
 #define IDC_IMPORT_IMPORT 1918
 
+// The window that shows how far an import or an export is
+#define IDD_PROGRESS 2300
+#define IDC_PROGRESS_TASK 2301
+#define IDC_PROGRESS_BAR 2302
+
 // The progress of a print job, and the print preview
 #define IDD_PRINTPROGRESS 10300
 #define IDC_PROGRESS_TITLE 10301

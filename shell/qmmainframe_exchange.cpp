@@ -6,6 +6,7 @@
 #include "exchange/qmimportdialog.h"
 #include "resources/resource.h"
 #include "shell/qmmainframe.h"
+#include "shell/qmprogressdialog.h"
 #include "toolkit/vmessages.h"
 
 namespace {
@@ -27,14 +28,23 @@ VString CountSentence(const char* szFormat, int32_t lCount)
     return VString(szText);
 }
 
+bool WriteFile(HWND hWnd, const char* szPath, QMTransactionStore& store)
+{
+    QMProgressDialog progress(hWnd, "Writing transactions...");
+    return QMExportFile(szPath, store, &progress);
+}
+
 } // namespace
 
 bool QMMainFrame::ImportFile(const char* szPath, QMRegisterWindow& document)
 {
     constexpr char szCaption[] = "Import";
     QMTransactionStore store;
-    if (!QMImportFile(szPath, store)) {
-        return false;
+    {
+        QMProgressDialog progress(GetHandle(), "Reading transactions...");
+        if (!QMImportFile(szPath, store, &progress)) {
+            return progress.IsCancelled();
+        }
     }
     QMImportDialog dialog;
     if (dialog.DoModal(GetHandle(), store) != IDC_IMPORT_IMPORT) {
@@ -60,7 +70,7 @@ bool QMMainFrame::ExportFile(const char* szPath, QMRegisterWindow& document)
     }
     QMTransactionStore store;
     const int32_t lCount = document.GetDocument().GetTransactions(store);
-    if (lCount < 0 || !QMExportFile(szPath, store)) {
+    if (lCount < 0 || !WriteFile(GetHandle(), szPath, store)) {
         ShowResult(GetHandle(), "Failed to export transactions to file:\n", szPath, szCaption);
         return false;
     }

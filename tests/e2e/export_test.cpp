@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "exchange/qmexchange.h"
+#include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/exchange_test.h"
 
 namespace {
@@ -281,6 +282,77 @@ TEST_F(ExportTest, XmlWithTwoAmpersandsInATextDoesNotComeBack)
     ImportByMenu(sFile);
     m_program.AnswerBox(Failure(sFile));
     EXPECT_FALSE(IsModified());
+}
+
+// ---- An export that does not end by itself.
+
+class EndlessExportTest : public ExportTest
+{
+protected:
+    // Begins the export of an account without transactions and waits for its window.
+    DialogWindow BeginEndless(const std::string& sFile)
+    {
+        m_program.Open();
+        m_program.NewDocument(1);
+        ExportByMenu(sFile);
+        Await("the progress of the export", [&] { return FindProgress() != nullptr; });
+        return {m_program.GetProcess(), FindProgress()};
+    }
+
+    HWND FindProgress() const
+    {
+        for (HWND hWnd : TopWindows(m_program.GetId())) {
+            if (FindChildById(hWnd, IDC_PROGRESS_BAR) != nullptr) {
+                return hWnd;
+            }
+        }
+        return nullptr;
+    }
+
+    void AnswerFailures(const std::string& sFile) const
+    {
+        AnswerResult("Export", "Failed to export transactions to file:\n'" + sFile + "'.");
+        m_program.AnswerBox("Failed to export transactions to file\n'" + sFile + "'.");
+        m_program.Settle();
+    }
+
+    void ExpectUsable(const std::string& sFile)
+    {
+        EXPECT_EQ(GetFileAttributesA(sFile.c_str()), INVALID_FILE_ATTRIBUTES);
+        EXPECT_EQ(FindProgress(), nullptr);
+        EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame()));
+        EXPECT_EQ(m_program.GetDocuments().size(), 1U);
+        EXPECT_EQ(m_program.Close(), 0U);
+    }
+};
+
+TEST_F(EndlessExportTest, CancelEndsItAndTakesTheFileAway)
+{
+    const std::string sFile = PathOf("endless.csv");
+    const DialogWindow progress = BeginEndless(sFile);
+    EXPECT_EQ(progress.GetText(IDC_PROGRESS_TASK), "Writing transactions...");
+    EXPECT_FALSE(IsWindowEnabled(m_program.GetFrame()));
+    progress.Press(IDCANCEL);
+    AnswerFailures(sFile);
+    ExpectUsable(sFile);
+}
+
+TEST_F(EndlessExportTest, RunsOnUntilTheUserEndsIt)
+{
+    const std::string sFile = PathOf("endless.qif");
+    const DialogWindow progress = BeginEndless(sFile);
+    // Neither a request to close the frame nor another start ends it, and both are answered.
+    EXPECT_EQ(SendTo(m_program.GetFrame(), WM_QUERYENDSESSION), 0);
+    SendTo(m_program.GetFrame(), WM_CLOSE);
+    const std::string sOther = MakeAccount("other.qmk", 2);
+    EXPECT_EQ(StartAgain({sOther}), 1U);
+    EXPECT_EQ(m_program.GetDocuments().size(), 2U);
+    EXPECT_TRUE(progress.IsOpen());
+    progress.Close();
+    AnswerFailures(sFile);
+    m_program.Post(IDM_FILE_CLOSE);
+    m_program.AwaitDocuments(1);
+    ExpectUsable(sFile);
 }
 
 } // namespace
