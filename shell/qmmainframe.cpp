@@ -28,6 +28,9 @@ QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
     RegisterArrangeCommands({IDM_WINDOW_CASCADE, IDM_WINDOW_TILEHORIZONTAL, IDM_WINDOW_TILEVERTICAL,
                              IDM_WINDOW_PREVIOUS, IDM_WINDOW_NEXT, IDM_FILE_CLOSE,
                              IDM_FILE_CLOSEALL});
+    SetMemoryFailure([](VWindow& frame, UINT uMessage, WPARAM wParam) {
+        static_cast<QMMainFrame&>(frame).TellOfMemory(uMessage, wParam);
+    });
 }
 
 QMMainFrame::~QMMainFrame()

@@ -118,7 +118,6 @@ public:
     void OnChildGone(VMDIChildWindow& child) override;
     void OnCommandEnded() override;
     bool SaveNewChild(VMDIChildWindow& child) override;
-    void OnOutOfMemory(UINT uMessage, WPARAM wParam) override;
 
 private:
     // An order of a command line to import a file into an account.
@@ -153,6 +152,8 @@ private:
 
     void RunCommand(const QMCommand& command, UINT uId);
     static bool Perform(const QMCommand& command, QMCommandContext& context);
+    // Says that a command failed for lack of memory.
+    void TellOfMemory(UINT uMessage, WPARAM wParam);
     bool IsEnabled(const QMCommand& command, UINT uId) const;
 
     VString m_sArguments;

@@ -86,7 +86,7 @@ bool QMMainFrame::Perform(const QMCommand& command, QMCommandContext& context)
     return command.pRun(context);
 }
 
-void QMMainFrame::OnOutOfMemory(UINT uMessage, WPARAM wParam)
+void QMMainFrame::TellOfMemory(UINT uMessage, WPARAM wParam)
 {
     const QMCommand* pCommand = uMessage == WM_COMMAND ? QMFindCommand(LOWORD(wParam)) : nullptr;
     if (pCommand != nullptr) {

@@ -2,6 +2,25 @@
 
 #include "toolkit/vapplication.h"
 
+namespace {
+
+// Ends a modal dialog with -1 when one of its commands or notifications ran out of memory: the
+// caller's command fails as it does for a dialog that cannot be made.
+void EndForLackOfMemory(VWindow& window, UINT uMessage, WPARAM /*wParam*/)
+{
+    auto& dialog = static_cast<VDialog&>(window);
+    if (dialog.IsModal() && (uMessage == WM_COMMAND || uMessage == WM_NOTIFY)) {
+        dialog.EndWith(-1);
+    }
+}
+
+} // namespace
+
+VDialog::VDialog(int32_t lKind) : VWindow(lKind)
+{
+    SetMemoryFailure(&EndForLackOfMemory);
+}
+
 INT_PTR VDialog::DoModal(HWND hParent, UINT uTemplate, HINSTANCE hInstance)
 {
     SetModal(true);
@@ -75,13 +94,6 @@ LRESULT VDialog::OnCommand(UINT /*uNotifyCode*/, UINT uId, HWND /*hControl*/)
         return 0;
     }
     return V_NOT_HANDLED;
-}
-
-void VDialog::OnOutOfMemory(UINT uMessage, WPARAM /*wParam*/)
-{
-    if (IsModal() && (uMessage == WM_COMMAND || uMessage == WM_NOTIFY)) {
-        EndWith(-1);
-    }
 }
 
 VString VDialog::GetItemText(int nId) const

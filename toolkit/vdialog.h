@@ -9,7 +9,7 @@
 class VDialog : public VWindow
 {
 public:
-    explicit VDialog(int32_t lKind = V_KIND_DIALOG) : VWindow(lKind) {}
+    explicit VDialog(int32_t lKind = V_KIND_DIALOG);
     ~VDialog() override { Detach(); }
 
     // Called when all controls exist, to fill them. False refuses the dialog, which is then
@@ -33,9 +33,6 @@ public:
     bool OnInitialize() override { return OnInitDialog(); }
     bool OnClose(bool bForced) override;
     LRESULT OnCommand(UINT uNotifyCode, UINT uId, HWND hControl) override;
-    // Ends a modal dialog with -1 if a command or a notification failed: the caller's command
-    // fails as it does for a dialog that cannot be made.
-    void OnOutOfMemory(UINT uMessage, WPARAM wParam) override;
 
     // Runs the dialog. Afterwards the focus is where it was before. Returns what EndWith was given;
     // -1 when the dialog could not be made. A null hInstance means the resource module of the

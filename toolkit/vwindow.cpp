@@ -348,8 +348,6 @@ bool VWindow::OnInitialize()
     return true;
 }
 
-void VWindow::OnOutOfMemory(UINT /*uMessage*/, WPARAM /*wParam*/) {}
-
 // ---- The fill child.
 
 bool VWindow::IsFillChildReady() const

@@ -125,11 +125,6 @@ public:
     // Called when the object has been bound to its window. False unbinds it again.
     virtual bool OnInitialize();
 
-    // Behind the slots above. An operation threw std::bad_alloc while it handled this message. The
-    // window procedure has caught it, for no exception may cross Windows, and answers 0. A creation
-    // is refused instead, without a call. Does nothing by default.
-    virtual void OnOutOfMemory(UINT uMessage, WPARAM wParam);
-
     // ---- Making, binding and finding windows.
 
     // Makes the window. A null szClass means the class that VApplication registered. With an empty
@@ -155,6 +150,13 @@ public:
 
     bool IsAttached() const;
     bool IsValid() const { return m_hWnd != nullptr && IsWindow(m_hWnd); }
+
+    // What to do when an operation threw std::bad_alloc while it handled a message. The window
+    // procedure has caught it, for no exception may cross Windows, and answers 0. A creation is
+    // refused instead, without a call. Null, as at first, does nothing.
+    // A function and no virtual operation, for the slots above are fixed.
+    using MemoryFailure = void (*)(VWindow& window, UINT uMessage, WPARAM wParam);
+    void SetMemoryFailure(MemoryFailure pFailure) { m_pMemoryFailure = pFailure; }
 
     // The caller owns the filter. The filter that was added first sees a message first.
     void AddFilter(VMessageFilter& filter);
@@ -235,6 +237,7 @@ private:
     HACCEL m_hAccelerators = nullptr;
     WNDPROC m_pOldProcedure = nullptr; // the procedure that subclassing replaced; null for a window
                                        // of the toolkit's own class
+    MemoryFailure m_pMemoryFailure = nullptr;
     VMessageFilter* m_pFilters = nullptr;
     VWindow* m_pFillChild = nullptr; // the child that fills the client area
     HWND m_hMdiClient = nullptr;

@@ -115,8 +115,8 @@ private:
         if (IsCreation()) {
             m_pWindow->RestoreProcedure(m_hWnd);
             RefuseCreation(-1);
-        } else {
-            m_pWindow->OnOutOfMemory(m_uMessage, m_wParam);
+        } else if (m_pWindow->m_pMemoryFailure != nullptr) {
+            m_pWindow->m_pMemoryFailure(*m_pWindow, m_uMessage, m_wParam);
         }
         return 0;
     }

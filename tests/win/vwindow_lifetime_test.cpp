@@ -34,7 +34,14 @@ public:
 class FailingWindow : public VWindow
 {
 public:
-    explicit FailingWindow(int32_t lKind = V_KIND_OTHER) : VWindow(lKind) {}
+    explicit FailingWindow(int32_t lKind = V_KIND_OTHER) : VWindow(lKind)
+    {
+        SetMemoryFailure([](VWindow& window, UINT uMessage, WPARAM wParam) {
+            auto& failing = static_cast<FailingWindow&>(window);
+            failing.m_uFailed = uMessage;
+            failing.m_wFailed = wParam;
+        });
+    }
     ~FailingWindow() override { Detach(); }
 
     bool OnInitialize() override
@@ -58,11 +65,6 @@ public:
             FailAt(uTestMessage);
         }
         return VWindow::DefaultProc(hWnd, uMessage, wParam, lParam);
-    }
-    void OnOutOfMemory(UINT uMessage, WPARAM wParam) override
-    {
-        m_uFailed = uMessage;
-        m_wFailed = wParam;
     }
 
     UINT m_uFailsAt = 0;
