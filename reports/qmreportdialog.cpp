@@ -377,7 +377,12 @@ bool QMReportDialog::RenderPages(VPrintContext& context)
 {
     const VWaitCursor wait;
     context.szTitle = "Quillmark Report";
+    context.nPages = 0;
+    context.ilPages.Destroy();
     const int nWidth = context.sizePage.cx;
+    if (nWidth <= 0 || context.sizePage.cy <= 0) {
+        return false; // the list of pictures divides by them
+    }
     const VRect& printable = context.rcPrintable;
     VRect report = {0, 0, nWidth, 0};
     VBitmap tall;

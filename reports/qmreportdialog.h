@@ -38,6 +38,12 @@ public:
     VScrollView& GetView() { return m_viewReport; }
     VPrintDocument& GetPrintDocument() { return *m_pPrintDocument; }
 
+    // Fills the context with the pages of the report of the last Run, for the print document: reads
+    // sizePage and rcPrintable, and sets szTitle, ilPages and nPages anew. Pages that the context
+    // holds are destroyed. Returns false when there was no Run, when no line fits on a page, and
+    // when a picture cannot be made.
+    bool RenderPages(VPrintContext& context);
+
 private:
     bool AttachControls();
     void SetPictures();
@@ -59,7 +65,6 @@ private:
     bool DrawBitmap(VClientSurface& client, VMemorySurface& memory, const VRect& page,
                     const VRect& margins, VBitmap& bitmap);
     void SetLineSteps(QMReportDrawing& drawing);
-    bool RenderPages(VPrintContext& context);
     bool CutPages(VPrintContext& context, const VBitmap& tall, int32_t lHeight,
                   const QMReportCut& cut);
     static bool RenderPagesOf(VPrintContext& context, uintptr_t uUser, void* pDialog);

@@ -39,6 +39,9 @@ public:
     // Adds a step for a dialog for which the condition holds.
     ModalDriver& When(Condition condition, Action action);
 
+    // For the steps that are still to come.
+    void SetLimit(DWORD uLimitMs) { m_uLimitMs = uLimitMs; }
+
     bool IsDone() const { return m_uNext == m_steps.size(); }
 
 private:

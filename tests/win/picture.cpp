@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "toolkit/vdrawingsurface.h"
+#include "toolkit/vimagelist.h"
 #include "toolkit/vwindow.h"
 
 namespace {
@@ -50,6 +51,21 @@ Picture::Picture(UINT uId)
     VMemorySurface paper(screen);
     const VSelectScope scope(paper, m_bitmap.GetHandle());
     paper.BitBlt(0, 0, m_nWidth, m_nHeight, from, 0, 0, SRCCOPY);
+    GdiFlush();
+}
+
+Picture::Picture(const VImageList& list, int nIndex)
+{
+    int nWidth = 0;
+    int nHeight = 0;
+    if (!list.GetIconSize(nWidth, nHeight) || nIndex < 0 || nIndex >= list.GetImageCount() ||
+        !Make(nWidth, nHeight)) {
+        return;
+    }
+    const VClientSurface screen(GetDesktopWindow());
+    VMemorySurface paper(screen);
+    const VSelectScope scope(paper, m_bitmap.GetHandle());
+    list.Draw(nIndex, paper, 0, 0);
     GdiFlush();
 }
 

@@ -8,6 +8,7 @@
 #include "base/vrect.h"
 #include "toolkit/vgdiobjects.h"
 
+class VImageList;
 class VWindow;
 
 class Picture
@@ -17,6 +18,8 @@ public:
     explicit Picture(const VWindow& window);
     // Takes a bitmap of the resources.
     explicit Picture(UINT uId);
+    // Takes a picture of an image list; an empty one when there is none of that index.
+    Picture(const VImageList& list, int nIndex);
 
     int GetWidth() const { return m_nWidth; }
     int GetHeight() const { return m_nHeight; }

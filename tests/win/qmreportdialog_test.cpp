@@ -1,15 +1,8 @@
 // The dialog of reports, driven by its controls.
 #include "reports/qmreportdialog.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
-#include "base/vtext.h"
-#include "resources/resource.h"
-#include "tests/support/support.h"
-#include "tests/win/dialog_support.h"
-#include "tests/win/support.h"
+#include "tests/win/picture.h"
+#include "tests/win/reportdialog_support.h"
 
 namespace {
 
@@ -17,61 +10,8 @@ constexpr char szReversed[] =
     "The 'From' date does not proceed the 'To' date.\n"
     "Please select a valid date range.";
 
-class QMReportDialogTest : public testing::Test
-{
-protected:
-    void Add(int32_t lType, const std::string& sDate, float fAmount, const char* szCategory = "",
-             uint32_t uFlags = 0)
-    {
-        QMTransaction t = MakeTransaction(lType, sDate, fAmount, uFlags, "Payee");
-        VCopyText(t.szCategory, szCategory);
-        VCopyText(t.szMemo, szCategory);
-        AddTo(m_dialog.GetAccount().store, t);
-    }
-
-    // Runs the dialog, and in it the steps; what they open is answered by the driver's further
-    // steps.
-    void Run(const std::function<void(HWND hDialog)>& steps)
-    {
-        m_driver.Next([&](HWND hDialog) {
-            steps(hDialog);
-            Press(hDialog, IDC_REPORT_CLOSE);
-        });
-        EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
-    }
-
-    static void Choose(HWND hDialog, int nId, int nRow)
-    {
-        SendDlgItemMessageA(hDialog, nId, CB_SETCURSEL, static_cast<WPARAM>(nRow), 0);
-        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(nId, CBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(GetDlgItem(hDialog, nId)));
-    }
-
-    static std::vector<std::string> RowsOf(HWND hDialog, int nId)
-    {
-        std::vector<std::string> rows;
-        const LRESULT lCount = SendDlgItemMessageA(hDialog, nId, CB_GETCOUNT, 0, 0);
-        for (LRESULT l = 0; l < lCount; ++l) {
-            char szRow[300] = "";
-            SendDlgItemMessageA(hDialog, nId, CB_GETLBTEXT, static_cast<WPARAM>(l),
-                                reinterpret_cast<LPARAM>(szRow));
-            rows.emplace_back(szRow);
-        }
-        return rows;
-    }
-
-    static void SetDate(HWND hDialog, int nId, WORD wYear, WORD wMonth, WORD wDay)
-    {
-        const SYSTEMTIME date = {wYear, wMonth, 0, wDay, 0, 0, 0, 0};
-        SendDlgItemMessageA(hDialog, nId, DTM_SETSYSTEMTIME, GDT_VALID,
-                            reinterpret_cast<LPARAM>(&date));
-    }
-
-    int Height() { return m_dialog.GetView().GetPictureRect().GetHeight(); }
-
-    ModalDriver m_driver;
-    QMReportDialog m_dialog;
-};
+class QMReportDialogTest : public ReportDialogFixture
+{};
 
 } // namespace
 
@@ -142,21 +82,53 @@ TEST_F(QMReportDialogTest, OffersTheGroupsOfAType)
 
 TEST_F(QMReportDialogTest, TakesTheDatesOfTheChoice)
 {
+    Add(QM_TRANS_CHECK, "2/1/2004", 10, "", QM_TRANS_FLAG_TAX);
     Add(QM_TRANS_CHECK, "2/29/2004", 10, "", QM_TRANS_FLAG_TAX);
+    Add(QM_TRANS_CHECK, "3/1/2004", 10, "", QM_TRANS_FLAG_TAX);
     Run([&](HWND hDialog) {
-        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_MONTH), "February");
+        EXPECT_EQ(ItemText(hDialog, IDC_REPORT_MONTH), "March");
         Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_TAX);
-        Click(hDialog, IDC_REPORT_RUN);
-        const int nOneRow = Height();
-        Choose(hDialog, IDC_REPORT_MONTH, 2);
-        Click(hDialog, IDC_REPORT_RUN);
-        EXPECT_EQ(Height(), nOneRow) << "the row of an empty list takes the same place";
-        // The keyboard's way to a date box chooses it.
+        const auto RunMonth = [&](int nMonth) {
+            Choose(hDialog, IDC_REPORT_MONTH, nMonth - 1);
+            EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYMONTH));
+            Click(hDialog, IDC_REPORT_RUN);
+            return Height();
+        };
+        const int nTwoRows = RunMonth(2);
+        const int nOneRow = RunMonth(3);
+        EXPECT_LT(nOneRow, nTwoRows);
+        // The dates from January to December are those that the boxes start with. The keyboard's
+        // way to one of them chooses them.
         SetFocus(GetDlgItem(hDialog, IDC_REPORT_FROM));
         EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYRANGE));
         EXPECT_FALSE(IsOn(hDialog, IDC_REPORT_BYMONTH));
-        Choose(hDialog, IDC_REPORT_MONTH, 3);
-        EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYMONTH));
+        Click(hDialog, IDC_REPORT_RUN);
+        EXPECT_EQ(Height() - nTwoRows, nTwoRows - nOneRow) << "three rows";
+        // One day.
+        SetDate(hDialog, IDC_REPORT_FROM, 2004, 2, 29);
+        SetDate(hDialog, IDC_REPORT_TO, 2004, 2, 29);
+        Click(hDialog, IDC_REPORT_RUN);
+        EXPECT_EQ(Height(), nOneRow);
+    });
+}
+
+TEST_F(QMReportDialogTest, SaysSoWhereTheDatesSelectNothing)
+{
+    Add(QM_TRANS_CHECK, "2/29/2004", 10, "", QM_TRANS_FLAG_TAX);
+    Run([&](HWND hDialog) {
+        SetWindowPos(hDialog, nullptr, 0, 0, 800, 500, SWP_NOMOVE | SWP_NOZORDER);
+        Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_TAX);
+        const auto RunMonth = [&](int nMonth) {
+            Choose(hDialog, IDC_REPORT_MONTH, nMonth - 1);
+            Click(hDialog, IDC_REPORT_RUN);
+            const Picture picture(m_dialog.GetView());
+            return picture.Describe({15, 60, 636, Height()}); // below the line of the dates
+        };
+        const std::string sFebruary = RunMonth(2);
+        const std::string sMarch = RunMonth(3);
+        EXPECT_FALSE(sFebruary == sMarch);
+        EXPECT_TRUE(RunMonth(4) == sMarch);
+        EXPECT_TRUE(RunMonth(2) == sFebruary);
     });
 }
 
