@@ -22,7 +22,8 @@ bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplac
 template <class T>
 T& KeepUntilExit(std::unique_ptr<T> pKept)
 {
-    static T* pLast;
+    // Volatile, for a compiler drops what nothing reads, and a check for leaks finds nothing then.
+    static T* volatile pLast;
     pLast = pKept.release();
     return *pLast;
 }

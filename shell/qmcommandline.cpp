@@ -10,6 +10,16 @@ namespace {
 constexpr char cOrder = 'I';
 constexpr char cPart = '|';
 
+// Whether a name says its drive or server and its way from there.
+bool IsFull(const VString& sName)
+{
+    const char* sz = sName.GetText();
+    const auto IsSlash = [](char c) { return c == '\\' || c == '/'; };
+    const bool bOnDrive = sName.GetLength() > 2 && sz[1] == ':' && IsSlash(sz[2]);
+    const bool bOnServer = IsSlash(sz[0]) && IsSlash(sz[1]);
+    return bOnDrive || bOnServer;
+}
+
 VString HandedName(const char* szName)
 {
     VString sName(szName);
@@ -54,7 +64,8 @@ VString QMJoinArguments(int nCount, const char* const* aszArguments)
 VString QMFullName(const VString& sName)
 {
     char szFull[MAX_PATH];
-    const DWORD uLength = FileExists(sName.GetText())
+    // Windows would change a full name too: it takes a dot away from the end.
+    const DWORD uLength = !IsFull(sName) && FileExists(sName.GetText())
                               ? GetFullPathNameA(sName.GetText(), sizeof szFull, szFull, nullptr)
                               : 0;
     return uLength > 0 && uLength < sizeof szFull ? VString(szFull) : sName;

@@ -3,6 +3,32 @@
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdichildwindow.h"
 
+namespace {
+
+// The atom of the system's class for dialogs and boxes.
+constexpr ULONG_PTR uDialogClass = 32770;
+
+BOOL CALLBACK FindDialogOf(HWND hWnd, LPARAM lParam)
+{
+    const HWND hFrame = *reinterpret_cast<HWND*>(lParam);
+    const bool bFound = GetWindow(hWnd, GW_OWNER) == hFrame && IsWindowVisible(hWnd) &&
+                        IsWindowEnabled(hWnd) && GetClassLongPtrA(hWnd, GCW_ATOM) == uDialogClass;
+    if (bFound) {
+        *reinterpret_cast<HWND*>(lParam) = nullptr;
+    }
+    return !bFound;
+}
+
+// Whether a dialog of the frame is still there to be answered.
+bool HasDialog(HWND hFrame)
+{
+    HWND hSought = hFrame;
+    EnumThreadWindows(GetCurrentThreadId(), &FindDialogOf, reinterpret_cast<LPARAM>(&hSought));
+    return hSought == nullptr;
+}
+
+} // namespace
+
 VCommandScope::VCommandScope(VMDIFrameWindow& frame, const VMDIChildWindow* pOn)
     : m_frame(frame),
       m_pOn(pOn),
@@ -15,8 +41,9 @@ VCommandScope::VCommandScope(VMDIFrameWindow& frame, const VMDIChildWindow* pOn)
 VCommandScope::~VCommandScope()
 {
     m_frame.m_pRunning = m_pOuter;
-    if (m_bDisabled) {
-        // Wine 8 enables the owner at the end of each modal window, of an inner one too.
+    if (m_bDisabled && m_pOuter != nullptr && HasDialog(m_frame.GetHandle())) {
+        // Wine 8 enables the owner at the end of each modal window, of an inner one too. Once the
+        // outer dialog is gone nobody would enable the frame again.
         m_frame.Enable(false);
     }
     m_frame.OnCommandEnded();

@@ -78,6 +78,8 @@ void Program::AwaitFrame()
 
 DWORD Program::Close()
 {
+    // While a command runs the frame refuses to close, and a box is answered before it is gone.
+    Await("the end of the frame's command", [this] { return IsWindowEnabled(m_hFrame) != FALSE; });
     PostMessageA(m_hFrame, WM_CLOSE, 0, 0);
     return m_process.AwaitExit();
 }
