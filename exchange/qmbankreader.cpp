@@ -1,5 +1,6 @@
 #include "exchange/qmbankreader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -34,12 +35,8 @@ std::string OneLine(std::string_view text)
 template <size_t n>
 bool IsOneOf(const std::string& sWord, const char* const (&aWords)[n])
 {
-    for (const char* szWord : aWords) {
-        if (VCompareNoCase(sWord.c_str(), szWord) == 0) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(
+        aWords, [&](const char* szWord) { return VCompareNoCase(sWord.c_str(), szWord) == 0; });
 }
 
 // The type by its whole label; -1 for any other text.

@@ -1,4 +1,5 @@
 // Dates and amounts as banks write them.
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdlib>
@@ -127,13 +128,10 @@ bool IsNegative(std::string_view before, std::string_view after)
 bool IsFrame(std::string_view text)
 {
     constexpr std::string_view marks = " $()+-.'";
-    for (const char c : text) {
+    return std::ranges::all_of(text, [&](char c) {
         const bool bHigh = static_cast<unsigned char>(c) > 127;
-        if (!IsLetter(c) && !bHigh && marks.find(c) == std::string_view::npos) {
-            return false;
-        }
-    }
-    return true;
+        return IsLetter(c) || bHigh || marks.find(c) != std::string_view::npos;
+    });
 }
 
 // Marks of thousands: the other one of point and comma, blanks, apostrophes.

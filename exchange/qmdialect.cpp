@@ -1,5 +1,6 @@
 #include "exchange/qmdialect.h"
 
+#include <algorithm>
 #include <charconv>
 #include <iterator>
 
@@ -122,12 +123,7 @@ const char* SetSkip(std::string_view value, int32_t& lSkip)
 
 bool Has(const std::vector<QMBankColumn>& columns, QMBankColumn column)
 {
-    for (const QMBankColumn one : columns) {
-        if (one == column) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::find(columns, column) != columns.end();
 }
 
 const char* CheckColumns(const std::vector<QMBankColumn>& columns)

@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -262,13 +263,12 @@ void VScrollView::OnScroll(int nBar, UINT uRequest)
 
 bool VScrollView::ScrollByKey(WPARAM uKey)
 {
-    for (const ScrollKey& key : aKeys) {
-        if (key.uKey == uKey) {
-            Scroll(key.nBar, key.request);
-            return true;
-        }
+    const auto* const pKey = std::ranges::find(aKeys, uKey, &ScrollKey::uKey);
+    const bool bFound = pKey != std::end(aKeys);
+    if (bFound) {
+        Scroll(pKey->nBar, pKey->request);
     }
-    return false;
+    return bFound;
 }
 
 void VScrollView::ScrollByWheel(WPARAM wParam)

@@ -235,7 +235,7 @@ int32_t FindKnown(const QMTransactionStore& account, QMTransactionStore& store, 
     }
     store.First();
     for (int32_t i = store.GetCount(); bLeaveOut && i > 0; --i) {
-        if (known.count(store.GetCurrentNode()) > 0) {
+        if (known.contains(store.GetCurrentNode())) {
             store.Remove();
         } else {
             store.Next();

@@ -47,7 +47,8 @@ bool Agree(const QMCalculatorEngine& engine, const CalculatorState& state)
 char RandomKey(std::mt19937_64& random, unsigned uDigits)
 {
     constexpr size_t uKeys = sizeof szCalculatorKeys - 1;
-    const size_t uKey = random() % 100 < uDigits ? random() % 10 : random() % uKeys;
+    const auto uKey =
+        static_cast<size_t>(random() % 100 < uDigits ? random() % 10 : random() % uKeys);
     return szCalculatorKeys[uKey];
 }
 
@@ -76,7 +77,7 @@ TEST(QMCalculatorEngineRandom, AgreesWithASecondStatementOfItsRules)
     std::mt19937_64 random(20040314);
     for (unsigned long long uPressed = 0; uPressed < uKeys;) {
         // Some are long enough to leave the range of numbers.
-        const size_t uLength = 1 + random() % (random() % 50 == 0 ? 1000 : 60);
+        const auto uLength = static_cast<size_t>(1 + random() % (random() % 50 == 0 ? 1000 : 60));
         ASSERT_EQ(FirstDisagreement(random, uLength), "") << "after " << uPressed << " keys";
         uPressed += uLength;
     }
