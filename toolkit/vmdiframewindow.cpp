@@ -10,7 +10,7 @@ constexpr ULONG_PTR uDialogClass = 32770;
 
 BOOL CALLBACK FindDialogOf(HWND hWnd, LPARAM lParam)
 {
-    const HWND hFrame = *reinterpret_cast<HWND*>(lParam);
+    HWND hFrame = *reinterpret_cast<HWND*>(lParam);
     const bool bFound = GetWindow(hWnd, GW_OWNER) == hFrame && IsWindowVisible(hWnd) &&
                         IsWindowEnabled(hWnd) && GetClassLongPtrA(hWnd, GCW_ATOM) == uDialogClass;
     if (bFound) {
