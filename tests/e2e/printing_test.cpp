@@ -216,8 +216,11 @@ TEST_F(PrintingTest, AbsurdStoredValuesDoNoHarm)
         WriteSettingNumber("Page Setup", "Paper Source", 0xFFFFFFFE);
         Open(sPath);
         m_program.Post(IDM_FILE_PREVIEW);
-        m_program.Settle();
         // It comes up or says that it cannot, and the program goes on.
+        Await("the preview or a sentence", [&] {
+            return !FindDialogs(m_program, "Print Preivew - few.qmk").empty() ||
+                   !m_program.GetBoxes().empty();
+        });
         for (const DialogWindow& preview : FindDialogs(m_program, "Print Preivew - few.qmk")) {
             preview.End(IDC_PREVIEW_CLOSE);
         }
