@@ -24,12 +24,9 @@ constexpr int nLong = 2000;
 class PrintingTest : public E2ETest
 {
 protected:
-    // A name that no other document of this run has.
     static std::string Unique(const std::string& sName)
     {
-        static int nNames = 0;
-        return sName + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++nNames) +
-               ".qmk";
+        return PrintedDocument::MakeTitle(sName) + ".qmk";
     }
 
     void Open(const std::string& sPath)

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 namespace {
 
@@ -20,6 +21,12 @@ std::filesystem::path Folder()
 bool PrintedDocument::HasSpooler()
 {
     return !Folder().empty();
+}
+
+std::string PrintedDocument::MakeTitle(const std::string& sPrefix)
+{
+    std::random_device random;
+    return sPrefix + std::to_string(random()) + std::to_string(random() % 1000);
 }
 
 void PrintedDocument::AskForPictures()

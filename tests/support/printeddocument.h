@@ -25,6 +25,9 @@ public:
     // test fails when there is no such picture.
     GrayPage ReadPage(int nPage) const;
 
+    // A title that no other document has: programs of several tests use the spooler at a time, and
+    // several of them may have the same process id, each under a Wine of its own.
+    static std::string MakeTitle(const std::string& sPrefix);
     // Has all documents from now on turned into pictures.
     static void AskForPictures();
     // Whether there is a spooler for the tests.

@@ -267,8 +267,7 @@ TEST_F(RegisterPagesTest, ThePaperAgreesWithThePictures)
     PrintedDocument::AskForPictures();
     Header().bGridLines = 1;
     AddTransactions(120);
-    const std::string sTitle =
-        "pages " + std::to_string(GetCurrentProcessId()) + " " + std::to_string(GetTickCount());
+    const std::string sTitle = PrintedDocument::MakeTitle("pages ");
     struct Kept
     {
         std::function<bool(VPrintContext&)> render;

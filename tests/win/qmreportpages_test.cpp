@@ -304,8 +304,7 @@ namespace {
 struct Titled
 {
     QMReportDialog& dialog;
-    std::string sTitle =
-        "report " + std::to_string(GetCurrentProcessId()) + " " + std::to_string(GetTickCount());
+    std::string sTitle = PrintedDocument::MakeTitle("report ");
     int nPages = 0;
 
     static bool Render(VPrintContext& context, uintptr_t, void* pOwner)

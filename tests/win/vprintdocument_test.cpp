@@ -53,8 +53,7 @@ protected:
     {
         ASSERT_TRUE(CreateTestWindow(m_owner));
         m_owner.Show(SW_SHOWNOACTIVATE);
-        m_client.sTitle =
-            "document " + std::to_string(GetCurrentProcessId()) + " " + std::to_string(++nTitles);
+        m_client.sTitle = PrintedDocument::MakeTitle("document ");
     }
 
     void TearDown() override
@@ -67,8 +66,6 @@ protected:
     {
         return [=](HWND hDialog) { Press(hDialog, nId); };
     }
-
-    static inline int nTitles = 0;
 
     VWindow m_owner;
     Client m_client;
