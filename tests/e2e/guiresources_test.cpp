@@ -5,6 +5,7 @@
 #include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 #include "tests/e2e/remoteprocess.h"
+#include "tests/support/printeddocument.h"
 #include "tests/support/wine_support_win.h"
 
 namespace {
@@ -226,6 +227,50 @@ TEST_F(DialogResourcesTest, AHundredDialogsLeaveNoUserObjects)
     EXPECT_GT(nUser, 0);
     RunAHundred();
     AwaitNoMoreThan(nUser + nLate, "USER objects", [&] { return CountUser(); });
+}
+
+// ---- Reports.
+
+class ReportResourcesTest : public DialogResourcesTest
+{
+protected:
+    // Runs a statement and a list, and previews where there is a printer.
+    void RunReports() const
+    {
+        m_program.Post(IDM_TOOLS_REPORTS);
+        const DialogWindow dialog = AwaitDialog(m_program, "Reports - account.qmk");
+        dialog.Press(IDC_REPORT_RUN);
+        Await("a report", [&] { return dialog.IsEnabled(IDC_REPORT_PREVIEW); });
+        dialog.Choose(IDC_REPORT_TYPE, 4);
+        dialog.Press(IDC_REPORT_RUN);
+        if (PrintedDocument::HasSpooler()) {
+            dialog.Press(IDC_REPORT_PREVIEW);
+            AwaitDialog(m_program, "Print Preivew - Quillmark Report").End(IDC_PREVIEW_CLOSE);
+            Await("the report again", [&] { return IsWindowEnabled(dialog.GetHandle()) != FALSE; });
+        }
+        dialog.End(IDC_REPORT_CLOSE);
+        m_program.Settle();
+    }
+
+    // One object that is lost each time makes so many.
+    static constexpr int nRounds = 15;
+};
+
+TEST_F(ReportResourcesTest, ReportsLeaveNoGdiObjectsAndNoWindows)
+{
+    m_program.Open({MakeAccount("account.qmk", 30)});
+    for (int i = 0; i < 3; ++i) {
+        RunReports();
+    }
+    const int nGdi = CountGdi();
+    const int nWindows = CountWindows();
+    EXPECT_GT(nGdi, 0);
+    EXPECT_GT(nWindows, 0);
+    for (int i = 0; i < nRounds; ++i) {
+        RunReports();
+    }
+    AwaitNoMoreThan(nGdi + nLate, "GDI objects", [&] { return CountGdi(); });
+    AwaitNoMoreThan(nWindows, "windows", [&] { return CountWindows(); });
 }
 
 TEST_F(GuiResourcesTest, OpenDocumentsDoCountForSomething)

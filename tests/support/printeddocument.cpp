@@ -36,6 +36,16 @@ void PrintedDocument::AskForPictures()
 
 bool PrintedDocument::Find(const std::string& sTitle)
 {
+    const std::vector<PrintedDocument> documents = FindAll(sTitle);
+    if (!documents.empty()) {
+        *this = documents.front();
+    }
+    return !documents.empty();
+}
+
+std::vector<PrintedDocument> PrintedDocument::FindAll(const std::string& sTitle)
+{
+    std::vector<PrintedDocument> documents;
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(Folder(), error)) {
         std::ifstream file(entry.path());
@@ -44,13 +54,14 @@ bool PrintedDocument::Find(const std::string& sTitle)
         if (entry.path().extension() != ".txt" || !std::getline(file, sLine) || sLine != sTitle) {
             continue;
         }
-        if (file >> m_nCopies && std::getline(file, sOptions) && std::getline(file, sOptions) &&
-            file >> m_nPages) {
-            m_sName = (entry.path().parent_path() / entry.path().stem()).string();
-            return true;
+        PrintedDocument document;
+        if (file >> document.m_nCopies && std::getline(file, sOptions) &&
+            std::getline(file, sOptions) && file >> document.m_nPages) {
+            document.m_sName = (entry.path().parent_path() / entry.path().stem()).string();
+            documents.push_back(document);
         }
     }
-    return false;
+    return documents;
 }
 
 GrayPage PrintedDocument::ReadPage(int nPage) const

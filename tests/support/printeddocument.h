@@ -18,7 +18,11 @@ class PrintedDocument
 public:
     // The document with this title, which no other may have; false while it is not printed.
     bool Find(const std::string& sTitle);
+    // All documents with this title that are printed, those of other tests among them.
+    static std::vector<PrintedDocument> FindAll(const std::string& sTitle);
 
+    // No other document has it.
+    const std::string& GetName() const { return m_sName; }
     int GetPageCount() const { return m_nPages; }
     int GetCopies() const { return m_nCopies; }
     // From 1. AskForPictures must have been called before the document was printed. The running
