@@ -1,0 +1,92 @@
+// Measures qmktool report as a whole process, by processor time: against qmktool list, and long PDF
+// files against short ones.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bench/programrun.h"
+#include "bench/ratios.h"
+#include "bench/reportaccounts.h"
+
+namespace {
+
+constexpr int32_t lMany = 100000;
+constexpr int32_t lLinesOnPage = 65; // of letter paper
+
+// Adds a run of qmktool with the account's file behind the first word.
+std::string AddProgram(const std::string& sName, const std::shared_ptr<ReportFile>& pFile,
+                       int32_t lCount, std::vector<std::string> words, double* pPeakBytes)
+{
+    words.insert(words.begin(), QMKTOOL_PATH);
+    words.insert(words.begin() + 2, pFile->GetPath());
+    const auto Run = [=](benchmark::State& state) {
+        const auto pKept = pFile;
+        for (auto _ : state) {
+            const ProgramResult result = RunProgram(words);
+            if (!result.bDone) {
+                state.SkipWithError("the program failed");
+            }
+            state.SetIterationTime(result.dSeconds);
+            *pPeakBytes = std::max(*pPeakBytes, result.dPeakBytes);
+        }
+    };
+    benchmark::RegisterBenchmark(sName.c_str(), Run)
+        ->Arg(lCount)
+        ->UseManualTime()
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
+    return sName + "/" + std::to_string(lCount);
+}
+
+std::vector<std::string> ReportWords(const char* szKind, const char* szPdf = nullptr)
+{
+    std::vector<std::string> words = {"report",   "--kind", szKind,      "--from",
+                                      "1/1/1900", "--to",   "12/31/2900"};
+    if (szPdf != nullptr) {
+        words.insert(words.end(), {"--pdf", szPdf, "--force"});
+    }
+    return words;
+}
+
+void RegisterProgram()
+{
+    static double dIgnored = 0;
+    const auto pFile = std::make_shared<ReportFile>(lMany);
+    const std::string sList = AddProgram("ToolList", pFile, lMany, {"list"}, &dIgnored);
+    const std::string sReport =
+        AddProgram("ToolStatement", pFile, lMany, ReportWords("statement"), &dIgnored);
+    CompareWith(sReport, sList, 2);
+}
+
+// The expenses are three tenths of the transactions.
+void RegisterPdf()
+{
+    static double dShortPeak = 0;
+    static double dLongPeak = 0;
+    constexpr int32_t lShort = 100 * lLinesOnPage * 10 / 3;
+    const auto pShort = std::make_shared<ReportFile>(lShort);
+    const auto pLong = std::make_shared<ReportFile>(10 * lShort);
+    static const std::string sPdf = std::string(pLong->GetPath()) + ".pdf";
+    atexit([] { unlink(sPdf.c_str()); });
+    const auto words = ReportWords("expenses", sPdf.c_str());
+    const std::string sShort = AddProgram("Pdf100Pages", pShort, lShort, words, &dShortPeak);
+    const std::string sLong = AddProgram("Pdf1000Pages", pLong, 10 * lShort, words, &dLongPeak);
+    CompareWith(sLong, sShort, 11);
+    CompareValue(
+        "Pdf1000Pages to Pdf100Pages, peak memory",
+        [] { return dShortPeak > 0 ? dLongPeak / dShortPeak : 0; }, 11);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    RegisterProgram();
+    RegisterPdf();
+    return RunWithRatios(argc, argv);
+}
