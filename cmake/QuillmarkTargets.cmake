@@ -34,6 +34,18 @@ function(quillmark_program target)
   target_link_libraries(${target} PRIVATE quillmark_core)
 endfunction()
 
+# Adds a resource script to a program. What it includes, pictures and the manifest among it, is not
+# named on the compiler's line: further files that it includes may be named here.
+function(quillmark_resources target script)
+  file(GLOB parts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/resources/*.rc
+       ${PROJECT_SOURCE_DIR}/resources/*.h ${PROJECT_SOURCE_DIR}/resources/pictures/*)
+  list(APPEND parts ${PROJECT_BINARY_DIR}/resources/version.h
+       ${PROJECT_BINARY_DIR}/resources/quillmark.manifest ${ARGN})
+  set_source_files_properties(${script} PROPERTIES OBJECT_DEPENDS "${parts}")
+  target_sources(${target} PRIVATE ${script})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+endfunction()
+
 # Tests are compiled four times and run once: compiling them fast is worth more than fast tests.
 # One precompiled header, test_support's, serves all of them.
 function(quillmark_test_options target)

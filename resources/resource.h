@@ -2,10 +2,6 @@
 // Only numbers and texts by #define stand here: the resource compiler reads this file too.
 #pragma once
 
-// The program's version, as the file's properties and the program itself give it.
-#define QM_VERSION_NUMBERS 3, 0, 0, 0
-#define QM_VERSION_TEXT "3.0.0"
-
 // Icons
 #define IDI_QUILLMARK 700
 #define IDI_REGISTER 701

@@ -26,7 +26,7 @@ TEST(About, NamesVersionLicenceAndBuildingBlocks)
     ModalDriver driver;
     driver.Next([](HWND hDialog) {
         const std::string sTexts = TextsOf(hDialog);
-        for (const char* szPart : {"Quillmark " QM_VERSION_TEXT "\n", "MIT License",
+        for (const char* szPart : {"Quillmark " QUILLMARK_VERSION "\n", "MIT License",
                                    "the Quillmark authors", "Expat", "MinGW-w64"}) {
             EXPECT_NE(sTexts.find(szPart), std::string::npos) << szPart << " in " << sTexts;
         }
