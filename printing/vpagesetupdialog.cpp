@@ -1,20 +1,12 @@
 #include "printing/vpagesetupdialog.h"
 
+#include "toolkit/vrect_win.h"
+
 namespace {
 
 bool IsSet(const VRect& rcMargins)
 {
     return rcMargins != VRect();
-}
-
-RECT ToSystem(const VRect& rect)
-{
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-VRect FromSystem(const RECT& rect)
-{
-    return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 } // namespace
@@ -30,11 +22,11 @@ PAGESETUPDLGA VPageSetupDialog::MakeRecord(HWND hOwner, DWORD uFlags)
     record.lCustData = HookData();
     record.lpfnPageSetupHook = &HookProc<PAGESETUPDLGA>;
     if (IsSet(m_rcMinMargins)) {
-        record.rtMinMargin = ToSystem(m_rcMinMargins);
+        record.rtMinMargin = VToRect(m_rcMinMargins);
         record.Flags |= PSD_MINMARGINS;
     }
     if (IsSet(m_rcMargins)) {
-        record.rtMargin = ToSystem(m_rcMargins);
+        record.rtMargin = VToRect(m_rcMargins);
         record.Flags |= PSD_MARGINS;
     }
     return record;
@@ -51,8 +43,8 @@ bool VPageSetupDialog::Run(HWND hOwner, DWORD uFlags)
     m_hDevNames = record.hDevNames;
     m_sizePaper = {record.ptPaperSize.x, record.ptPaperSize.y};
     if ((record.Flags & PSD_DISABLEMARGINS) == 0) {
-        m_rcMinMargins = FromSystem(record.rtMinMargin);
-        m_rcMargins = FromSystem(record.rtMargin);
+        m_rcMinMargins = VFromRect(record.rtMinMargin);
+        m_rcMargins = VFromRect(record.rtMargin);
     }
     return true;
 }

@@ -6,6 +6,8 @@
 #include <array>
 #include <optional>
 
+#include "toolkit/vrect_win.h"
+
 namespace {
 
 // Kept: one memory for all views of the program. While two views stand side by side, either may
@@ -123,8 +125,7 @@ bool VScrollView::OnPaint(VDrawingSurface& surface)
     RECT area = {};
     GetClipBox(surface.GetHandle(), &area);
     if (m_pShown == nullptr) {
-        surface.FillRect({area.left, area.top, area.right, area.bottom},
-                         m_brushBackground.GetHandle());
+        surface.FillRect(VFromRect(area), m_brushBackground.GetHandle());
         return true;
     }
     int nX = 0;

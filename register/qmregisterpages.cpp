@@ -8,8 +8,7 @@
 namespace {
 
 constexpr COLORREF crShade = 0xEBEBEB;
-constexpr DWORD uRopAnd = 0x8800C6; // the white of a picture lets through what lies beneath
-constexpr int nIndent = 4;          // of a text from the sides of its cell
+constexpr int nIndent = 4; // of a text from the sides of its cell
 
 constexpr UINT uLine = DT_SINGLELINE | DT_VCENTER;
 
@@ -243,9 +242,10 @@ void QMRegisterPages::DrawPicture(const VBitmap& picture, const VRect& cell)
     const VSelectScope scope(m_picture, picture.GetHandle());
     const int nWidth = std::min(picture.GetWidth(), cell.GetWidth());
     const int nHeight = std::min(picture.GetHeight(), cell.GetHeight());
+    // SRCAND lets what lies beneath show through the white of the picture.
     m_paper.BitBlt(cell.left + QMCentreInCell(cell.GetWidth(), picture.GetWidth()),
                    cell.top + QMCentreInCell(cell.GetHeight(), picture.GetHeight()), nWidth,
-                   nHeight, m_picture, 0, 0, uRopAnd);
+                   nHeight, m_picture, 0, 0, SRCAND);
 }
 
 int QMRegisterPages::TextHeight(const char* szText) const

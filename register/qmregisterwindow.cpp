@@ -86,8 +86,7 @@ void QMRegisterWindow::SetOptions(const QMRegisterOptions& options)
 }
 
 bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullName, bool bIsNew,
-                                   const char* szTitle, const VRect& rect, DWORD uStyle,
-                                   HMENU hMenu, HMENU hWindowMenu, HACCEL hAccelerators)
+                                   const VChildArgs& args)
 {
     auto pAccount = std::make_unique<QMAccount>(szFullName);
     QMAccount& account = *pAccount;
@@ -100,12 +99,12 @@ bool QMRegisterWindow::LoadAccount(VMDIFrameWindow& frame, const char* szFullNam
     }
     CreatePointFont(m_font, account.header.szFontFace, account.header.lFontSize,
                     account.header.lFontStyle);
-    if (!CreateChild(frame, szTitle, rect, uStyle, hMenu, hWindowMenu, hAccelerators)) {
+    if (!CreateChild(frame, args)) {
         return false;
     }
     // Wine 8 does not put the title of a document that comes up maximized into the frame's caption
     // until the title is set again.
-    SetText(szTitle);
+    SetText(args.szTitle);
     return true;
 }
 

@@ -39,8 +39,7 @@ public:
     //
     // Kept: after such a failure the file stays open and locked for as long as this object lives.
     bool LoadAccount(VMDIFrameWindow& frame, const char* szFullName, bool bIsNew,
-                     const char* szTitle, const VRect& rect, DWORD uStyle, HMENU hMenu,
-                     HMENU hWindowMenu, HACCEL hAccelerators);
+                     const VChildArgs& args);
 
     VString GetFullName() const { return m_document.GetFullName(); }
     bool IsReadOnly() const { return m_document.IsReadOnly(); }

@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr DWORD uFrameStyle = 0xCF0000;
-
 // Owns the handle of a kernel object and closes it.
 class KernelHandle
 {
@@ -80,7 +78,7 @@ int RunFirstInstance(HINSTANCE hInstance, int nShowCmd, const char* szClass, con
     }
     GetApplication().SetName(szProduct);
     QMMainFrame frame(QMJoinArguments(__argc, __argv).GetText());
-    return frame.Run(uFrameStyle, SW_SHOWNORMAL, IDC_MDICLIENT, IDC_FIRSTCHILD);
+    return frame.Run(WS_OVERLAPPEDWINDOW, SW_SHOWNORMAL, IDC_MDICLIENT, IDC_FIRSTCHILD);
 }
 
 } // namespace

@@ -33,8 +33,10 @@ bool OpenDocuments(QMCommandContext& context)
 {
     QMMainFrame& frame = context.frame;
     VFileDialog& dialog = frame.GetFileDialogs().open;
-    if (!dialog.Run(frame.GetHandle(), true, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY, "",
-                    frame.GetSettings().GetCurrentDirectory().GetText(), szAccountExtension)) {
+    if (!dialog.Run(frame.GetHandle(),
+                    {.uFlags = OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY,
+                     .szDirectory = frame.GetSettings().GetCurrentDirectory().GetText(),
+                     .szDefaultExtension = szAccountExtension})) {
         return true;
     }
     const VWaitCursor wait;
@@ -88,8 +90,11 @@ bool SaveAllDocuments(QMCommandContext& context)
 // Returns false when the user cancels the dialog.
 bool RunExchangeDialog(QMMainFrame& frame, VFileDialog& dialog, bool bOpen)
 {
-    if (!dialog.Run(frame.GetHandle(), bOpen, OFN_HIDEREADONLY, "",
-                    frame.GetSettings().GetCurrentDirectory().GetText(), szExchangeExtension)) {
+    if (!dialog.Run(frame.GetHandle(),
+                    {.bOpen = bOpen,
+                     .uFlags = OFN_HIDEREADONLY,
+                     .szDirectory = frame.GetSettings().GetCurrentDirectory().GetText(),
+                     .szDefaultExtension = szExchangeExtension})) {
         return false;
     }
     frame.SetCurrentDirectory(dialog.GetDirectory().GetText());

@@ -87,9 +87,12 @@ bool QMMainFrame::CreateDocument(const char* szName, bool bIsNew)
                                 ? pActive->IsMaximized()
                                 : (m_settings.GetFlags() & QM_FLAG_CHILD_MAXIMIZED) != 0;
     auto pRegister = std::make_unique<QMRegisterWindow>(RegisterOptions());
-    const DWORD uStyle = bMaximized ? uChildStyle | WS_MAXIMIZE : uChildStyle;
-    if (!pRegister->LoadAccount(*this, szName, bIsNew, szName, {}, uStyle, GetMenu(GetHandle()),
-                                GetWindowMenu(), m_hAccelDocument)) {
+    const VChildArgs args = {.szTitle = szName,
+                             .uStyle = bMaximized ? uChildStyle | WS_MAXIMIZE : uChildStyle,
+                             .hMenu = GetMenu(GetHandle()),
+                             .hWindowMenu = GetWindowMenu(),
+                             .hAccelerators = m_hAccelDocument};
+    if (!pRegister->LoadAccount(*this, szName, bIsNew, args)) {
         m_apRefused.push_back(std::move(pRegister));
         return false;
     }
@@ -165,8 +168,12 @@ void QMMainFrame::RunOrders()
 bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
 {
     VFileDialog& dialog = m_fileDialogs.save;
-    if (!dialog.Run(GetHandle(), false, OFN_HIDEREADONLY, document.GetFullName().GetText(),
-                    m_settings.GetCurrentDirectory().GetText(), szExtension)) {
+    const VString sName = document.GetFullName();
+    if (!dialog.Run(GetHandle(), {.bOpen = false,
+                                  .uFlags = OFN_HIDEREADONLY,
+                                  .szFileName = sName.GetText(),
+                                  .szDirectory = m_settings.GetCurrentDirectory().GetText(),
+                                  .szDefaultExtension = szExtension})) {
         return false;
     }
     const VWaitCursor wait;

@@ -54,7 +54,7 @@ void InitializeClass(DWORD uBit)
 
 bool IsPaintedOffScreen(int32_t lKind)
 {
-    return lKind == V_KIND_TOOLBAR || lKind == V_KIND_TREE_VIEW || lKind == 26 ||
+    return lKind == V_KIND_TOOLBAR || lKind == V_KIND_TREE_VIEW || lKind == V_KIND_OFF_SCREEN ||
            lKind == V_KIND_REBAR;
 }
 

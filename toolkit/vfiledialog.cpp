@@ -57,17 +57,16 @@ VString VFileDialog::InitialDirectory(const char* szDirectory) const
     return VString(uLength < sizeof szCurrent ? szCurrent : "");
 }
 
-bool VFileDialog::Run(HWND hOwner, bool bOpen, DWORD uFlags, const char* szFileName,
-                      const char* szDirectory, const char* szDefaultExtension, const char* szTitle)
+bool VFileDialog::Run(HWND hOwner, const VFileDialogArgs& args)
 {
-    const VString sDirectory = InitialDirectory(szDirectory);
+    const VString sDirectory = InitialDirectory(args.szDirectory);
     const std::unique_ptr<char[]> szFilter = FilterRecord(m_sFilterText);
     const std::unique_ptr<char[]> szNames(new (std::nothrow) char[uBufferSize]);
     if (szFilter == nullptr || szNames == nullptr) {
         return false;
     }
-    const bool bGiven = szFileName != nullptr && *szFileName != '\0';
-    VCopyText(szNames.get(), uBufferSize, bGiven ? szFileName : m_sFileName.GetText());
+    const bool bGiven = args.szFileName != nullptr && *args.szFileName != '\0';
+    VCopyText(szNames.get(), uBufferSize, bGiven ? args.szFileName : m_sFileName.GetText());
     m_uFilterIndex = 1;
 
     OPENFILENAMEA record = {};
@@ -78,13 +77,13 @@ bool VFileDialog::Run(HWND hOwner, bool bOpen, DWORD uFlags, const char* szFileN
     record.lpstrFile = szNames.get();
     record.nMaxFile = uBufferSize;
     record.lpstrInitialDir = sDirectory.GetText();
-    record.lpstrTitle = szTitle;
-    record.lpstrDefExt = szDefaultExtension;
+    record.lpstrTitle = args.szTitle;
+    record.lpstrDefExt = args.szDefaultExtension;
     record.lCustData = HookData();
     record.lpfnHook = &HookProc<OPENFILENAMEA>;
-    record.Flags = DialogFlags(bOpen, uFlags);
+    record.Flags = DialogFlags(args.bOpen, args.uFlags);
     OnBeforeShow(record);
-    const BOOL bChosen = bOpen ? GetOpenFileNameA(&record) : GetSaveFileNameA(&record);
+    const BOOL bChosen = args.bOpen ? GetOpenFileNameA(&record) : GetSaveFileNameA(&record);
     return bChosen && TakeNames(record);
 }
 

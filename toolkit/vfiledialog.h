@@ -4,6 +4,18 @@
 #include "base/vstringlist.h"
 #include "toolkit/vcommondialog.h"
 
+// What one run of a file dialog asks for.
+struct VFileDialogArgs
+{
+    bool bOpen = true; // false: the dialog to save
+    // Those of OPENFILENAME. A dialog to save ignores OFN_ALLOWMULTISELECT.
+    DWORD uFlags = 0;
+    const char* szFileName = nullptr;  // null: the name chosen last
+    const char* szDirectory = nullptr; // null: that chosen last, before there is one the process's
+    const char* szDefaultExtension = nullptr;
+    const char* szTitle = nullptr; // null: that of Windows
+};
+
 class VFileDialog : public VCommonDialog
 {
 public:
@@ -16,14 +28,9 @@ public:
     // Adds a line to the list of file types, such as "Text Files (*.txt)" and "txt".
     void AddFilter(const char* szDescription, const char* szExtension);
 
-    // Shows the dialog. Returns true when the user chose at least one name. A null szFileName means
-    // the name chosen last. A null szDirectory means the folder chosen last, or that of the process
-    // before there is one. uFlags are those of OPENFILENAME; a dialog to save ignores
-    // OFN_ALLOWMULTISELECT. After Cancel, and when the dialog could not be shown, the names are as
-    // before.
-    bool Run(HWND hOwner, bool bOpen, DWORD uFlags = 0, const char* szFileName = nullptr,
-             const char* szDirectory = nullptr, const char* szDefaultExtension = nullptr,
-             const char* szTitle = nullptr);
+    // Shows the dialog. Returns true when the user chose at least one name. After Cancel, and when
+    // the dialog could not be shown, the names are as before.
+    bool Run(HWND hOwner, const VFileDialogArgs& args);
 
     // The folder chosen last, without a backslash at its end.
     const VString& GetDirectory() const { return m_sDirectory; }

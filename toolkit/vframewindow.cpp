@@ -204,9 +204,9 @@ void VFrameWindow::UpdateMenu(HMENU hMenu)
             continue;
         }
         const UINT uId = GetMenuItemID(hMenu, nItem);
-        // Separators have the id 0. Ids from 0xF000 on are the SC_ commands that Windows puts into
+        // Separators have the id 0. Ids from SC_SIZE on are the SC_ commands that Windows puts into
         // the menu bar for a maximized document.
-        if (uId == 0 || uId >= 0xF000) {
+        if (uId == 0 || uId >= SC_SIZE) {
             continue;
         }
         bool bEnabled = true;

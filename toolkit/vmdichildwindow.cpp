@@ -11,16 +11,15 @@ constexpr char szClassName[] = "VMDIChildWindow";
 
 VMDIChildWindow::VMDIChildWindow(int32_t lKind) : VWindow(lKind) {}
 
-bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const char* szTitle, const VRect& rect,
-                                  DWORD uStyle, HMENU hMenu, HMENU hWindowMenu,
-                                  HACCEL hAccelerators)
+bool VMDIChildWindow::CreateChild(VMDIFrameWindow& frame, const VChildArgs& args)
 {
     m_pFrame = &frame;
-    m_hMenu = hMenu;
-    m_hWindowMenu = hWindowMenu;
-    SetAccelerators(hAccelerators);
+    m_hMenu = args.hMenu;
+    m_hWindowMenu = args.hWindowMenu;
+    SetAccelerators(args.hAccelerators);
     if (!VApplication::RegisterCopy(szClassName) ||
-        !Create(frame.GetClient(), rect, uStyle, szClassName, szTitle, 0, WS_EX_MDICHILD)) {
+        !Create(frame.GetClient(), args.rect, args.uStyle, szClassName, args.szTitle, 0,
+                WS_EX_MDICHILD)) {
         return false;
     }
     // Set only now: when the creation fails its window is destroyed, and the caller still owns the

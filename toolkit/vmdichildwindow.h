@@ -6,6 +6,18 @@
 
 class VMDIFrameWindow;
 
+// What a document window is made with. The menu, the submenu for the list of windows and the
+// accelerators are those of the frame while the window is active. The caller still owns them.
+struct VChildArgs
+{
+    const char* szTitle = "";
+    VRect rect = {}; // empty lets Windows place the window
+    DWORD uStyle = WS_OVERLAPPEDWINDOW | WS_VISIBLE;
+    HMENU hMenu = nullptr;
+    HMENU hWindowMenu = nullptr;
+    HACCEL hAccelerators = nullptr;
+};
+
 class VMDIChildWindow : public VWindow
 {
 public:
@@ -29,11 +41,8 @@ public:
     void Restore() override;
     LRESULT DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam) override;
 
-    // Makes the window in the client window of the frame. The menu, the submenu for the list of
-    // windows and the accelerators are those of the frame while this window is active. The caller
-    // still owns them.
-    bool CreateChild(VMDIFrameWindow& frame, const char* szTitle, const VRect& rect, DWORD uStyle,
-                     HMENU hMenu, HMENU hWindowMenu, HACCEL hAccelerators);
+    // Makes the window in the client window of the frame.
+    bool CreateChild(VMDIFrameWindow& frame, const VChildArgs& args);
 
     VMDIFrameWindow* GetFrame() const { return m_pFrame; }
     bool IsMaximized() const { return IsZoomed(GetHandle()) != 0; }

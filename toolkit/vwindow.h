@@ -61,6 +61,16 @@ enum VWindowKind : int32_t
     V_KIND_UP_DOWN = 48,
     V_KIND_MDI_CHILD_2 = 50,
     V_KIND_HEADER = 52,
+
+    // No class here is of these kinds, but the rules of the toolkit name them: which kinds are
+    // dialogs, which stand at the front of the window list, which are painted off screen.
+    V_KIND_FRONT_DIALOG = 9,
+    V_KIND_FRONT_DIALOG_2 = 14,
+    V_KIND_FRONT_WINDOW = 15,
+    V_KIND_DIALOG_2 = 24,
+    V_KIND_OFF_SCREEN = 26,
+    V_KIND_SYSTEM_DIALOG_FIRST = 32, // up to the last, with V_KIND_COMMON_DIALOG among them
+    V_KIND_SYSTEM_DIALOG_LAST = 38,
 };
 
 // Behaviour bits.

@@ -32,7 +32,7 @@ constexpr struct
 
 int32_t KindOfButton(LONG_PTR lStyle)
 {
-    switch (lStyle & 15) {
+    switch (lStyle & BS_TYPEMASK) {
         case BS_CHECKBOX:
         case BS_AUTOCHECKBOX:
         case BS_3STATE:
@@ -52,9 +52,17 @@ int32_t KindOfButton(LONG_PTR lStyle)
 
 bool VIsDialogKind(int32_t lKind)
 {
-    return lKind == V_KIND_DIALOG || lKind == 9 || lKind == 14 || lKind == 24 ||
-           lKind == V_KIND_PROPERTY_SHEET || lKind == V_KIND_PROPERTY_PAGE ||
-           (lKind >= 32 && lKind <= 38);
+    switch (lKind) {
+        case V_KIND_DIALOG:
+        case V_KIND_FRONT_DIALOG:
+        case V_KIND_FRONT_DIALOG_2:
+        case V_KIND_DIALOG_2:
+        case V_KIND_PROPERTY_SHEET:
+        case V_KIND_PROPERTY_PAGE:
+            return true;
+        default:
+            return lKind >= V_KIND_SYSTEM_DIALOG_FIRST && lKind <= V_KIND_SYSTEM_DIALOG_LAST;
+    }
 }
 
 int32_t VKindOfClass(const char* szClass, LONG_PTR lStyle)

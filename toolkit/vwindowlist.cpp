@@ -9,10 +9,10 @@ VWindowList& VWindowList::Get()
 void VWindowList::Add(VWindow* pWindow)
 {
     switch (pWindow->GetKind()) {
-        case 9:
+        case V_KIND_FRONT_DIALOG:
         case V_KIND_FRAME:
-        case 14:
-        case 15:
+        case V_KIND_FRONT_DIALOG_2:
+        case V_KIND_FRONT_WINDOW:
         case V_KIND_MDI_FRAME:
         case V_KIND_MDI_FRAME_2:
             m_windows.InsertAfter(nullptr, pWindow);

@@ -7,6 +7,7 @@
 #include "resources/resource.h"
 #include "tests/win/dialog_support.h"
 #include "tests/win/support.h"
+#include "toolkit/vrect_win.h"
 #include "toolkit/vregkey.h"
 
 namespace {
@@ -319,7 +320,7 @@ TEST_F(QMCalculatorTest, ComesUpOnTheScreenWhateverIsStored)
         Store(szStored);
         ASSERT_TRUE(Open()) << szStored;
         const VRect place = Place();
-        const RECT rect = {place.left, place.top, place.right, place.bottom};
+        const RECT rect = VToRect(place);
         EXPECT_NE(MonitorFromRect(&rect, MONITOR_DEFAULTTONULL), nullptr) << szStored;
         m_calculator.OnClose(false);
     }

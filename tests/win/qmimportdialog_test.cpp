@@ -9,6 +9,7 @@
 #include "resources/resource.h"
 #include "tests/win/importreview.h"
 #include "tests/win/modaldriver.h"
+#include "toolkit/vrect_win.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ VRect PlaceOf(const VDialog& dialog, HWND hChild)
     RECT rect = {};
     GetWindowRect(hChild, &rect);
     MapWindowPoints(nullptr, dialog.GetHandle(), reinterpret_cast<POINT*>(&rect), 2);
-    return {rect.left, rect.top, rect.right, rect.bottom};
+    return VFromRect(rect);
 }
 
 // While it lives no list control can be made.

@@ -91,9 +91,16 @@ protected:
 
     bool Open(DWORD uFlags = 0)
     {
-        return m_dialog.Run(nullptr, true, uFlags, nullptr, m_folder.Get(), "qmk", "Open It");
+        return m_dialog.Run(nullptr, {.uFlags = uFlags,
+                                      .szDirectory = m_folder.Get(),
+                                      .szDefaultExtension = "qmk",
+                                      .szTitle = "Open It"});
     }
-    bool Save() { return m_dialog.Run(nullptr, false, 0, nullptr, m_folder.Get(), "qmk"); }
+    bool Save()
+    {
+        return m_dialog.Run(
+            nullptr, {.bOpen = false, .szDirectory = m_folder.Get(), .szDefaultExtension = "qmk"});
+    }
 
     ScopedAcceleratorTables m_tables;
     ScopedFolder m_folder;
@@ -250,7 +257,7 @@ TEST_F(VFileDialogTest, AsksTheSystemAsItShould)
     EXPECT_EQ(m_dialog.m_shown.Flags,
               uAlways | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_ALLOWMULTISELECT);
     m_driver.Next(Pressing(IDCANCEL));
-    m_dialog.Run(nullptr, false, OFN_HIDEREADONLY | OFN_ALLOWMULTISELECT);
+    m_dialog.Run(nullptr, {.bOpen = false, .uFlags = OFN_HIDEREADONLY | OFN_ALLOWMULTISELECT});
     EXPECT_EQ(m_dialog.m_shown.Flags, uAlways | OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY);
     EXPECT_EQ(m_dialog.m_shown.nMaxFile, 16384U);
     EXPECT_EQ(m_dialog.m_shown.nFilterIndex, 1U);
@@ -284,16 +291,17 @@ TEST_F(VFileDialogTest, StartsWhereItWasLast)
     dialog.AddFilter("Quillmark Files (*.qmk)", "qmk");
     dialog.AddFilter("All Files (*.*)", "*");
     m_driver.Next(Choosing(m_folder.Path("a.qmk")));
-    ASSERT_TRUE(dialog.Run(nullptr, true));
+    ASSERT_TRUE(dialog.Run(nullptr, {}));
     EXPECT_EQ(dialog.m_sName, "");
     EXPECT_EQ(dialog.m_sDirectory, CurrentDirectory());
     EXPECT_EQ(dialog.m_sFilter, "Quillmark Files (*.qmk)|*.qmk|All Files (*.*)|*.*|");
     m_driver.Next(Pressing(IDCANCEL));
-    EXPECT_FALSE(dialog.Run(nullptr, true));
+    EXPECT_FALSE(dialog.Run(nullptr, {}));
     EXPECT_EQ(dialog.m_sName, m_folder.Path("a.qmk"));
     EXPECT_EQ(dialog.m_sDirectory, m_folder.Get());
     m_driver.Next(Pressing(IDCANCEL));
-    EXPECT_FALSE(dialog.Run(nullptr, false, 0, "given.qmk", "C:\\"));
+    EXPECT_FALSE(
+        dialog.Run(nullptr, {.bOpen = false, .szFileName = "given.qmk", .szDirectory = "C:\\"}));
     EXPECT_EQ(dialog.m_sName, "given.qmk");
     EXPECT_EQ(dialog.m_sDirectory, "C:\\");
 }
@@ -302,6 +310,7 @@ TEST_F(VFileDialogTest, CutsAStartingNameToItsBuffer)
 {
     StartingFileDialog dialog;
     m_driver.When([](HWND) { return true; }, Pressing(IDCANCEL));
-    dialog.Run(nullptr, true, 0, std::string(20000, 'x').c_str());
+    const std::string sLong(20000, 'x');
+    dialog.Run(nullptr, {.szFileName = sLong.c_str()});
     EXPECT_EQ(dialog.m_sName.size(), 16383U);
 }

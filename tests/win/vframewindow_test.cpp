@@ -4,6 +4,7 @@
 
 #include "tests/win/resource.h"
 #include "tests/win/support.h"
+#include "toolkit/vrect_win.h"
 
 namespace {
 
@@ -129,7 +130,7 @@ VRect PlaceIn(const VWindow& parent, const VWindow& child)
     RECT rect = {};
     GetWindowRect(child.GetHandle(), &rect);
     MapWindowPoints(nullptr, parent.GetHandle(), reinterpret_cast<POINT*>(&rect), 2);
-    return {rect.left, rect.top, rect.right, rect.bottom};
+    return VFromRect(rect);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include "tests/win/support.h"
 #include "toolkit/vmdichildwindow.h"
+#include "toolkit/vrect_win.h"
 
 namespace {
 
@@ -146,8 +147,11 @@ protected:
     VNotedChild* Open(const char* szName, HACCEL hKeys = nullptr, VRect rect = {})
     {
         auto pChild = std::make_unique<VNotedChild>(m_record, szName);
-        if (!pChild->CreateChild(m_frame, szName, rect, WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                 m_hChildMenu, m_hChildWindowMenu, hKeys)) {
+        if (!pChild->CreateChild(m_frame, {.szTitle = szName,
+                                           .rect = rect,
+                                           .hMenu = m_hChildMenu,
+                                           .hWindowMenu = m_hChildWindowMenu,
+                                           .hAccelerators = hKeys})) {
             return nullptr;
         }
         return pChild.release();
@@ -191,7 +195,7 @@ TEST_F(VMdiTest, TheClientFillsWhatTheBarsLeave)
     RECT rect = {};
     GetWindowRect(m_frame.GetClient(), &rect);
     MapWindowPoints(nullptr, m_frame.GetHandle(), reinterpret_cast<POINT*>(&rect), 2);
-    EXPECT_EQ((VRect{rect.left, rect.top, rect.right, rect.bottom}), area);
+    EXPECT_EQ(VFromRect(rect), area);
     EXPECT_EQ(GetDlgCtrlID(m_frame.GetClient()), 25000);
     EXPECT_EQ(ActiveName(), "");
 }
@@ -214,8 +218,8 @@ TEST_F(VMdiTest, AChildThatCannotBeMadeStaysItsMakersObject)
 {
     auto pChild = std::make_unique<VNotedChild>(m_record, "a");
     pChild->m_bRefusesCreate = true;
-    EXPECT_FALSE(pChild->CreateChild(m_frame, "a", {}, WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                     m_hChildMenu, m_hChildWindowMenu, nullptr));
+    EXPECT_FALSE(pChild->CreateChild(
+        m_frame, {.szTitle = "a", .hMenu = m_hChildMenu, .hWindowMenu = m_hChildWindowMenu}));
     EXPECT_TRUE(VWindow::IsLive(pChild.get()));
     EXPECT_EQ(pChild->GetHandle(), nullptr);
     EXPECT_EQ(m_frame.GetActiveChild(), nullptr);
@@ -354,8 +358,8 @@ TEST(VMdiFrame, AFrameDeletedWithItsWindowEndsItsChildrenFirst)
         ASSERT_TRUE(frame.CreateFrame(CreateMenu(), "Frame", {20, 20, 420, 320},
                                       WS_OVERLAPPEDWINDOW, 3502, 3501));
         auto pChild = std::make_unique<VNotedChild>(record, "a");
-        ASSERT_TRUE(pChild->CreateChild(frame, "a", {}, WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                        GetMenu(frame.GetHandle()), nullptr, nullptr));
+        ASSERT_TRUE(
+            pChild->CreateChild(frame, {.szTitle = "a", .hMenu = GetMenu(frame.GetHandle())}));
         pChild.release();
         record.Take();
     }

@@ -8,6 +8,7 @@
 #include "tests/win/picture.h"
 #include "tests/win/support.h"
 #include "toolkit/vapplication.h"
+#include "toolkit/vrect_win.h"
 
 namespace {
 
@@ -153,7 +154,7 @@ TEST_F(PreviewTest, ComesUpOverItsOwnerWithTheFirstPage)
         EXPECT_EQ(Text(VWindow::WindowText(hDialog)), "Print Preivew - my pages");
         RECT rect = {};
         GetWindowRect(hDialog, &rect);
-        EXPECT_EQ((VRect{rect.left, rect.top, rect.right, rect.bottom}), m_owner.GetWindowRect());
+        EXPECT_EQ(VFromRect(rect), m_owner.GetWindowRect());
         EXPECT_EQ(PageText(hDialog), "1 of 3");
         EXPECT_EQ(Buttons(hDialog), "0011");
         EXPECT_EQ(ItemText(hDialog, IDC_PREVIEW_SCALE), "70%");
