@@ -14,6 +14,7 @@ bool QMAccount::Read()
 
 bool QMAccount::Write()
 {
+    // Kept: a version above 2.0 is written, although no reader takes it back.
     if (!IsOpen() || lVersion < QM_VERSION_1_0) {
         return false;
     }

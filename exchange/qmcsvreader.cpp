@@ -70,6 +70,8 @@ void QMCsvFormat::ParseHeader(char* szText)
             break;
         }
         if (nColumns == 0) {
+            // Kept: the first cell decides for the whole file. Where it stands without quotes, a
+            // comma within the quotes of another cell separates two cells.
             bQuoted = IsInQuotes(szToken);
         }
         const char* szName = bQuoted ? RepairCell(szToken, tokenizer) : szToken;
@@ -93,8 +95,10 @@ void QMCsvFormat::ParseRow(char* szText)
     Commit();
 }
 
-// Puts a cell together again that commas within quotes have split. The commas are lost, and all
-// quotes are taken off.
+// Puts a cell together again that commas within quotes have split.
+//
+// Kept: the commas are lost, and quotes are taken off wherever they stand. Imported accounts hold
+// such texts, and a second import must give the same ones.
 const char* QMCsvFormat::RepairCell(char* szCell, QMTokenizer& tokenizer)
 {
     if (*szCell != cQuote || EndsWithQuote(szCell)) {

@@ -80,6 +80,9 @@ void QMExchangeFormat::ResetPending()
 {
     txPending.SetDefaults();
     // A number makes the record a check. So there is none until the file gives one.
+    //
+    // Kept: the date cleared stays 1 January 2000 until the file gives one. So a record of before
+    // 2000 comes in as cleared on that day.
     txPending.lNumber = 0;
 }
 

@@ -224,6 +224,7 @@ constexpr QMCommand aCommands[] = {
         .pRun = QMSetAccountInformation,
     },
     {
+        // Kept: read-only mode does not stop it. The new password is then never saved.
         .uFirst = IDM_FILE_PASSWORD,
         .offered = QMOffered::WithDocument,
         .needs = QMNeeds::Document,

@@ -1,5 +1,7 @@
 // What the program leaves in the registry, and what it makes of what it finds there.
 
+#include "resources/resource.h"
+#include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 
 namespace {
@@ -52,6 +54,22 @@ TEST_F(SettingsTest, FirstStartWritesTheDefaultsAndNothingElse)
     const std::string sPosition = ReadPosition();
     EXPECT_EQ(sPosition, FramePosition());
     EXPECT_EQ(AllSettings(), Defaults(sPosition));
+}
+
+// Kept: the registry gets the folder of installation as the current one, and the first run does not.
+TEST_F(SettingsTest, FirstStartOpensFilesWhereItWasStarted)
+{
+    const std::string sPath = CopySample("here.qmk");
+    char szBefore[MAX_PATH] = "";
+    GetCurrentDirectoryA(sizeof szBefore, szBefore);
+    SetCurrentDirectoryA(PathOf("").c_str());
+    m_program.Open();
+    SetCurrentDirectoryA(szBefore);
+    m_program.Post(IDM_FILE_OPEN);
+    AwaitFileDialog(m_program, "Open").Enter("here.qmk");
+    Await("the account", [&] { return m_program.GetDocumentTitles() == Texts{sPath}; });
+    EXPECT_EQ(ReadSettingText("Settings", "Directory - Current"),
+              sPath.substr(0, sPath.rfind('\\')));
 }
 
 TEST_F(SettingsTest, FirstRunThatChangesNothingLeavesTheDefaults)

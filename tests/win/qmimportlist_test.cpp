@@ -177,7 +177,7 @@ TEST_F(QMImportListTest, AClickElsewhereDoesNothing)
     });
 }
 
-// Known and kept: the columns are looked up as if the list were never scrolled sideways.
+// Kept: the columns are looked up as if the list were never scrolled sideways.
 TEST_F(QMImportListTest, AClickCountsFromTheLeftEdgeOfAScrolledListToo)
 {
     Fill({0, 0});

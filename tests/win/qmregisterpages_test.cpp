@@ -4,11 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "printing/vprintdocument.h"
 #include "register/qmregistermodel.h"
 #include "tests/win/dialog_support.h"
+#include "tests/win/picture.h"
 #include "tests/win/printer_support.h"
 #include "tests/win/support.h"
 
@@ -168,6 +170,20 @@ TEST_F(RegisterPagesTest, KeptTheFirstRowOfAPageIsShaded)
     EXPECT_EQ(At(x, TableTop() + 1), crShade);
     EXPECT_EQ(At(x, TableTop() + nRow + 1), crWhite);
     EXPECT_EQ(At(x, TableTop() + 2 * nRow + 1), crShade);
+}
+
+TEST_F(RegisterPagesTest, KeptABalanceHasTheTextsColourOnPaper)
+{
+    const COLORREF crBalance = RGB(255, 0, 0);
+    m_list.SetBalanceColors(crBalance, crBalance);
+    AddTransactions(20);
+    const Picture screen(m_list);
+    EXPECT_TRUE(screen.HasAny({0, 0, screen.GetWidth(), screen.GetHeight()}, crBalance));
+    ASSERT_TRUE(Render());
+    for (int nPage = 1; nPage <= m_context.nPages; ++nPage) {
+        Look(nPage);
+        EXPECT_EQ(std::count(m_pixels.begin(), m_pixels.end(), crBalance), 0) << nPage;
+    }
 }
 
 TEST_F(RegisterPagesTest, GridLinesRunAroundTheCells)

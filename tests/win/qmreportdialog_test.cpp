@@ -69,7 +69,7 @@ TEST_F(QMReportDialogTest, OffersTheGroupsOfAType)
             EXPECT_EQ(RowsOf(hDialog, IDC_REPORT_CATEGORY),
                       (std::vector<std::string>{"All", "Car", "home"}));
         }
-        // Any notification brings the first row back.
+        // Kept: any notification of the list of reports brings the first group back.
         Choose(hDialog, IDC_REPORT_CATEGORY, 2);
         SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(IDC_REPORT_TYPE, CBN_DROPDOWN), 0);
         EXPECT_EQ(ItemText(hDialog, IDC_REPORT_CATEGORY), "All");
@@ -97,8 +97,8 @@ TEST_F(QMReportDialogTest, TakesTheDatesOfTheChoice)
         const int nTwoRows = RunMonth(2);
         const int nOneRow = RunMonth(3);
         EXPECT_LT(nOneRow, nTwoRows);
-        // The dates from January to December are those that the boxes start with. The keyboard's
-        // way to one of them chooses them.
+        // The dates from January to December are those that the boxes start with. Kept: one that
+        // gets the focus is chosen by that.
         SetFocus(GetDlgItem(hDialog, IDC_REPORT_FROM));
         EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYRANGE));
         EXPECT_FALSE(IsOn(hDialog, IDC_REPORT_BYMONTH));

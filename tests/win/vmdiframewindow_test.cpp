@@ -398,7 +398,7 @@ TEST_F(VMdiTest, StepsToTheNextAndBack)
 {
     OpenThree();
     ASSERT_EQ(ActiveName(), "c");
-    // On to the window that the eye takes for the next: the one that was opened first.
+    // Kept: "next" goes backwards in the stack of windows, to the one that was opened first.
     EXPECT_TRUE(m_frame.Arrange(503));
     const std::string sNext = ActiveName();
     EXPECT_EQ(sNext, "a");

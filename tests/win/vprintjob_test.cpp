@@ -340,6 +340,13 @@ TEST_F(PrintJobTest, TellsThePageAndDisablesTheOwner)
                                                "Sending Page 3..."}));
 }
 
+TEST_F(PrintJobTest, KeptAnOwnerThatWasDisabledBeforeIsEnabledAtTheEnd)
+{
+    m_owner.Enable(false);
+    EXPECT_TRUE(Print());
+    EXPECT_TRUE(IsWindowEnabled(m_owner.GetHandle()));
+}
+
 TEST_F(PrintJobTest, CancelBetweenTwoPagesIsNoFailure)
 {
     m_printer.m_onPage = [](int nPage) {

@@ -148,6 +148,7 @@ protected:
 
 } // namespace
 
+// Kept: the caption is misspelled.
 TEST_F(PreviewTest, ComesUpOverItsOwnerWithTheFirstPage)
 {
     EXPECT_TRUE(Run([&](HWND hDialog) {

@@ -239,6 +239,20 @@ TEST_F(VScrollViewTest, ASecondViewOfTheSameSizeDecidesOnItsOwnBars)
     EXPECT_EQ(second.GetLong(GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0);
 }
 
+TEST_F(VScrollViewTest, KeptTwoViewsThatShareOneMemoryOfSizesHaveTheirOwnBars)
+{
+    VScrollView second;
+    ASSERT_TRUE(MakeView(second));
+    for (int nRound = 0; nRound < 2; ++nRound) {
+        Show(m_view, 500, 400);
+        Show(second, 100, 50);
+        m_view.Redraw();
+        PumpAll();
+        EXPECT_TRUE(HasBar(WS_HSCROLL) && HasBar(WS_VSCROLL)) << nRound;
+        EXPECT_EQ(second.GetLong(GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << nRound;
+    }
+}
+
 TEST_F(VScrollViewTest, CanBeMadeAgainAfterItsEnd)
 {
     Show(m_view, 500, 400);

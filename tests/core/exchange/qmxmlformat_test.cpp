@@ -265,6 +265,7 @@ TEST(XmlReader, RefusesADocumentThatGrowsWithoutMeasure)
               refused);
 }
 
+// Kept: the document type has the name DOCUMENT, and the root element another one.
 TEST(XmlWriter, WritesTheWholeDocumentWordForWord)
 {
     QMTransaction check = MakeFull(0, "3/4/2004", 1234.5F, "Rent", "March", "Home", 0);

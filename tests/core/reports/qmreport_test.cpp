@@ -224,6 +224,7 @@ TEST(Statement, WithNothingClearedShowsTheBalanceAndSaysSo)
     EXPECT_EQ(LastText(drawing), "No statement details available.");
 }
 
+// Kept: with nothing cleared in the range, what was cleared after it counts as well.
 TEST(Statement, BeforeTheFirstClearedDateBeginsWithTheWholeBalance)
 {
     QMAccountData account;
@@ -275,6 +276,7 @@ TEST(Statement, CountsOneInTheSingular)
 
 // One that is voided and yet cleared comes from other programs' files; the store itself never
 // makes one.
+// Kept: only the other withdrawals add up their voided rows too.
 TEST(Statement, KeepsARowOfAVoidedOneButNotItsAmount)
 {
     QMAccountData account;
