@@ -188,8 +188,8 @@ void QMXmlFormat::EndField()
 
 void QMXmlFormat::EndTransaction()
 {
-    // Kept: of two transactions, one within the other, the end of the inner one ends both. They make
-    // one record.
+    // Kept: of two transactions, one within the other, the end of the inner one ends both. They
+    // make one record.
     m_records.Add(txPending);
     txPending.SetDefaults();
     nCurrentType = lNone;

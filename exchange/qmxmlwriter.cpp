@@ -10,8 +10,8 @@ namespace {
 // Declarations for a human reader. Nothing validates a document against them.
 //
 // Kept: the document type is named DOCUMENT, which is not the name of the root element, and a date
-// is plain text in a tag. No encoding is named and texts are written in the code page of Windows, so
-// a character beyond 127 makes a document that no parser accepts.
+// is plain text in a tag. No encoding is named and texts are written in the code page of Windows,
+// so a character beyond 127 makes a document that no parser accepts.
 constexpr char szProlog[] =
     "<?xml version=\"1.0\" standalone=\"yes\"?>\n"
     "<!DOCTYPE DOCUMENT [\n"
