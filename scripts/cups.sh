@@ -4,9 +4,11 @@
 # beside a JOB-QUEUE.txt of four lines: its title, the copies, the options,
 # the number of its pages. Where FOLDER/out/pictures exists, its pages become pictures too,
 # JOB-QUEUE-PAGE.pgm with 96 dots per inch.
-# Usage: cups.sh FOLDER
+# Usage: cups.sh [--stoppable] FOLDER
 # Prints what programs need in their environment, then an empty line once the spooler is ready, and
 # ends it when its own standard input ends.
+# --stoppable: a test stops the spooler by the file FOLDER/out/stop, whose name is printed too, and
+# starts it again by removing that file. The file FOLDER/out/stopped is there while it does not run.
 # The queues: PDF, the default, with 300 dots per inch and A4; Fine, with 600 dots per inch, Letter
 # and margins that its printer cannot reach.
 # Needs the packages cups and printer-driver-cups-pdf, and root.
@@ -70,7 +72,7 @@ write_backend() {
 [ $# -ge 5 ] || { echo 'file tests-pdf "Unknown" "PDF files of tests"'; exit 0; }
 to=${DEVICE_URI#*:}/$1-$PRINTER
 [ $# -lt 6 ] || exec <"$6"
-gs -q -dBATCH -dNOPAUSE -dSAFER -sDEVICE=pdfwrite -sOutputFile="$to.part" - >&2 || exit 1
+gs -q -dBATCH -dNOPAUSE -dSAFER -dDoNumCopies -sDEVICE=pdfwrite -sOutputFile="$to.part" - >&2 || exit 1
 pages=$(pdfinfo "$to.part" | sed -n 's/^Pages: *//p')
 [ ! -e "${to%/*}/pictures" ] || pdftoppm -r 96 -gray "$to.part" "$to"
 printf '%s\n%s\n%s\n%s\n' "$3" "$4" "$5" "$pages" >"$to.text"
@@ -80,8 +82,10 @@ BACKEND
     chmod 755 "$folder/bin/backend/tests-pdf"
 }
 
+# Wine 8 asks each printer for 300 dots per inch. Only one that cannot print so gets its default.
 write_fine_description() {
     sed \
+        -e '/^\*Resolution \(150\|300\|1200\|2400\)dpi/d' \
         -e 's|^\*DefaultPageSize: .*|*DefaultPageSize: Letter|' \
         -e 's|^\*DefaultPageRegion: .*|*DefaultPageRegion: Letter|' \
         -e 's|^\*DefaultImageableArea: .*|*DefaultImageableArea: Letter|' \
@@ -98,6 +102,13 @@ await_scheduler() {
         sleep 0.1
     done
     die "the spooler did not come up"
+}
+
+start_spooler() {
+    cupsd -f -c "$folder/cupsd.conf" -s "$folder/cups-files.conf" \
+        >>"$folder/cupsd.log" 2>&1 </dev/null &
+    spooler=$!
+    await_scheduler
 }
 
 make_queues() {
@@ -120,19 +131,31 @@ start() {
     write_configuration
     write_backend
     write_fine_description >"$folder/fine.ppd"
-    cupsd -f -c "$folder/cupsd.conf" -s "$folder/cups-files.conf" \
-        >"$folder/cupsd.log" 2>&1 </dev/null &
-    spooler=$!
-    await_scheduler
+    start_spooler
     make_queues 2>"$folder/lpadmin.log" ||
         die "no queue could be made: $(tail -n1 "$folder/lpadmin.log")"
 }
 
+end_spooler() {
+    [[ -n $spooler ]] || return 0
+    kill "$spooler" && wait "$spooler" || true
+    spooler=
+} 2>/dev/null
+
 end() {
     trap '' TERM INT HUP
-    [[ -n $spooler ]] || return 0
-    kill "$spooler" && wait "$spooler"
-} 2>/dev/null
+    end_spooler
+}
+
+follow_stop_file() {
+    if [[ -e $folder/out/stop && -n $spooler ]]; then
+        end_spooler
+        : >"$folder/out/stopped"
+    elif [[ ! -e $folder/out/stop && -z $spooler ]]; then
+        start_spooler
+        rm "$folder/out/stopped"
+    fi
+}
 
 # Wine shows this machine's files as drive Z:.
 windows_path() {
@@ -140,13 +163,23 @@ windows_path() {
     echo "${path//\//\\}"
 }
 
-[[ $# -eq 1 ]] || die "usage: cups.sh FOLDER"
+stoppable=
+[[ ${1:-} != --stoppable ]] || { stoppable=1 && shift; }
+[[ $# -eq 1 ]] || die "usage: cups.sh [--stoppable] FOLDER"
 folder=$(realpath -m "$1")
 spooler=
 export CUPS_SERVER=$folder/socket
 trap end EXIT
 trap 'exit 143' TERM INT HUP
 start
-printf 'CUPS_SERVER=%s\nQUILLMARK_PRINTED=%s\n\n' "$CUPS_SERVER" "$(windows_path "$folder/out")"
-# Not a program: a signal must not have to wait for it.
-while read -r _; do :; done
+printf 'CUPS_SERVER=%s\nQUILLMARK_PRINTED=%s\n' "$CUPS_SERVER" "$(windows_path "$folder/out")"
+[[ -z $stoppable ]] || printf 'QUILLMARK_STOPS_PRINTER=%s\n' "$(windows_path "$folder/out/stop")"
+echo
+# Not a program: a signal must not have to wait for it. A read that is only out of time gives more
+# than 128.
+status=0
+while ((status == 0 || (status > 128 && ${#stoppable}))); do
+    status=0
+    read -r ${stoppable:+-t 0.2} _ || status=$?
+    [[ -z $stoppable ]] || follow_stop_file
+done

@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
 """Runs one ring of tests: a GoogleTest program and, for some, the command-line tests of qmktool.
 
-Prints the output of the tests that failed, the skipped ones with their reasons and one line of
-counts. Appends these counts as "PASSED FAILED SKIPPED" to a file. Exit code 1 if anything failed.
+Prints the output of the tests that failed, the skipped ones with their reasons, the figures that
+tests print on lines of their own ("speed: ..."), and one line of counts. Appends these counts as
+"PASSED FAILED SKIPPED" to a file. Exit code 1 if anything failed.
 
 --program given N times runs N parts of the tests side by side, each by a command line of its own.
+--apart FILTER COMMAND takes the tests of a GoogleTest filter out of these parts. They run after
+them, by this command line, which gives them other surroundings.
 
 With --second-try a few failed tests run once more by themselves: tests of windows depend on the
 machine's load. What passes then counts as passed and is named with what the first try said. A crash
@@ -38,6 +41,7 @@ class Results:
     failures: list[tuple[str, str]] = field(default_factory=list)  # name, output
     skips: list[tuple[str, str]] = field(default_factory=list)  # name, reason
     second_tries: list[tuple[str, str]] = field(default_factory=list)  # name, first output
+    figures: list[str] = field(default_factory=list)
 
     @property
     def ran(self) -> int:
@@ -48,6 +52,7 @@ class Results:
         self.failures += other.failures
         self.skips += other.skips
         self.second_tries += other.second_tries
+        self.figures += other.figures
 
 
 RUN_LINE = re.compile(r"^\[ RUN      \] (\S+)$")
@@ -155,6 +160,7 @@ def run_program(command: list[str], folder: Path, ring: str,
         ending = ending or f"ended with code {code} and without a report"
         results.failures.append((running or name, f"{rest}\n{name} {ending}"))
         return results
+    results.figures = [line for line in output.splitlines() if line.startswith("speed: ")]
     if code != 0 and not results.failures:
         what = f"{name} passed its tests and then ended with code {code}"
         results.failures.append((name, f"{rest}\n{what}"))
@@ -175,6 +181,12 @@ def run_parts(commands: list[list[str]], folder: Path, ring: str) -> Results:
         for part in pool.map(run_program, commands, [folder] * len(commands), names, parts):
             results.add(part)
     return results
+
+
+def filtered(command: list[str], positive: str, negative: list[str]) -> list[str]:
+    """The command line for the tests of one filter without those of others."""
+    words = positive + ("-" + ":".join(negative) if negative else "")
+    return [*command, f"--gtest_filter={words}"] if words else command
 
 
 def try_again(results: Results, command: list[str], folder: Path, ring: str) -> None:
@@ -257,6 +269,8 @@ def print_results(ring: str, results: Results, seconds: float) -> None:
         print(f"{ring}: {name} passed at its second try; the first said\n{text.rstrip()}\n")
     for name, reason in results.skips:
         print(f"{ring}: skipped {name}: {reason}")
+    for line in results.figures:
+        print(f"{ring}: {line}")
     print(f"{ring}: {results.passed} passed, {len(results.failures)} failed, "
           f"{len(results.skips)} skipped ({seconds:.1f} s)", flush=True)
 
@@ -266,6 +280,8 @@ def main() -> int:
     parser.add_argument("ring", help="the name to print")
     parser.add_argument("--program", required=True, action="append",
                         help="command line of the GoogleTest program")
+    parser.add_argument("--apart", nargs=2, action="append", default=[],
+                        metavar=("FILTER", "COMMAND"), help="tests with a command of their own")
     parser.add_argument("--tool", help="command line of the qmktool under test")
     parser.add_argument("--tool-tests", default="tests/tool", help="folder of the qmktool tests")
     parser.add_argument("--second-try", action="store_true", help="run failed tests once more")
@@ -277,9 +293,15 @@ def main() -> int:
     began = time.monotonic()
     options.counts.parent.mkdir(parents=True, exist_ok=True)
     commands, folder = [shlex.split(line) for line in options.program], options.counts.parent
-    results = run_parts(commands, folder, options.ring)
-    if options.second_try:
-        try_again(results, commands[0], folder, options.ring)
+    results = Results()
+    kinds = [(commands, "", [positive for positive, _ in options.apart])]
+    kinds += [([shlex.split(line)], positive, []) for positive, line in options.apart]
+    for number, (kind, positive, negative) in enumerate(kinds):
+        name = f"{options.ring}-apart{number}" if number else options.ring
+        found = run_parts([filtered(command, positive, negative) for command in kind], folder, name)
+        if options.second_try:
+            try_again(found, kind[0], folder, name)
+        results.add(found)
     if options.tool:
         results.add(run_tool_tests(options.tool, options.tool_tests))
     print_results(options.ring, results, time.monotonic() - began)

@@ -38,6 +38,14 @@ RESULTS = Path("build/results")
 
 
 @dataclass(frozen=True)
+class Apart:
+    """Tests of a ring that run after the others, in surroundings of their own."""
+    tests: str  # a GoogleTest filter
+    servers: tuple[str, ...] = ()  # instead of the ring's
+    environment: tuple[str, ...] = ()  # arguments of env
+
+
+@dataclass(frozen=True)
 class Ring:
     presets: tuple[str, ...]  # what has to be built before
     lane: str = "console"
@@ -45,31 +53,43 @@ class Ring:
     tool: bool = False  # besides, the command-line tests with the first preset's qmktool
     command: tuple[str, ...] = ()  # or this
     servers: tuple[str, ...] = ()
+    apart: tuple[Apart, ...] = ()
     debug: str = ""  # the variable that puts Wine's checking heap under what is tested
 
 
 # What wine.sh gives to the program that it runs, and e2e_tests to the programs that it starts.
 OWN_DEBUG, PROGRAM_DEBUG = "QUILLMARK_WINE_DEBUG", "QUILLMARK_PROGRAM_DEBUG"
 
+# A spooler that nobody listens for is a machine without a printer.
+PRINTERS_APART = (
+    Apart("*WithoutAPrinter*",
+          environment=("-u", "QUILLMARK_PRINTED", "CUPS_SERVER=/nowhere")),
+    Apart("*PrinterThatVanishes*", servers=("stoppable printer",)),
+)
+
 # Lanes take their rings in this order.
 RINGS = {
     "core": Ring(("native",), program="core_tests", tool=True),
     "win-win64": Ring(("win64",), "window", program="win_tests",
-                      servers=("printer",), debug=OWN_DEBUG),
+                      servers=("printer",), apart=PRINTERS_APART, debug=OWN_DEBUG),
     "e2e-win64": Ring(("win64",), "window", program="e2e_tests",
-                      servers=("printer",), debug=PROGRAM_DEBUG),
+                      servers=("printer",), apart=PRINTERS_APART, debug=PROGRAM_DEBUG),
     "core-win64": Ring(("win64",), program="core_tests", tool=True),
     "core-asan": Ring(("native-asan",), program="core_tests", tool=True),
     "win-win32": Ring(("win32",), "window", program="win_tests",
-                      servers=("printer",), debug=OWN_DEBUG),
+                      servers=("printer",), apart=PRINTERS_APART, debug=OWN_DEBUG),
     "e2e-win32": Ring(("win32",), "window", program="e2e_tests",
-                      servers=("printer",), debug=PROGRAM_DEBUG),
+                      servers=("printer",), apart=PRINTERS_APART, debug=PROGRAM_DEBUG),
     "core-win32": Ring(("win32",), program="core_tests", tool=True),
     "lint": Ring((), "build", command=("scripts/lint.sh",)),
 }
 QUICK = ("core", "lint")
-# A printer of the tests' own, shared by all: a test finds its document by the title.
-SERVERS: dict[str, tuple[str, ...]] = {"printer": ("scripts/cups.sh", "build/cups")}
+# A printer of the tests' own, shared by all: a test finds its document by the title. And one that a
+# test may stop: its tests run one after another.
+SERVERS: dict[str, tuple[str, ...]] = {
+    "printer": ("scripts/cups.sh", "build/cups"),
+    "stoppable printer": ("scripts/cups.sh", "--stoppable", "build/cups-stoppable"),
+}
 LANES = ("build", "console", "window")
 # The longest wait is that for windows, so what has windows is built first.
 WINE = ("win64", "win32")
@@ -273,10 +293,10 @@ class TestRun:
         self.say(f"{name}: could not be started")
         return None
 
-    def environment_of_servers(self, ring: Ring) -> dict[str, str]:
+    def environment_of_servers(self, names: tuple[str, ...]) -> dict[str, str]:
         environment: dict[str, str] = {}
         with self.supply_lock["servers"]:
-            for name in ring.servers:
+            for name in names:
                 if name not in self.servers:
                     self.servers[name] = self.start_server(name)
                 server = self.servers[name]
@@ -304,7 +324,7 @@ class TestRun:
                 self.say(f"{name}: FAILED, preset {preset} does not build")
                 note_counts(name, "0 1 0")
                 return 1, 0.0
-        environment = self.environment_of_servers(ring) | SANITIZERS
+        environment = self.environment_of_servers(ring.servers) | SANITIZERS
         if ring.command:
             command = [*ring.command, str(counts_of(name))]
             return self.execute(command, polite=ring.lane == "build", **environment)
@@ -317,7 +337,16 @@ class TestRun:
                 return 0, 0.0
             launchers = [launcher(ring, slot) for slot in
                          (slots[1:] if ring.lane == "window" else slots[:1])]
-        return self.execute(ring_command(name, launchers), **environment)
+        return self.execute(ring_command(name, launchers, self.parts_apart(ring)), **environment)
+
+    def parts_apart(self, ring: Ring) -> list[tuple[str, list[str]]]:
+        """The filter of each part, and the arguments of env for what runs it."""
+        parts = []
+        for part in ring.apart:
+            settings = [f"{name}={value}" for name, value in
+                        self.environment_of_servers(part.servers).items()]
+            parts.append((part.tests, [*part.environment, *settings]))
+        return parts
 
     def run_lane(self, lane: str) -> None:
         jobs = list(self.builds.values()) if lane == "build" else []
@@ -367,13 +396,17 @@ def launcher(ring: Ring, slot: dict[str, str]) -> str:
     return shlex.join(["env", *settings, f"{REPO}/scripts/wine.sh", ring.presets[0]]) + " "
 
 
-def ring_command(name: str, launchers: list[str]) -> list[str]:
+def ring_command(name: str, launchers: list[str],
+                 apart: list[tuple[str, list[str]]]) -> list[str]:
     ring = RINGS[name]
     folder = REPO / "build" / ring.presets[0] / "bin"
     suffix = ".exe" if ring.presets[0] in WINE else ""
     command = [sys.executable, "-B", "scripts/ring.py", name, "--counts", str(counts_of(name))]
     for prefix in launchers:
         command += ["--program", f"{prefix}{folder / ring.program}{suffix}"]
+    for tests, settings in apart:
+        command += ["--apart", tests, f"{shlex.join(['env', *settings])} "
+                                      f"{launchers[0]}{folder / ring.program}{suffix}"]
     if ring.tool:
         command += ["--tool", f"{launchers[0]}{folder}/qmktool{suffix}"]
     if ring.lane == "window":

@@ -4,6 +4,8 @@
 
 #include <dlgs.h> // needs the former
 
+#include <algorithm>
+
 #include "base/vtext.h"
 #include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
@@ -54,10 +56,12 @@ protected:
         return AwaitDialog(m_program, IsWine() ? "Setup Page" : "Page Setup");
     }
 
-    // Waits for the end of a command that put the frame out of use.
+    // Waits for the end of a command that put the frame out of use. Between the print dialog and
+    // the job the frame looks as if it were in use, but handles no message.
     void AwaitFrameInUse() const
     {
         Await("the frame's use", [&] {
+            m_program.Settle();
             return IsWindowEnabled(m_program.GetFrame()) &&
                    FindDialogs(m_program, "Printing...").empty();
         });
@@ -73,7 +77,38 @@ protected:
         return document;
     }
 
+    // Chooses a printer in the print dialog.
+    static void ChoosePrinter(const DialogWindow& dialog, const std::string& sPrinter)
+    {
+        const std::vector<std::string> printers = dialog.GetChoices(cmb4);
+        const auto found = std::find(printers.begin(), printers.end(), sPrinter);
+        ASSERT_NE(found, printers.end());
+        dialog.Choose(cmb4, static_cast<int>(found - printers.begin()));
+    }
+
     static std::string Margins() { return ReadSettingText("Page Setup", "Margins"); }
+};
+
+// The program stands still within its scope.
+class Suspended
+{
+public:
+    explicit Suspended(const Program& program)
+        : m_hThread(OpenThread(THREAD_SUSPEND_RESUME, FALSE,
+                               GetWindowThreadProcessId(program.GetFrame(), nullptr)))
+    {
+        EXPECT_NE(SuspendThread(m_hThread), static_cast<DWORD>(-1));
+    }
+    Suspended(const Suspended&) = delete;
+    Suspended& operator=(const Suspended&) = delete;
+    ~Suspended()
+    {
+        ResumeThread(m_hThread);
+        CloseHandle(m_hThread);
+    }
+
+private:
+    HANDLE m_hThread;
 };
 
 #define NEEDS_A_PRINTER()                            \
@@ -138,7 +173,7 @@ TEST_F(PrintingTest, PrintPutsEveryPageOnPaper)
     AwaitFrameInUse();
 }
 
-TEST_F(PrintingTest, PrintsCopiesAndARange)
+TEST_F(PrintingTest, PrintsARange)
 {
     NEEDS_A_PRINTER();
     const std::string sName = Unique("range");
@@ -150,6 +185,58 @@ TEST_F(PrintingTest, PrintsCopiesAndARange)
     dialog.End(IDOK);
     EXPECT_EQ(AwaitPrinted(sName).GetPageCount(), 2);
     AwaitFrameInUse();
+}
+
+TEST_F(PrintingTest, PrintsCopiesTogetherOrPageByPage)
+{
+    NEEDS_A_PRINTER();
+    PrintedDocument::AskForPictures();
+    for (const bool bCollates : {true, false}) {
+        const std::string sName = Unique("copies");
+        Open(MakeAccount(sName, 3));
+        const DialogWindow dialog = BeginPrint();
+        EXPECT_TRUE(dialog.IsChecked(chx2)) << "the pages of a copy come together unless told";
+        dialog.SetText(edt3, "3");
+        dialog.Check(chx2, bCollates);
+        dialog.End(IDOK);
+        const PrintedDocument printed = AwaitPrinted(sName);
+        EXPECT_EQ(printed.GetCopies(), 3);
+        ASSERT_EQ(printed.GetPageCount(), 6);
+        const GrayPage first = printed.ReadPage(1);
+        const GrayPage last = printed.ReadPage(6);
+        EXPECT_FALSE(first == last);
+        for (int nPage = 2; nPage <= 5; ++nPage) {
+            const bool bFirst = bCollates ? nPage % 2 == 1 : nPage <= 3;
+            EXPECT_TRUE(printed.ReadPage(nPage) == (bFirst ? first : last)) << nPage;
+        }
+        AwaitFrameInUse();
+        m_program.Close();
+    }
+}
+
+TEST_F(PrintingTest, PrintsOnAnotherPrinterWithItsPaperAndResolution)
+{
+    NEEDS_A_PRINTER();
+    PrintedDocument::AskForPictures();
+    const std::string sName = Unique("fine");
+    const std::string sPath = MakeAccount(sName, 3);
+    Open(sPath);
+    m_program.Close();
+    WriteSettingNumber("Page Setup", "Paper Size", DMPAPER_A4);
+    Open(sPath);
+    const DialogWindow dialog = BeginPrint();
+    ChoosePrinter(dialog, "Fine");
+    dialog.End(IDOK);
+    const PrintedDocument printed = AwaitPrinted(sName);
+    EXPECT_EQ(printed.GetPrinter(), "Fine");
+    const GrayPage page = printed.ReadPage(1);
+    EXPECT_EQ(page.nWidth, 816); // Letter, with 96 dots per inch
+    EXPECT_EQ(page.nHeight, 1056);
+    AwaitFrameInUse();
+    // The page setup has the printer that was chosen last.
+    BeginPreview(sName).End(IDC_PREVIEW_CLOSE);
+    AwaitFrameInUse();
+    EXPECT_EQ(ReadSettingNumber("Page Setup", "Paper Size"), static_cast<DWORD>(DMPAPER_LETTER));
 }
 
 TEST_F(PrintingTest, ACancelInThePrintDialogSaysNothing)
@@ -266,4 +353,33 @@ TEST_F(PrintingTest, CancelOfAJobSaysNothing)
     BeginPrint().End(IDOK);
     AwaitDialog(m_program, "Printing...").End(IDCANCEL);
     AwaitFrameInUse();
+}
+
+// ---- A printer that vanishes.
+
+TEST_F(PrintingTest, APrinterThatVanishesDuringAJobIsToldOf)
+{
+    if (!StoppedSpooler::IsPossible()) {
+        GTEST_SKIP() << "no spooler runs that a test may stop";
+    }
+    const std::string sName = Unique("long");
+    Open(MakeAccount(sName, nLong));
+    BeginPrint().End(IDOK);
+    const DialogWindow progress = AwaitDialog(m_program, "Printing...");
+    {
+        auto pSuspended = std::make_unique<Suspended>(m_program);
+        const StoppedSpooler stopped;
+        EXPECT_TRUE(progress.IsOpen());
+        pSuspended.reset();
+        Await(
+            "the end of the job", [&] { return !progress.IsOpen(); }, uPrintLimit);
+        m_program.AnswerBox("Failed to print file '" + sName + szNoPrinter);
+        AwaitFrameInUse();
+    }
+    const std::string sAgain = Unique("again");
+    HandOverFile(MakeAccount(sAgain, 3));
+    BeginPrint().End(IDOK);
+    EXPECT_EQ(AwaitPrinted(sAgain).GetPageCount(), 2);
+    AwaitFrameInUse();
+    EXPECT_EQ(m_program.Close(), 0U);
 }

@@ -16,19 +16,20 @@ import ring  # noqa: E402
 
 # Its tests and what each does stand in the file "plan" of the folder that is its first argument:
 # lines of a name, a result (ok, fail, skip, once: fails the first time, die) and a text that it
-# prints. It runs its own part of them, or those that a filter names.
+# prints. It runs its own part of them, or those that a filter names, and tells its surroundings.
 PROGRAM = r'''
 import os, sys
 folder, arguments = sys.argv[1], dict(a[2:].split("=", 1) for a in sys.argv[2:])
 plan = [line.rstrip("\n").split("|") for line in open(folder + "/plan")]
 parts, part = (int(os.environ.get("GTEST_" + n, d)) for n, d in
                (("TOTAL_SHARDS", 1), ("SHARD_INDEX", 0)))
-names = arguments.get("gtest_filter", "*").split(":")
+wanted, _, unwanted = arguments.get("gtest_filter", "*").partition("-")
+names, others = (wanted or "*").split(":"), unwanted.split(":")
 cases, failed = "", False
 for index, (name, result, text) in enumerate(plan):
-    if (name not in names and names != ["*"]) or index % parts != part:
+    if (name not in names and names != ["*"]) or name in others or index % parts != part:
         continue
-    print(f"[ RUN      ] {name}\n{text}", flush=True)
+    print(f"[ RUN      ] {name}\n{text}" + os.environ.get("WHERE", ""), flush=True)
     if result == "die":
         sys.exit(3)
     mark = f"{folder}/{name}.ran"
@@ -57,12 +58,14 @@ class RingCase(unittest.TestCase):
         self.folder = Path(holder.name)
         (self.folder / "program.py").write_text(PROGRAM, encoding="utf-8")
 
-    def run_ring(self, *plan: str, parts: int = 1) -> tuple[int, str, str]:
+    def run_ring(self, *plan: str, parts: int = 1, apart: str = "") -> tuple[int, str, str]:
         """The exit code, the counts and what was printed."""
         (self.folder / "plan").write_text("\n".join(plan), encoding="utf-8")
         command = f"{sys.executable} {self.folder}/program.py {self.folder}"
         arguments = ["ring.py", "r", "--counts", f"{self.folder}/counts", "--second-try",
                      *["--program", command] * parts]
+        if apart:
+            arguments += ["--apart", apart, f"env WHERE=elsewhere {command}"]
         printed = io.StringIO()
         with mock.patch.object(sys, "argv", arguments), contextlib.redirect_stdout(printed):
             code = ring.main()
@@ -114,6 +117,18 @@ class RingCase(unittest.TestCase):
         self.assertIn("A.n2 passed at its second try", printed)
         self.assertEqual(len(list(self.folder.glob("*.ran"))), 7)
         self.assertNotIn("GTEST_TOTAL_SHARDS", os.environ)
+
+    def test_tests_apart_run_once_and_elsewhere(self) -> None:
+        plan = ("A.one|fail|first", "A.two|fail|second", "A.three|ok|", "A.four|ok|")
+        code, counts, printed = self.run_ring(*plan, parts=2, apart="A.two")
+        self.assertEqual((code, counts), (1, "2 2 0"))
+        self.assertIn("secondelsewhere\n", printed)
+        self.assertNotIn("firstelsewhere", printed)
+
+    def test_figures_are_printed(self) -> None:
+        _, _, printed = self.run_ring("A.one|ok|speed: of light", "A.two|ok|slow")
+        self.assertIn("r: speed: of light", printed)
+        self.assertNotIn("slow", printed)
 
 
 if __name__ == "__main__":

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <thread>
 
 namespace {
 
@@ -14,6 +16,13 @@ std::filesystem::path Folder()
 {
     const char* szFolder = getenv("QUILLMARK_PRINTED");
     return szFolder == nullptr ? "" : szFolder;
+}
+
+// The file that stops the spooler; empty without a spooler that may be stopped.
+std::filesystem::path StopFile()
+{
+    const char* szFile = getenv("QUILLMARK_STOPS_PRINTER");
+    return szFile == nullptr ? "" : szFile;
 }
 
 } // namespace
@@ -81,4 +90,24 @@ GrayPage PrintedDocument::ReadPage(int nPage) const
               static_cast<std::streamsize>(page.pixels.size()));
     EXPECT_TRUE(file && sMagic == "P5" && nLargest == 255) << sPath;
     return page;
+}
+
+bool StoppedSpooler::IsPossible()
+{
+    return !StopFile().empty();
+}
+
+void StoppedSpooler::Set(bool bRuns)
+{
+    if (bRuns) {
+        std::filesystem::remove(StopFile());
+    } else {
+        const std::ofstream file(StopFile());
+    }
+    const auto IsRunning = [] { return !std::filesystem::exists(Folder() / "stopped"); };
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (IsRunning() != bRuns && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    EXPECT_EQ(IsRunning(), bRuns) << "the spooler";
 }

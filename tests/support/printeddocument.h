@@ -11,6 +11,8 @@ struct GrayPage
     int nWidth = 0;
     int nHeight = 0;
     std::vector<uint8_t> pixels;
+
+    bool operator==(const GrayPage&) const = default;
 };
 
 class PrintedDocument
@@ -24,7 +26,10 @@ public:
     // No other document has it.
     const std::string& GetName() const { return m_sName; }
     int GetPageCount() const { return m_nPages; }
+    // What the driver asked the spooler for; copies that the driver makes itself are more pages.
     int GetCopies() const { return m_nCopies; }
+    // The name of its queue.
+    std::string GetPrinter() const { return m_sName.substr(m_sName.rfind('-') + 1); }
     // From 1. AskForPictures must have been called before the document was printed. The running
     // test fails when there is no such picture.
     GrayPage ReadPage(int nPage) const;
@@ -41,4 +46,21 @@ private:
     std::string m_sName; // its path without an extension
     int m_nPages = 0;
     int m_nCopies = 0;
+};
+
+// Stops the spooler, and starts it again at its end. The running test fails when it does not stop
+// or start.
+class StoppedSpooler
+{
+public:
+    StoppedSpooler() { Set(false); }
+    StoppedSpooler(const StoppedSpooler&) = delete;
+    StoppedSpooler& operator=(const StoppedSpooler&) = delete;
+    ~StoppedSpooler() { Set(true); }
+
+    // Whether the tests have a spooler that they may stop.
+    static bool IsPossible();
+
+private:
+    static void Set(bool bRuns);
 };

@@ -8,6 +8,7 @@
 
 #include <dlgs.h> // needs the former
 
+#include "printing/vprintprogressdialog.h"
 #include "resources/resource.h"
 #include "shell/qmprinting.h"
 #include "tests/win/dialog_support.h"
@@ -23,6 +24,7 @@ struct Client
     int nRendered = 0;
     bool bRenders = true;
     VPageMeasures last;
+    std::function<void()> onSecond; // when it renders for the job
 
     static bool Render(VPrintContext& context, uintptr_t uUser, void* pOwner)
     {
@@ -30,6 +32,9 @@ struct Client
         auto& client = *static_cast<Client*>(pOwner);
         ++client.nRendered;
         client.last = context;
+        if (client.nRendered % 2 == 0 && client.onSecond) {
+            client.onSecond();
+        }
         EXPECT_EQ(Text(context.szTitle), "printdoc");
         EXPECT_EQ(context.ilPages.GetImageCount(), 0);
         context.szTitle = client.sTitle.c_str();
@@ -176,6 +181,59 @@ TEST_F(PrintDocumentTest, PrintsARangeOfPages)
     EXPECT_EQ(document.GetFirstPage(), 2);
     EXPECT_EQ(document.GetLastPage(), 4);
     EXPECT_EQ(AwaitPrinted(m_client.sTitle).GetPageCount(), 3);
+}
+
+TEST_F(PrintDocumentTest, TakesPaperAndResolutionOfThePrinterThatIsChosen)
+{
+    NEEDS_A_PRINTER();
+    ModalDriver driver(60000);
+    driver.Next([](HWND hDialog) {
+        EXPECT_NE(SendDlgItemMessageA(hDialog, cmb4, CB_SELECTSTRING, static_cast<WPARAM>(-1),
+                                      reinterpret_cast<LPARAM>("Fine")),
+                  CB_ERR);
+        SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(cmb4, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(GetDlgItem(hDialog, cmb4)));
+        Press(hDialog, IDOK);
+    });
+    EXPECT_EQ(document.GetSurface().GetDeviceCaps(LOGPIXELSX), 300);
+    ASSERT_TRUE(document.Print());
+    EXPECT_EQ(document.GetSurface().GetDeviceCaps(LOGPIXELSX), 600);
+    // Letter, less margins of a quarter and half an inch.
+    EXPECT_EQ(m_client.last.sizeDevice, (VSize{4725, 6150}));
+    EXPECT_EQ(m_client.last.sizePage, (VSize{756, 984}));
+    EXPECT_EQ(m_client.last.sizePhysical, (VSize{816, 1056}));
+    EXPECT_EQ(AwaitPrinted(m_client.sTitle).GetPrinter(), "Fine");
+}
+
+TEST_F(PrintDocumentTest, APrinterThatVanishesDuringTheJobFailsIt)
+{
+    if (!StoppedSpooler::IsPossible()) {
+        GTEST_SKIP() << "no spooler runs that a test may stop";
+    }
+    VPrintDocument document(m_owner);
+    document.SetRenderCallback(&Client::Render, 17, &m_client);
+    std::unique_ptr<StoppedSpooler> pStopped;
+    Record record;
+    VRecordingWindow other(record);
+    ASSERT_TRUE(CreateTestWindow(other, record));
+    record.command = [&](VWindow&) {
+        EXPECT_NE(VPrintProgressDialog::GetRunning(), nullptr);
+        pStopped = std::make_unique<StoppedSpooler>();
+    };
+    ModalDriver driver(60000);
+    driver.Next(Pressing(IDOK));
+    m_client.onSecond = [&] { other.Post(WM_COMMAND); };
+    EXPECT_FALSE(document.Print());
+    EXPECT_NE(pStopped, nullptr);
+    EXPECT_EQ(VPrintProgressDialog::GetRunning(), nullptr);
+    EXPECT_TRUE(IsWindowEnabled(m_owner.GetHandle()));
+    // With the printer back the next one is printed.
+    pStopped.reset();
+    m_client.onSecond = nullptr;
+    m_client.sTitle += " again";
+    driver.Next(Pressing(IDOK));
+    EXPECT_TRUE(document.Print());
+    EXPECT_EQ(AwaitPrinted(m_client.sTitle).GetPageCount(), 2);
 }
 
 TEST_F(PrintDocumentTest, PageSetupTakesMarginsOnOkAlone)
