@@ -1,5 +1,5 @@
-// Feeds the reader of account files with any bytes. What it reads must be sound, in order, and fit
-// to be written and read again.
+// Feeds arbitrary bytes to the reader of account files. What is read must be sound and in date
+// order, and writing it and reading it again must give the same.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -65,8 +65,8 @@ std::string_view BytesOf(const QMAccountHeader& header)
     return {reinterpret_cast<const char*>(&header), sizeof header};
 }
 
-// What the transaction is once it was written and read. A byte 0xDF in a block of format 1.0 comes
-// back as a blank; mending the flags can make such a byte, and nothing else can.
+// What the transaction becomes when it is written and read. A byte 0xDF in a block of format 1.0
+// comes back as a blank. Only the mending of flags can make such a byte.
 QMTransactionFields AfterWriting(QMTransactionFields fields, int32_t lVersion)
 {
     if (QMVersionScramblesBlock(lVersion)) {
@@ -97,7 +97,7 @@ void CheckReport(const QMReadReport& report, const QMAccount& account, bool bRea
     }
 }
 
-// The image of what was read gives the same account and the same image again.
+// Reading the image must give the same account, and writing that the same image.
 void CheckSecondReading(const QMAccount& account, const std::vector<QMTransactionFields>& records)
 {
     const QMFileImage image = QMMakeAccountImage(account);
@@ -108,7 +108,7 @@ void CheckSecondReading(const QMAccount& account, const std::vector<QMTransactio
     const QMReadReport& report = reader.GetReport();
     Check(!report.IsMended() && report.bInOrder && report.uTrailingBytes == 0,
           "what was written is not sound");
-    // Unscrambling yields no byte 0xDF, so the header has none to lose.
+    // Unscrambling never yields a byte 0xDF. So the header has none that could be lost.
     QMAccountHeader header = account.header;
     header.bReserved = 0; // always written so
     Check(BytesOf(again.header) == BytesOf(header), "the header has changed");

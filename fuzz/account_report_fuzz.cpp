@@ -1,6 +1,6 @@
-// Draws every report of whatever reads as an account. The measuring and the drawing pass must
-// agree, the surface must be left as it was found, and the drawing must stay within the height
-// measured.
+// Draws every report of each input that reads as an account. The pass that measures and the pass
+// that draws must agree, the surface must end in the state in which it began, and the drawing must
+// stay within the measured height.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -22,7 +22,7 @@ void Check(bool bHolds, const char* szWhat)
     }
 }
 
-// Looks at what is drawn and keeps nothing.
+// Checks each drawing call and keeps nothing.
 class Watch : public QMReportSurface
 {
 public:

@@ -1,5 +1,5 @@
-// Feeds the translation of banks' files with any bytes. The first line is a profile with "&" for
-// its line ends, the rest is the file.
+// Feeds arbitrary bytes to the reader of banks' files. The first line is a profile, with "&" for
+// its line ends. The rest is the file.
 #include <cmath>
 #include <cstdint>
 #include <cstdio>

@@ -29,14 +29,15 @@ void Check(bool bHolds, const char* szWhat)
     }
 }
 
-// Keeps the scratch files of processes apart.
+// Fuzzers run side by side: each process has scratch files of its own.
 const std::string& ProcessName()
 {
     static const std::string sName = "exchange-" + std::to_string(std::random_device()());
     return sName;
 }
 
-// A file that is gone with the object, in a folder that is best kept in memory: TMPDIR names it.
+// A file that is removed at the end of the object. TMPDIR names its folder, which is best kept in
+// memory.
 class ScratchFile
 {
 public:
@@ -50,7 +51,7 @@ public:
     void Write(const uint8_t* pBytes, size_t uSize)
     {
         const QMStdioFile pFile(fopen(m_sPath.c_str(), "wb"));
-        // An empty input may come without any place.
+        // For an empty input the pointer may be null.
         const bool bWritten =
             pFile != nullptr && (uSize == 0 || fwrite(pBytes, 1, uSize, pFile.get()) == uSize);
         Check(bWritten, "the scratch file cannot be written");
@@ -71,7 +72,7 @@ bool IsBroken(const char* szText)
     return strpbrk(szText, "\r\n") != nullptr;
 }
 
-// What every format must keep to.
+// What must hold after an import of any format.
 void CheckRecord(const QMTransaction& transaction, const QMTransaction* pBefore)
 {
     Check(pBefore == nullptr || !QMDateIsBefore(transaction.dtDate, pBefore->dtDate),
@@ -85,7 +86,7 @@ void CheckRecord(const QMTransaction& transaction, const QMTransaction* pBefore)
           "a text has no end");
 }
 
-// What the text formats settle, and XML takes as it comes.
+// What the text formats set right. XML takes the values as they are.
 void CheckSettled(const QMTransaction& transaction)
 {
     const QMTransaction& t = transaction;
@@ -123,8 +124,8 @@ int32_t CountWritten(const QMTransactionStore& store, QMExchangeKind kind)
     return lCount;
 }
 
-// Writes the store and reads it again. A document can come out as one that no parser takes, and
-// texts of several lines as other records.
+// Writes the store and reads it again. Both may fail to give the same back: an XML document may be
+// one that no parser accepts, and a text of several lines may read as other records.
 void CheckWriting(QMTransactionStore& store, const char* szExtension, bool bOneLiners)
 {
     const ScratchFile file(szExtension);
@@ -142,7 +143,7 @@ void CheckWriting(QMTransactionStore& store, const char* szExtension, bool bOneL
     }
 }
 
-// The account as it would be with all of them imported.
+// The account after all of these transactions were imported.
 void CheckMerge(QMTransactionStore& store)
 {
     QMTransactionStore account;
@@ -159,7 +160,7 @@ void CheckMerge(QMTransactionStore& store)
     CheckStore(store, false);
 }
 
-// Keeps the characters of all lines, one behind the other.
+// Joins the characters of all lines.
 class Collector : public QMLineReader
 {
 public:
@@ -231,7 +232,7 @@ void CheckLines(int32_t nMaxLine, const uint8_t* pBytes, size_t uSize)
             Check(collector.GetAll() == WithoutLineEnds(pText, uSize), "a character got lost");
             break;
         case QM_TEXT_UTF8:
-            // A zero ends what is handed over of its line.
+            // A zero byte ends the line that is handed over.
             Check(memchr(pText, 0, uSize) != nullptr ||
                       collector.GetAll() == WithoutLineEnds(pText + 3, uSize - 3),
                   "a character behind the mark got lost");

@@ -1,4 +1,4 @@
-// Feeds the reader of QIF files, and the line reader below it, with any bytes.
+// Feeds arbitrary bytes to the reader of QIF files and to the line reader below it.
 #include "fuzz/exchangecheck.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize);
@@ -6,7 +6,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize);
 int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize)
 {
     CheckExchangeFile(".qif", pBytes, uSize);
-    // The room for a line that the formats take, and one so small that many lines are cut.
+    // The line length that the formats use, and one so small that many lines are cut.
     CheckLines(16384, pBytes, uSize);
     CheckLines(9, pBytes, uSize);
     return 0;

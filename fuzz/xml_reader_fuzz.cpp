@@ -1,4 +1,4 @@
-// Feeds the reader of XML files with any bytes.
+// Feeds arbitrary bytes to the reader of XML files.
 #include "fuzz/exchangecheck.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize);

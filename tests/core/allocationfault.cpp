@@ -17,8 +17,8 @@ bool IsRefused()
     return g_nLeft == 0;
 }
 
-// Asks the throwing form, the one whose memory the sanitizers let delete give back. What stands
-// underneath must not be counted a second time.
+// Calls the throwing form of new, because the sanitizers let delete free its memory. The malloc
+// below it must not be counted a second time.
 template <class F>
 void* Ask(F throwingForm) noexcept
 {
@@ -59,8 +59,8 @@ void* operator new[](std::size_t uSize, const std::nothrow_t&) noexcept
     return Ask([&] { return ::operator new[](uSize); });
 }
 
-// The linker sends every call of malloc and realloc here; see CMakeLists.txt. The compiler turns
-// one into the other where it sees that there is no block yet.
+// The linker sends every call of malloc and realloc here; see CMakeLists.txt. The compiler may turn
+// a realloc of a null pointer into a malloc.
 extern "C" void* __real_malloc(std::size_t uSize);
 extern "C" void* __real_realloc(void* pBlock, std::size_t uSize);
 

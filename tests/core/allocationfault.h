@@ -1,9 +1,10 @@
-// Memory that runs out on demand, to see what the core does then.
+// Lets memory run out on demand, to test what the core does then.
 #pragma once
 
-// Until the end of its scope every request for memory that may answer null (new (std::nothrow),
-// malloc, realloc) is refused, once nBefore of them were met. One at a time; the test itself makes
-// no texts and no containers meanwhile, since the throwing new may stand on malloc.
+// Lets the first nBefore requests for memory that may answer null (new (std::nothrow), malloc,
+// realloc) succeed, and refuses all others until the end of the scope. There may be one such object
+// at a time. Meanwhile the test must make no texts and no containers of its own: the throwing new
+// may call malloc.
 class AllocationFault
 {
 public:

@@ -22,7 +22,7 @@ size_t AllocationWatch::GetLargest() const
 
 #ifdef __SANITIZE_ADDRESS__
 
-// Of the sanitizer's run-time library, whose own new must stay in place.
+// Functions of the sanitizer's run-time library. Its own operator new must stay in place.
 extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*pMalloc)(const volatile void*,
                                                                          size_t),
                                                          void (*pFree)(const volatile void*));

@@ -1,15 +1,16 @@
-// Tells the size of the requests for memory, to see that nobody believes an absurd number.
+// Notes the size of requests for memory. With it a test notices that the code believed an absurd
+// size.
 #pragma once
 
 #include <cstddef>
 
-// From its beginning on; one at a time.
+// Watches from its construction on. There may be one at a time.
 class AllocationWatch
 {
 public:
     AllocationWatch();
 
-    // The largest request so far that the program made with new; with a sanitizer's allocator the
-    // largest one of any kind.
+    // The largest request so far. Only those made by new count; with a sanitizer's allocator all of
+    // them do.
     size_t GetLargest() const;
 };

@@ -1,5 +1,5 @@
-// Runs every input of the fuzzers' corpora through the fuzzers' entry points, which abort where
-// something does not hold.
+// Runs every input of the fuzzers' corpora through the entry points of the fuzzers, which abort
+// when they find a fault.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -118,7 +118,7 @@ std::vector<Input> AllInputs()
     return inputs;
 }
 
-// A test's name takes letters and digits only.
+// GoogleTest allows only letters and digits in a test's name.
 std::string TestNameOf(const testing::TestParamInfo<Input>& input)
 {
     std::string sName = aCorpora[input.param.uCorpus].szFolder + ("_" + input.param.sName);
@@ -144,7 +144,7 @@ TEST(Corpora, AreThere)
     }
 }
 
-// Whatever reads as an account can be reported on.
+// The inputs for the account reader serve the reports too.
 TEST(Corpora, OfAccountsGiveReports)
 {
     for (const std::string& sName : NamesIn(FolderOf(0))) {

@@ -81,7 +81,7 @@ protected:
         return question.szText;
     }
 
-    // The upper edge of the documents' area in the frame's own.
+    // The upper edge of the documents' area, in the client area of the frame.
     int ClientTop() const
     {
         POINT corner = {0, 0};
@@ -89,7 +89,7 @@ protected:
         return WindowRect(m_program.GetClient()).top - corner.y;
     }
 
-    // Presses a bar's command and waits for the flags that it must lead to.
+    // Presses a bar's command and waits until the settings hold these flags.
     void Toggle(const Bar& bar, DWORD uFlags) const
     {
         m_program.Post(bar.uCommand);
@@ -97,7 +97,7 @@ protected:
         m_program.Settle();
     }
 
-    // Bars, their check marks, the rebar and the documents' area, as these flags want them.
+    // Checks the bars, their check marks, the rebar and the documents' area against these flags.
     void ExpectBars(DWORD uFlags) const
     {
         for (const Bar& bar : aBars) {
@@ -115,7 +115,7 @@ protected:
         GetClientRect(m_program.GetFrame(), &frame);
         const VRect status = WindowRect(m_program.GetStatusBar());
         const bool bStatus = (uFlags & uStatusBarFlag) != 0;
-        // The bar's upper line lies over the lowest of the area.
+        // The upper line of the status bar covers the lowest line of the area.
         EXPECT_EQ(ClientTop() + ClientHeight(),
                   frame.bottom - (bStatus ? status.GetHeight() - 1 : 0))
             << uFlags;
@@ -135,7 +135,7 @@ TEST_F(BarsTest, ClientLiesBetweenThem)
 {
     m_program.Open();
     const VRect client = WindowRect(m_program.GetClient());
-    // The rebar's own border may hang over the frame's edge.
+    // The border of the rebar may reach over the edge of the frame.
     EXPECT_GE(client.top, WindowRect(m_program.GetRebar()).bottom);
     EXPECT_LE(client.top, WindowRect(m_program.GetRebar()).bottom + 2);
     EXPECT_EQ(client.bottom, WindowRect(m_program.GetStatusBar()).top + 1);
@@ -191,7 +191,7 @@ TEST_F(BarsTest, HiddenStatusBarTakesTextsAllTheSame)
     EXPECT_EQ(m_program.GetPaneText(1), " Transaction: 447 of 447");
 }
 
-// ---- All three together.
+// ---- All three bars together.
 
 TEST_F(BarsTest, EveryOrderOfTogglingThemWorks)
 {
@@ -201,7 +201,7 @@ TEST_F(BarsTest, EveryOrderOfTogglingThemWorks)
     DWORD uFlags = 14;
     ExpectBars(uFlags);
     for (int n = 0; n < uOrders; ++n) {
-        // Each twice, so that every order ends as it began.
+        // Each command twice, so that every order ends as it began.
         for (int i = 0; i < 6; ++i) {
             const Bar& bar = bars[static_cast<size_t>(i % 3)];
             uFlags ^= bar.uFlag;

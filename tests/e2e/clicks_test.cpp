@@ -47,7 +47,7 @@ TEST_F(ClicksTest, ClearedCellTogglesItsRow)
     AwaitTitle("four.qmk *");
     ActiveList().Click(0, nClearedColumn);
     Await("no mark in the first row", [&] { return Marks() == "-cvc"; });
-    // A voided one becomes cleared and is voided no longer.
+    // A voided transaction becomes cleared and is no longer voided.
     ActiveList().Click(2, nClearedColumn);
     Await("a mark in the third row", [&] { return Marks() == "-ccc"; });
 }

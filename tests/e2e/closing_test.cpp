@@ -1,5 +1,5 @@
-// Requests to close that come while a command runs: what the command stands on stays, the user
-// goes on with it, and no file is touched.
+// Requests to close that come while a command runs. What the command needs stays open, the user can
+// go on with it, and no file is changed.
 
 #include <cstring>
 
@@ -33,7 +33,7 @@ protected:
 
     HWND Frame() const { return m_program.GetFrame(); }
 
-    // Asks in every way that Windows, another program or a user has.
+    // Asks the frame to close in every way that Windows, another program or a user has.
     void AskToClose() const
     {
         EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 0);
@@ -47,7 +47,7 @@ protected:
         m_program.Post(IDM_FILE_CLOSE);
         m_program.Post(IDM_FILE_CLOSEALL);
         m_program.Post(IDM_FILE_EXIT);
-        // An end that nobody can refuse.
+        // The end of the Windows session, which nobody can refuse.
         SendTo(Frame(), WM_ENDSESSION, TRUE);
         m_program.Settle();
     }
@@ -59,7 +59,7 @@ protected:
         EXPECT_EQ(m_program.GetDocuments().size(), uDocuments);
     }
 
-    // The frame goes on, and closes when it is asked while nothing runs.
+    // The program works on, and closes when it is asked while no command runs.
     void ExpectUsable(const std::string& sPath)
     {
         m_program.Settle();
@@ -278,7 +278,7 @@ TEST_F(ClosingTest, QuestionWhetherToSaveIsAskedOnce)
 
 TEST_F(ClosingTest, FailureOfSaveAllOutlivesAFileThatOpensMeanwhile)
 {
-    // None of the two can be written: folders have their names.
+    // Neither can be written: there are folders of these names.
     ASSERT_TRUE(CreateDirectoryA(PathOf("Untitled1").c_str(), nullptr));
     ASSERT_TRUE(CreateDirectoryA(PathOf("Untitled2").c_str(), nullptr));
     char szBefore[MAX_PATH] = "";
@@ -309,7 +309,7 @@ TEST_F(ClosingTest, FailureOfSaveAllOutlivesAFileThatOpensMeanwhile)
 class NewDocumentClosingTest : public ClosingTest
 {
 protected:
-    // A new document with a transaction, in a program that works in the test's folder.
+    // A new document with a transaction. The current folder of the program is that of the test.
     void OpenNewChanged()
     {
         char szBefore[MAX_PATH] = "";
@@ -321,7 +321,7 @@ protected:
         AwaitTitle("Untitled1 *");
     }
 
-    // Asks for the close and says that the changes are to be saved.
+    // Asks to close and answers that the changes are to be saved.
     FileDialogWindow CloseWithYes(HWND hWnd) const
     {
         PostMessageA(hWnd, WM_CLOSE, 0, 0);
@@ -376,7 +376,7 @@ TEST_F(NewDocumentClosingTest, FileOfItsNameThatIsNotItsOwnIsLeftAlone)
 TEST_F(NewDocumentClosingTest, NameThatCannotBeWrittenKeepsTheWindow)
 {
     OpenNewChanged();
-    // Held by the test: nobody else can write it.
+    // The test holds this file open, so nobody else can write it.
     const std::string sHeld = MakeFile("held.qmk", "held");
     HANDLE hFile = CreateFileA(sHeld.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(hFile, INVALID_HANDLE_VALUE);

@@ -14,7 +14,7 @@ std::string Missing(const std::string& sName)
 class CommandLineTest : public E2ETest
 {
 protected:
-    // Starts with arguments, answers the boxes in their order, and waits for the frame.
+    // Starts with these arguments, answers the boxes in their order, and waits for the frame.
     void OpenAnswering(const Texts& arguments, const Texts& boxes)
     {
         m_program.Start(arguments);

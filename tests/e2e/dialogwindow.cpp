@@ -13,7 +13,7 @@ namespace {
 
 constexpr size_t uTextSize = 1024;
 
-// A message box has its sentence and buttons alone, with the ids that the system gives them.
+// A message box has only its sentence, its icon and its buttons, with ids from Windows.
 bool IsMessageBox(HWND hWnd)
 {
     constexpr int nSentenceId = 0xFFFF;
@@ -36,7 +36,7 @@ void NotifyParent(HWND hItem, int nCode)
            reinterpret_cast<LPARAM>(hItem));
 }
 
-// Sends a message in the other program itself, with pointers to its own memory.
+// Sends a message from within the other program, so that pointers point into its own memory.
 LRESULT SendFromWithin(HANDLE hProcess, HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     return static_cast<LRESULT>(
@@ -56,7 +56,7 @@ std::string DialogWindow::GetCaption() const
 
 void DialogWindow::AwaitEnd() const
 {
-    // Its caption is no longer to be had.
+    // The dialog is already gone, with its caption.
     Await("the end of a dialog",
           [&] { return !IsWindow(m_hDialog) || !IsWindowVisible(m_hDialog); });
 }
@@ -75,7 +75,7 @@ bool DialogWindow::HasItem(int nId) const
 
 HWND DialogWindow::FindItem(int nId) const
 {
-    // Deeper down the system's dialogs have ids of their own again.
+    // Direct children first: deeper down, the dialogs of Windows use the same ids again.
     HWND hChild = GetDlgItem(m_hDialog, nId);
     return hChild != nullptr ? hChild : FindChildById(m_hDialog, nId);
 }
@@ -146,7 +146,7 @@ std::vector<std::string> DialogWindow::GetChoices(int nId) const
         if (SendTo(hItem, CB_GETLBTEXTLEN, uIndex) >= static_cast<LRESULT>(uTextSize)) {
             FailTest("too long a line in combo box " + std::to_string(nId));
         }
-        // Asked from here, some systems give a part of the text only.
+        // From another process some systems give only a part of the text.
         SendFromWithin(m_hProcess, hItem, CB_GETLBTEXT, uIndex, memory.AsParameter());
         char szText[uTextSize] = "";
         memory.Read(0, szText, uTextSize - 1);
@@ -199,8 +199,8 @@ void DialogWindow::SetDate(int nId, const std::string& sDate) const
     if (SendTo(hItem, DTM_SETSYSTEMTIME, GDT_VALID, lTime) == 0) {
         FailTest("the date is not taken: " + sDate);
     }
-    // The control tells of its user's changes alone, and notices do not cross from one program to
-    // another.
+    // The control notifies its dialog of changes by its user only, and a notification cannot be
+    // sent across processes.
     CallRemote(m_hProcess, GetProcAddress(GetModuleHandleA("user32.dll"), "SendMessageA"),
                reinterpret_cast<UINT_PTR>(GetParent(hItem)), WM_NOTIFY, static_cast<UINT_PTR>(nId),
                static_cast<UINT_PTR>(memory.AsParameter()));
@@ -220,7 +220,7 @@ int DialogWindow::GetFocus() const
     info.cbSize = sizeof info;
     GetGUIThreadInfo(GetWindowThreadProcessId(m_hDialog, nullptr), &info);
     for (HWND hWnd = info.hwndFocus; hWnd != nullptr; hWnd = GetParent(hWnd)) {
-        // The field of a combo box stands for the box.
+        // The edit field of a combo box counts as the combo box.
         if (GetParent(hWnd) == m_hDialog) {
             return GetDlgCtrlID(hWnd);
         }
@@ -239,7 +239,7 @@ int DialogWindow::GetDefaultButton() const
     return LOWORD(SendTo(m_hDialog, DM_GETDEFID));
 }
 
-// ---- The system's dialogs.
+// ---- The dialogs of Windows.
 
 HWND FileDialogWindow::FindNameField() const
 {
@@ -282,13 +282,13 @@ void FileDialogWindow::Enter(const std::string& sPath, int nType) const
     if (nType >= 0) {
         ChooseType(nType);
     }
-    // A type may change the name's ending.
+    // Selecting a file type may change the extension of the name.
     EnterName(sPath);
     Accept();
     AwaitEnd();
 }
 
-// ---- Finding them.
+// ---- Finding dialogs.
 
 std::vector<DialogWindow> FindDialogs(const Program& program, const std::string& sCaption)
 {

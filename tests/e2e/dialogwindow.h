@@ -17,7 +17,7 @@ public:
     std::string GetCaption() const;
     bool IsOpen() const { return IsWindow(m_hDialog) && IsWindowVisible(m_hDialog); }
     void AwaitEnd() const;
-    // Closes it as the close box in its corner does. Does not wait.
+    // Closes it by the close box in its corner. Does not wait.
     void Close() const;
 
     // ---- Controls. A control that does not exist fails the running test.
@@ -29,24 +29,24 @@ public:
     // The text of an edit field, or of the edit field of a combo box.
     std::string GetText(int nId) const;
     void SetText(int nId, const std::string& sText) const;
-    // Presses a button and returns at once: it may open a box.
+    // Presses a button and returns at once, because the button may open a box.
     void Press(int nId) const;
     // Presses a button and waits until the dialog is gone.
     void End(int nId) const;
 
     bool IsChecked(int nId) const;
-    // Presses a check box or a radio button, unless it is in that state already.
+    // Presses a check box or a radio button, unless it has that state already.
     void Check(int nId, bool bOn = true) const;
 
     std::vector<std::string> GetChoices(int nId) const;
     // The index of the selected line of a combo box; -1 when none is.
     int GetChoice(int nId) const;
-    // Selects a line as a user does, with the notifications.
+    // Selects a line as a user does. The dialog gets the notifications.
     void Choose(int nId, int nChoice) const;
 
     // The date of a date field without the time, such as "2004-12-31".
     std::string GetDate(int nId) const;
-    // Sets the date as a user does, so that the dialog is notified.
+    // Sets the date as a user does. The dialog gets the notification.
     void SetDate(int nId, const std::string& sDate) const;
 
     // ---- Keyboard.
@@ -79,7 +79,7 @@ public:
     std::vector<std::string> GetTypes() const;
     int GetType() const;
     void ChooseType(int nType) const;
-    // Presses Open or Save and returns at once: a question may follow.
+    // Presses Open or Save and returns at once, because a question may follow.
     void Accept() const { Press(IDOK); }
     // Enters a path, selects a file type unless nType is -1, presses Open or Save, and waits until
     // the dialog is gone.
@@ -89,7 +89,7 @@ private:
     HWND FindNameField() const;
 };
 
-// The dialogs of a program with this caption, without message boxes.
+// The dialogs of a program that have this caption. Message boxes are not among them.
 std::vector<DialogWindow> FindDialogs(const Program& program, const std::string& sCaption);
 // Waits for a dialog by its caption.
 DialogWindow AwaitDialog(const Program& program, const std::string& sCaption);

@@ -9,7 +9,7 @@ namespace {
 class DocumentsTest : public E2ETest
 {
 protected:
-    // Opens the program with that many new documents, none of them maximized.
+    // Opens the program with this number of new documents, none of them maximized.
     void OpenWithRestored(int nDocuments)
     {
         m_program.Open();
@@ -21,7 +21,7 @@ protected:
         }
     }
 
-    // Where the documents are, the newest first.
+    // The places of the documents, the newest one first.
     std::vector<VRect> Places() const
     {
         std::vector<VRect> places;

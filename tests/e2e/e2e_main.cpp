@@ -1,5 +1,5 @@
-// The end-to-end tests' entry. They take the screen, the settings and the one instance of the
-// program for themselves, and leave a picture of the screen of every failure.
+// The main function of the end-to-end tests. They need the screen, the user's settings and the only
+// instance of the program for themselves. Of every failure they save a picture of the screen.
 
 #include <windows.h>
 
@@ -55,8 +55,8 @@ void WritePicture(const std::string& sPath)
     file.write(pixels.data(), static_cast<std::streamsize>(pixels.size()));
 }
 
-// A picture of the first failure of each test, in the folder e2e-pictures beside that of the
-// program.
+// Saves a picture at the first failure of each test, in the folder e2e-pictures beside the
+// program's folder.
 class PictureTaker : public testing::EmptyTestEventListener
 {
 public:
@@ -72,7 +72,7 @@ public:
         }
         const std::string sFolder = ProgramFolder() + "..\\e2e-pictures\\";
         CreateDirectoryA(sFolder.c_str(), nullptr);
-        // Names of tests with parameters hold a slash.
+        // The names of tests with parameters contain a slash.
         for (char& c : m_sName) {
             c = c == '/' ? '-' : c;
         }
@@ -84,8 +84,9 @@ private:
     std::string m_sName; // of the running test; empty once its picture is taken
 };
 
-// Lets Wine tell of the programs that the tests start what the variable asks for, such as the
-// faults that its checking heap finds. The tests' own program is not slowed down by that.
+// Sets WINEDEBUG for the programs that the tests start, from a variable of the environment. So Wine
+// reports, for example, what its checking heap finds in them. The test program itself is not slowed
+// down.
 void SetDebugOfPrograms()
 {
     char szDebug[256] = "";

@@ -1,5 +1,5 @@
-// What every end-to-end test starts with: no settings at all, and an empty folder for its accounts.
-// At its end the program is gone.
+// The base of every end-to-end test. It starts without settings and with an empty folder for
+// accounts, and ends the program.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ class E2ETest : public testing::Test
 protected:
     E2ETest();
 
-    // The long path of a name in the folder of the test.
+    // The long path of a file name in the test's folder.
     std::string PathOf(const std::string& sName) const { return m_sFolder + "\\" + sName; }
 
     // Copies the household sample into the folder under a name. Returns the path.

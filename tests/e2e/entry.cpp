@@ -14,7 +14,7 @@
 
 namespace {
 
-// From the top to the bottom, and the types they stand for.
+// The radio buttons from top to bottom, and their types.
 constexpr struct
 {
     int nId;
@@ -45,7 +45,7 @@ QMDate DateFromText(const std::string& sDate)
     return MakeDate(sDate.substr(5, 2) + "/" + sDate.substr(8, 2) + "/" + sDate.substr(0, 4));
 }
 
-// With the arrow keys, from the type that is on.
+// Moves by the arrow keys, from the selected type on.
 void TypeType(const DialogWindow& dialog, const Keyboard& keyboard, int32_t lType)
 {
     const auto* pOn = std::find_if(std::begin(aRadios), std::end(aRadios),

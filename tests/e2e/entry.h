@@ -26,7 +26,7 @@ struct Entry
 
     // Sets all fields of the dialog, whatever they held before.
     void Fill(const DialogWindow& dialog) const;
-    // The same by the keyboard, except for the dates.
+    // Does the same by the keyboard, except for the dates.
     void Type(const DialogWindow& dialog, const Keyboard& keyboard) const;
     // The transaction that results. uOffered is the number that the dialog offers.
     QMTransaction AsTransaction(uint32_t uOffered) const;
@@ -35,7 +35,7 @@ struct Entry
 // The radio button of a type.
 int RadioOfType(int32_t lType);
 
-// Everything about a transaction in a line; of dates the day alone.
+// All values of a transaction in one line. Of dates only the day is given.
 std::string LineOf(const QMTransactionFields& fields);
-// The lines of all transactions in an account file. Nobody may have the file open.
+// The lines of all transactions in an account file, which nobody may have open.
 std::vector<std::string> LinesOfFile(const std::string& sPath);

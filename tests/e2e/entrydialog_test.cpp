@@ -1,4 +1,4 @@
-// The dialog in which transactions are typed: what it shows, lets be typed, and refuses.
+// The dialog for transactions: what it shows, what can be typed, and what it refuses.
 
 #include "tests/e2e/keyboard.h"
 #include "tests/e2e/work_test.h"
@@ -12,7 +12,7 @@ constexpr char szBadAmount[] = "An invalid amount was entered.";
 class EntryDialogTest : public WorkTest
 {
 protected:
-    // An entry that is good as it stands.
+    // An entry that the dialog accepts.
     static Entry Good()
     {
         return {.sDate = "2004-02-28", .sAmount = "5", .sNumber = "1500", .sDescription = "good"};
@@ -27,7 +27,7 @@ protected:
         EXPECT_EQ(ActiveList().GetRowCount(), 0);
     }
 
-    // Adds what the dialog of a new document holds after a change of a good entry.
+    // Adds a valid entry after one change, in a new document.
     void ExpectAccepted(const std::function<void(Entry&)>& change) const
     {
         Entry entry = Good();
@@ -350,7 +350,7 @@ TEST_F(EntryDialogTest, ArrowsWalkThroughTheSelection)
     ExpectAt("0.25", "xxxx");
     dialog.Press(IDC_TX_FIRST);
     ExpectAt("9.00", "--xx");
-    // A faulty entry is not left.
+    // The dialog does not move away from an invalid entry.
     dialog.SetText(IDC_TX_AMOUNT, "0");
     dialog.Press(IDC_TX_NEXT);
     m_program.AnswerBox(szBadAmount);
@@ -372,7 +372,7 @@ TEST_F(EntryDialogTest, ListsOfferEarlierTextsTheNewestFirst)
         m_program.Settle();
     }
     EXPECT_EQ(Column("Memo"), (Texts{"beta memo", "alpha memo", "Beta memo"}));
-    // They are made for each run of the dialog.
+    // The lists are made anew each time the dialog opens.
     EXPECT_EQ(dialog.GetChoices(IDC_TX_DESCRIPTION), Texts{});
     dialog.End(IDCANCEL);
     const DialogWindow next = BeginAdding();
@@ -401,7 +401,7 @@ TEST_F(EntryDialogTest, EntryKeepsItsDateForTheNextOne)
     EXPECT_EQ(dialog.GetText(IDC_TX_DESCRIPTION), "");
     EXPECT_FALSE(dialog.IsChecked(IDC_TX_EXPENSE));
     EXPECT_FALSE(dialog.IsChecked(IDC_TX_CLEARED));
-    // An empty one is no entry.
+    // An empty entry is refused.
     dialog.Press(IDOK);
     m_program.AnswerBox(szBadAmount);
     dialog.End(IDCANCEL);

@@ -1,4 +1,4 @@
-// What the tests of import and export start with.
+// The base of the tests of import and export.
 #pragma once
 
 #include "tests/e2e/e2e_test.h"
@@ -23,9 +23,9 @@ protected:
     void AnswerImported(int nCount, const std::string& sFile) const;
     void AnswerExported(int nCount, const std::string& sFile) const;
 
-    // Imports all of a file into the active account, by the menu.
+    // Imports all records of a file into the active account, by the menu.
     void ImportAll(const std::string& sFile, int nCount) const;
-    // Chooses File/Import or File/Export and the file.
+    // Chooses File/Import or File/Export, and then the file.
     void ImportByMenu(const std::string& sFile) const;
     void ExportByMenu(const std::string& sFile) const;
 
@@ -33,17 +33,16 @@ protected:
     // Saves the active account in place.
     void Save() const;
 
-    // The transactions of an account file. Nobody may have it open.
+    // The transactions of an account file, which nobody may have open.
     static std::vector<QMTransaction> Load(const std::string& sPath);
 
-    // What an account holds after a file was imported into it. tick(row) and cleared(row) choose
-    // among the rows as the user does in the review. It is computed without the program, from a
-    // copy.
+    // What an account holds after a file was imported into it, computed without the program from a
+    // copy. tick(row) and cleared(row) tell what the user chooses for each row of the review.
     std::string Merged(
         const std::string& sAccount, const std::string& sFile, const std::function<bool(int)>& tick,
         const std::function<bool(int)>& toggleCleared = [](int) { return false; }) const;
 };
 
-// Everything about a transaction as one line.
+// All values of a transaction in one line.
 std::string Describe(const QMTransaction& transaction);
 std::vector<std::string> Describe(const std::vector<QMTransaction>& transactions);

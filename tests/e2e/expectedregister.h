@@ -8,10 +8,10 @@
 struct ExpectedRegister
 {
     // Reads the file, which nobody may have open, and closes it again. The running test fails when
-    // it cannot be read. bPeriodAlone leaves out transactions outside the account's period.
+    // it cannot be read. With bPeriodAlone, only transactions in the account's period count.
     explicit ExpectedRegister(const std::string& sPath, bool bPeriodAlone = false);
 
-    // The texts by rows and columns of the list, with the empty column at the end.
+    // The texts by row and column of the list, with those of the empty last column.
     std::vector<std::vector<std::string>> rows;
     std::vector<uint32_t> decorations;
     std::vector<std::string> headings;

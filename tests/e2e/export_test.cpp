@@ -1,4 +1,4 @@
-// Export, and the way back.
+// Export, and import of what was exported.
 
 #include <algorithm>
 #include <cstring>
@@ -15,7 +15,8 @@ constexpr uint32_t uOpen = QM_TRANS_FLAG_NOT_CLEARED;
 class ExportTest : public ExchangeTest
 {
 protected:
-    // One of each type, with every tag, texts and none; one in the middle is voided.
+    // One transaction of each type, with every tag, and with and without texts. One in the middle
+    // is voided.
     std::string MakeSource() const
     {
         return MakeAccount("source.qmk", 0, [](QMAccount& account) {
@@ -37,7 +38,7 @@ protected:
         });
     }
 
-    // The file that the formats make of an account without the program.
+    // The file that the portable formats write for an account, without the program.
     std::string ExportedBytes(const std::string& sAccount, const std::string& sName) const
     {
         QMAccount account(sAccount.c_str());
@@ -47,7 +48,8 @@ protected:
         return ReadWholeFile(PathOf(sName));
     }
 
-    // Exports an account and imports the file into an empty one; returns what came in.
+    // Exports an account, imports the file into an empty one, and returns the transactions of that
+    // one.
     std::vector<QMTransaction> ThereAndBack(const std::string& sSource, const std::string& sFile,
                                             int nOut, int nBack)
     {
@@ -62,7 +64,7 @@ protected:
         return Load(sTarget);
     }
 
-    // The two boxes of a failure.
+    // Answers the two boxes that tell of a failure.
     void AnswerFailedExport(const std::string& sFile) const
     {
         AnswerResult("Export", "Failed to export transactions to file:\n'" + sFile + "'.");
@@ -71,14 +73,14 @@ protected:
         EXPECT_TRUE(m_program.GetBoxes().empty());
     }
 
-    // Exports to a file that is there, and lets it be replaced.
+    // Exports to a file that exists, and answers that it may be replaced.
     void ExportOver(const std::string& sFile) const
     {
         m_program.Post(IDM_FILE_EXPORT);
         const FileDialogWindow dialog = AwaitFileDialog(m_program, "Save As");
         dialog.EnterName(sFile);
         dialog.Accept();
-        // Its words are the system's.
+        // Windows chooses the words of this question.
         MessageBoxWindow question(nullptr);
         Await("the question about the file", [&] {
             for (const MessageBoxWindow& box : m_program.GetBoxes()) {
@@ -105,7 +107,7 @@ TEST_F(ExportTest, EachFormatWritesWhatTheFormatsSay)
     for (size_t u = 0; u < 3; ++u) {
         const std::string sFile = PathOf(aNames[u]);
         ExportByMenu(sFile);
-        // Also where the format leaves rows out.
+        // The number counts all transactions, also those that the format leaves out.
         AnswerExported(12, sFile);
         m_program.Settle();
         EXPECT_EQ(ReadWholeFile(sFile), sBytes[u]) << sFile;
@@ -204,10 +206,9 @@ TEST_F(ExportTest, UnsavedChangesAreExported)
     AnswerExported(3, PathOf("out.csv"));
 }
 
-// ---- There and back.
+// ---- Out and back in.
 
-// What every format keeps of the transaction that went out in that place; the flags that are left
-// differ.
+// What every format keeps of the exported transaction. Which flags are kept depends on the format.
 void ExpectKept(const QMTransaction& out, const QMTransaction& back, uint32_t uFlags, size_t u)
 {
     EXPECT_EQ(back.lType, out.lType) << u;
@@ -256,7 +257,7 @@ TEST_F(ExportTest, XmlKeepsTypesTagsAndTheDateClearedButDescriptionsOfChecksAlon
         ExpectKept(a, b, a.lFlags, u);
         const bool bCheck = a.lType == QM_TRANS_CHECK;
         EXPECT_STREQ(b.szDescription, bCheck ? a.szDescription : "") << u;
-        // The number that a new transaction has.
+        // The number of a new transaction.
         EXPECT_EQ(b.lNumber, bCheck ? a.lNumber : 1000U) << u;
         if (!a.HasFlag(QM_TRANS_FLAG_NOT_CLEARED)) {
             EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtCleared)) << u;
@@ -264,7 +265,7 @@ TEST_F(ExportTest, XmlKeepsTypesTagsAndTheDateClearedButDescriptionsOfChecksAlon
     }
 }
 
-// A memo with two ampersands has the second one left as it is, which no reader takes.
+// In a memo with two ampersands the second one is not escaped. No reader accepts that.
 TEST_F(ExportTest, XmlWithTwoAmpersandsInATextDoesNotComeBack)
 {
     const std::string sSource = MakeAccount("source.qmk", 1, [](QMAccount& account) {
@@ -289,7 +290,8 @@ TEST_F(ExportTest, XmlWithTwoAmpersandsInATextDoesNotComeBack)
 class EndlessExportTest : public ExportTest
 {
 protected:
-    // Begins the export of an account without transactions and waits for its window.
+    // Starts the export of an account without transactions and waits for the window that shows its
+    // progress.
     DialogWindow BeginEndless(const std::string& sFile)
     {
         m_program.Open();
@@ -341,7 +343,7 @@ TEST_F(EndlessExportTest, RunsOnUntilTheUserEndsIt)
 {
     const std::string sFile = PathOf("endless.qif");
     const DialogWindow progress = BeginEndless(sFile);
-    // Neither a request to close the frame nor another start ends it, and both are answered.
+    // A request to close the frame and a second start do not end it. Both are answered.
     EXPECT_EQ(SendTo(m_program.GetFrame(), WM_QUERYENDSESSION), 0);
     SendTo(m_program.GetFrame(), WM_CLOSE);
     const std::string sOther = MakeAccount("other.qmk", 2);

@@ -1,4 +1,4 @@
-// Opening and closing documents leaves nothing behind.
+// The program frees all objects of Windows when documents and dialogs close.
 
 #include <winternl.h>
 
@@ -63,7 +63,7 @@ bool IsCachedContext(HANDLE hProcess, const GdiEntry& entry)
     return ReadRemote(hProcess, pState, &state, sizeof state) && state.lDisabled != 0;
 }
 
-// Of the program itself: what Wine keeps is left out.
+// The objects of the program itself, without those that Wine keeps.
 int CountInTable(HANDLE hProcess)
 {
     const char* pBlock = EnvironmentBlock(hProcess);
@@ -116,7 +116,7 @@ protected:
         return paths;
     }
 
-    // The first round may make what the program keeps, the later ones may not.
+    // In the first round the program may make objects that it keeps. In later rounds it may not.
     void ExpectNoGrowth(const char* szWhat, int nLate, const std::function<int()>& count)
     {
         const std::vector<std::string> paths = MakeTen();
@@ -124,8 +124,8 @@ protected:
         OpenAndCloseTen(paths);
         const int nBefore = count();
         EXPECT_GT(nBefore, 0) << szWhat;
-        // Twenty documents with one object lost each would be twenty more. Some systems make a few
-        // late, at the first caption or scroll bar that they paint, and keep them.
+        // One lost object for each of twenty documents would give twenty more. Some systems make a
+        // few objects late, when they first paint a caption or a scroll bar, and keep them.
         OpenAndCloseTen(paths);
         OpenAndCloseTen(paths);
         Await("no more " + std::string(szWhat) + " than about " + std::to_string(nBefore),
@@ -156,7 +156,7 @@ TEST_F(GuiResourcesTest, DocumentsLeaveNoWindows)
 class DialogResourcesTest : public GuiResourcesTest
 {
 protected:
-    // Opens every dialog and box that an account has, and ends them.
+    // Opens every dialog and box that an account has, and closes it.
     void RunDialogs() const
     {
         const struct
@@ -177,8 +177,8 @@ protected:
         m_program.Settle();
     }
 
-    // One object that is lost with each of these dialogs makes a hundred, and one that is lost with
-    // a single kind of them makes 25.
+    // One lost object for each dialog would give a hundred more, and one for each dialog of a
+    // single kind would give 25.
     void RunAHundred() const
     {
         for (int i = 0; i < 25; ++i) {
@@ -186,7 +186,7 @@ protected:
         }
     }
 
-    // The common controls keep what they made for the first ones.
+    // The common controls make objects for the first dialogs and keep them.
     void RunFirst() const
     {
         for (int i = 0; i < 6; ++i) {

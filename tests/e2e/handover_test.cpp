@@ -1,4 +1,4 @@
-// A second start: it hands its arguments to the program that runs, and ends.
+// A second start of the program hands its arguments to the first one and ends.
 
 #include "tests/e2e/e2e_test.h"
 #include "tests/e2e/reviewwindow.h"
@@ -9,7 +9,7 @@ namespace {
 class HandOverTest : public E2ETest
 {
 protected:
-    // Puts a window of the test's own in front.
+    // Brings a window of the test to the foreground.
     void TakeForeground()
     {
         m_hOwn = CreateWindowExA(0, "STATIC", "in front", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 300,
@@ -21,7 +21,7 @@ protected:
         });
     }
 
-    // The test's window has to answer while the frame takes its place.
+    // This window must answer messages while the frame comes to the foreground.
     static void Pump()
     {
         MSG message;
@@ -53,7 +53,7 @@ TEST_F(HandOverTest, FileOpensInTheFirstInstance)
     const std::string sPath = CopySample();
     m_program.Open();
     EXPECT_EQ(StartAgain({sPath}), 1U);
-    // All is done before the second one ends.
+    // Everything is done before the second program ends.
     EXPECT_EQ(m_program.GetDocumentTitles(), Texts{sPath});
     EXPECT_EQ(m_program.GetActiveTitle(), sPath);
     EXPECT_EQ(ActiveList().GetRowCount(), 447);
@@ -131,7 +131,8 @@ TEST_F(HandOverTest, SecondOneWaitsForAFirstThatIsStillComingUp)
     m_program.Start({});
     Process second;
     second.Start(ProgramFolder() + "quillmark.exe", {CopySample()});
-    // Whichever was first has the frame; the other one ends, delivered.
+    // One of the two was first and has the frame. The other one has handed over its arguments and
+    // ended.
     Await("one of two to end", [&] { return !second.IsRunning() || !m_program.IsRunning(); });
     if (second.IsRunning()) {
         EXPECT_EQ(m_program.AwaitExit(), 1U);
@@ -174,7 +175,7 @@ TEST_F(HandOverTest, AfterTheEndTheNextStartIsAFirstOne)
     EXPECT_EQ(m_program.Close(), 0U);
 }
 
-// The second start stands in the test's folder, the first one elsewhere.
+// The current folder of the second start is the test's, and that of the first one is another.
 class RelativeNameTest : public HandOverTest
 {
 protected:
@@ -201,7 +202,7 @@ TEST_F(RelativeNameTest, IsHandedOverInFull)
     EXPECT_TRUE(m_program.GetBoxes().empty());
     EXPECT_EQ(m_program.GetDocumentTitles(), Texts{sPath});
     EXPECT_EQ(ReadSettingText("Recent File List", "File1"), sPath);
-    // Nor is it another file by its full name.
+    // By its full name it is still the same file.
     EXPECT_EQ(StartAgain({sPath}), 1U);
     EXPECT_TRUE(m_program.GetBoxes().empty());
     EXPECT_EQ(m_program.GetDocuments().size(), 1U);
@@ -241,7 +242,7 @@ TEST_F(RelativeNameTest, BothNamesOfAnOrderAreMadeFull)
     EXPECT_EQ(m_program.GetDocumentTitles(), Texts{sAccount});
 }
 
-// ---- In the middle of a command.
+// ---- While a command runs.
 
 class HandOverInWorkTest : public WorkTest
 {
@@ -250,7 +251,7 @@ protected:
     {
         return "-I" + sFile + "|" + sAccount;
     }
-    // Two transactions that come before all of the accounts of these tests.
+    // Two transactions whose dates are before all others in these tests.
     std::string MakeEarly() const
     {
         return MakeFile("early.qif",

@@ -1,4 +1,4 @@
-// Import: by the menu, by the command line, through the review.
+// Import by the menu and by the command line, with the review.
 
 #include <algorithm>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-// Six transactions of five days; the third and the fifth are cleared.
+// Six transactions on five days. The third and the fifth are cleared.
 const char szQif[] =
     "!Type:Bank\n"
     "D01/05/2004\nN1001\nT-12.50\nPRent\nMfor January\nLHouse\n^\n"
@@ -43,7 +43,7 @@ class ImportTest : public ExchangeTest
 protected:
     std::string MakeQif() const { return MakeFile("import.qif", szQif); }
 
-    // An account of five transactions before, among and after those of the file.
+    // An account whose five transactions lie before, among and after those of the file.
     std::string MakeTarget(const std::string& sName = "target.qmk") const
     {
         return MakeAccount(sName, 0, [](QMAccount& account) {
@@ -55,7 +55,7 @@ protected:
         });
     }
 
-    // Starts the program with an order and waits for the review.
+    // Starts the program with an import order and waits for the review.
     ReviewWindow OpenReview(const std::string& sFile, const std::string& sAccount)
     {
         m_program.Start({Order(sFile, sAccount)});
@@ -64,7 +64,7 @@ protected:
         return review;
     }
 
-    // What the register shows is what the account with the merged contents would show.
+    // The register must show what it shows for an account with the merged transactions.
     void ExpectShows(const std::string& sMerged) const
     {
         const ExpectedRegister expected(sMerged);
@@ -126,7 +126,7 @@ TEST_F(ImportTest, SomeRowsUntickedAndSomeSetCleared)
     review.Tick(4, false);
     EXPECT_EQ(review.GetTicked(), (std::vector<int>{0, 2, 3, 5}));
     EXPECT_EQ(review.GetBoxState(IDC_IMPORT_ALL), 2);
-    // In the second column.
+    // A click in the second column.
     std::vector<uint32_t> before = review.GetList().ReadData(0, nQifRows);
     for (const int nRow : {0, 2, 3}) {
         review.Click(nRow, 60);
@@ -226,7 +226,7 @@ TEST_F(ImportTest, NoneTickedReportsNone)
     AnswerImported(0, sFile);
     m_program.Settle();
     EXPECT_EQ(ActiveList().GetRowCount(), 5);
-    // The import went through, so the account counts as changed.
+    // The import took place, so the account counts as changed.
     EXPECT_TRUE(IsModified());
 }
 
@@ -249,7 +249,7 @@ TEST_F(ImportTest, VoidedTransactionShowsItsSuffix)
     review.End(IDCANCEL);
 }
 
-// ---- Ways into it.
+// ---- Ways to start an import.
 
 TEST_F(ImportTest, EachFormatComesInByTheMenu)
 {
@@ -315,12 +315,12 @@ TEST_F(ImportTest, OrderIsHandedOverToTheRunningInstance)
     const std::string sAccount = MakeTarget();
     const std::string sMerged = Merged(sAccount, sFile, Every);
     m_program.Open({MakeAccount("other.qmk", 1)});
-    // Twice: the account is opened for the first and is open for the second.
+    // Twice: the first order opens the account, and the second finds it open.
     for (int i = 1; i <= 2; ++i) {
         Process second;
         second.Start(ProgramFolder() + "quillmark.exe", {Order(sFile, sAccount)});
         AwaitReview(m_program).End(IDC_IMPORT_IMPORT);
-        // The second instance waits until the first has said all it has to say.
+        // The second program waits until the first one has no more boxes to show.
         EXPECT_TRUE(second.IsRunning());
         AnswerImported(nQifRows, sFile);
         EXPECT_EQ(second.AwaitExit(), 1U);
@@ -357,7 +357,7 @@ TEST_F(ImportTest, ReadOnlyAccountTakesAnImport)
     ImportAll(sFile, nQifRows);
     EXPECT_EQ(ActiveList().GetRowCount(), 3 + nQifRows);
     EXPECT_TRUE(IsModified());
-    // Saving it is refused all the same.
+    // Saving is refused as before.
     m_program.Post(IDM_FILE_SAVE);
     m_program.AnswerBox("This command cannot be performed in read-only mode.");
 }

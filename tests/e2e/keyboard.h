@@ -1,4 +1,4 @@
-// The keyboard of the machine. What is typed goes to the foreground window, as a user's keys do.
+// The keyboard of the machine. Keys go to the foreground window, as a user's do.
 #pragma once
 
 #include <windows.h>
@@ -14,13 +14,13 @@ class Keyboard
 public:
     explicit Keyboard(const Program& program) : m_program(program) {}
 
-    // Presses a key (VK_, or a capital letter) while others are held down. Does not wait. The
+    // Presses a key (VK_, or a capital letter) while other keys are held down. Does not wait. The
     // program must be in the foreground.
     void Press(WORD uKey, const std::vector<WORD>& held = {}) const;
-    // Types characters: at most one line of them.
+    // Types characters, of one line at most.
     void Type(const std::string& sText) const;
 
-    // Presses Tab until the control of that id has the focus.
+    // Presses Tab until the control with that id has the focus.
     void TabTo(const DialogWindow& dialog, int nId) const;
     // Presses Tab until the control has the focus, and replaces its text.
     void Fill(const DialogWindow& dialog, int nId, const std::string& sText) const;

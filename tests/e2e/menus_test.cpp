@@ -1,4 +1,4 @@
-// The menu: its labels, and which of its items can be chosen when.
+// The menu: its labels, and when its items are enabled.
 
 #include "tests/e2e/e2e_test.h"
 
@@ -19,7 +19,7 @@ const std::vector<UINT> alwaysEnabled = {
     IDM_FILE_NEW,      IDM_FILE_EXIT,           IDM_TOOLS_CALCULATOR,
     IDM_TOOLS_OPTIONS, IDM_HELP_GETTINGSTARTED, IDM_HELP_CONTENTS,
     IDM_HELP_INDEX,    IDM_HELP_ABOUT};
-// Of no use without a document.
+// These items need a document.
 const std::vector<UINT> forDocuments = {IDM_FILE_CLOSE,
                                         IDM_FILE_CLOSEALL,
                                         IDM_FILE_SAVE,

@@ -1,5 +1,6 @@
-// Each command of the menu once: with a document, without one, with a read-only one, with nothing
-// selected. What comes up is answered, and the program must be there and idle afterwards.
+// Each command of the menu once: with a document, without one, with a read-only one, and with
+// nothing selected. The test answers what comes up. Afterwards the program must still run and be
+// idle.
 
 #include <algorithm>
 
@@ -7,24 +8,23 @@
 
 namespace {
 
-// Those that end or replace what the story is about have tests of their own.
+// These commands close documents or the program, and have tests of their own.
 const std::vector<UINT> g_leftOut = {
     IDM_FILE_EXIT,
     IDM_FILE_CLOSE,
     IDM_FILE_CLOSEALL,
-    // These belong to the viewer of help of the machine.
+    // These start the help viewer of the machine.
     IDM_HELP_GETTINGSTARTED,
     IDM_HELP_CONTENTS,
     IDM_HELP_INDEX,
-    // And this to its browser.
+    // This one starts its browser.
     IDM_TOOLS_BANKWEBPAGE,
 };
 
 class MenuStoryTest : public WorkTest
 {
 protected:
-    // The commands that the table of this test program knows by their numbers and that the menu
-    // has.
+    // The commands of the menu without those above.
     std::vector<UINT> CommandsOfTheMenu() const
     {
         std::vector<UINT> commands;
@@ -53,13 +53,13 @@ protected:
         return nullptr;
     }
 
-    // Cancels what a command brought up, one window after the other, until the frame is free.
+    // Cancels what a command opened, one window after the other, until the frame is enabled.
     void CancelAll() const
     {
         Await("the frame to be free again", [this] {
             HWND hPrompt = FindPrompt();
             if (hPrompt != nullptr) {
-                // A question without Cancel cannot be closed, only answered.
+                // A question without Cancel cannot be closed. It must be answered.
                 const bool bQuestion = GetDlgItem(hPrompt, IDNO) != nullptr;
                 PostMessageA(hPrompt, bQuestion ? WM_COMMAND : WM_CLOSE, bQuestion ? IDNO : 0, 0);
                 return false;

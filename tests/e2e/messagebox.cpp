@@ -26,7 +26,7 @@ std::string MessageBoxWindow::GetText() const
     std::string sText;
     for (HWND hChild : ChildrenOf(m_hWnd)) {
         if (WindowClass(hChild) == "Static") {
-            // The icon is one too, without a text.
+            // The icon is a static control too, without a text.
             sText += WindowText(hChild);
         }
     }
@@ -49,7 +49,8 @@ std::vector<int> MessageBoxWindow::GetButtons() const
     std::vector<int> ids;
     const std::vector<HWND> buttons = FindButtons();
     for (HWND hButton : buttons) {
-        // A lone button answers to Esc as well, so that some systems call it IDCANCEL.
+        // When a box has a single button, Esc presses it too. So some systems give it the id
+        // IDCANCEL.
         ids.push_back(buttons.size() == 1 ? IDOK : GetDlgCtrlID(hButton));
     }
     return ids;

@@ -1,5 +1,5 @@
-// A month of a household: typed, corrected, looked at, protected, saved in every format, and opened
-// again. In the end the files hold what was typed.
+// One month of a household: transactions are typed, corrected, read, protected, saved in every
+// format and opened again. In the end the files must hold what was typed.
 
 #include <algorithm>
 #include <cstring>
@@ -49,14 +49,14 @@ const std::vector<Entry> month = {
      .sAmount = "1.00",
      .sDescription = "void",
      .uTag = QM_TRANS_FLAG_VOIDED},
-    // Not in the order of their days.
+    // They are not in the order of their days.
     {.sDate = "2004-03-20", .sAmount = "8", .sDescription = "Baker"},
 };
 
 class MonthTest : public WorkTest
 {
 protected:
-    // What the account must hold, in its order.
+    // What the account must hold, in the order of its store.
     Texts ExpectedLines(bool bWithCategories = true) const
     {
         Texts lines;
@@ -82,7 +82,7 @@ protected:
         });
     }
 
-    // Types an entry and notes what must come of it. The dialog shows the number that it offers.
+    // Types an entry and notes the transaction that must result. The dialog must offer this number.
     void TypeInto(const DialogWindow& dialog, const Entry& entry)
     {
         const auto uOffered = static_cast<uint32_t>(std::stoul(dialog.GetText(IDC_TX_NUMBER)));
@@ -174,7 +174,7 @@ void MonthTest::CorrectSome()
     strcpy(m_expected[3].szMemo, "pocket money");
     m_expected[6].dtDate = m_expected[6].dtCleared = QMMakeDate(2004, 3, 29);
     SortExpected();
-    // The one written last is selected in its new place.
+    // The transaction that was edited last is selected, in its new place.
     EXPECT_EQ(ActiveList().GetSelectedRows().size(), 1U);
     EXPECT_EQ(Column("Memo")[static_cast<size_t>(ActiveList().GetFocusedRow())], "power");
 }
@@ -235,7 +235,7 @@ void MonthTest::LookAtMarch()
     AwaitRowCount(nAll - 2);
     EXPECT_EQ(Column("Date").front(), "3/ 2/04");
     EXPECT_EQ(Column("Date").back(), "3/31/04");
-    // Everything before the period counts.
+    // The balance counts everything before the period.
     EXPECT_EQ(Column("Balance").front(), "845.00");
     EXPECT_EQ(m_program.GetPaneText(2), sBalance);
     bar.Choose(IDC_TB_PERIOD, QM_ACCNT_DISPLAY_ALL);
@@ -268,7 +268,7 @@ void MonthTest::SaveInEachFormat() const
     SaveAs(PathOf("march10.qmk"), 1);
     EXPECT_EQ(LinesOfFile(PathOf("march11.qmk")), ExpectedLines(false));
     EXPECT_EQ(VersionOf("march11.qmk"), 0x1100);
-    // The first line keeps the format.
+    // The first line of the file types keeps the format.
     SaveAs(PathOf("kept.qmk"));
     EXPECT_EQ(LinesOfFile(PathOf("march10.qmk")), ExpectedLines(false));
     EXPECT_EQ(VersionOf("march10.qmk"), 0x1000);
@@ -331,7 +331,7 @@ void MonthTest::FailToOpen()
     EXPECT_TRUE(m_program.GetDocuments().empty());
     EXPECT_TRUE(IsLocked(sPath));
     EXPECT_EQ(m_program.Close(), 0U);
-    // The program opens its last file again by itself, and so asks.
+    // The program opens its last file at the start, and so asks for the password.
     m_program.Open();
     AwaitDialog(m_program, "Enter Password").End(IDCANCEL);
     m_program.AnswerBox("Failed to open file '" + sPath + "'.");

@@ -1,4 +1,4 @@
-// Only the register on top speaks through the frame's bars.
+// Only the active register writes to the bars of the frame.
 
 #include "tests/e2e/work_test.h"
 

@@ -9,7 +9,7 @@ constexpr char szRemove[] = "Are you sure you want to remove this transaction?";
 class OperationsTest : public WorkTest
 {
 protected:
-    // Of amounts that tell in every sum, one a day, none cleared.
+    // Transactions on different days, none cleared. Their amounts can be told apart in every sum.
     std::string MakeDays(
         int nDays, const std::function<void(QMAccount&)>& fill = [](QMAccount&) {}) const
     {
@@ -26,7 +26,7 @@ protected:
         });
     }
 
-    // What the file holds of the flags after a save.
+    // Saves, and returns the flags of all transactions in the file.
     std::vector<uint32_t> FlagsAfterSave(const std::string& sPath) const
     {
         Do(IDM_FILE_SAVE);
@@ -130,7 +130,7 @@ TEST_F(OperationsTest, EditThatMovesADateOutOfThePeriodDropsItsRow)
     dialog.End(IDOK);
     AwaitRowCount(2);
     EXPECT_EQ(Column("Date"), (Texts{"1/ 2/04", "1/ 4/04"}));
-    // It is still in the account.
+    // The transaction is still in the account.
     AwaitPane(3, " Available: $-5.00");
 }
 
@@ -146,7 +146,7 @@ TEST_F(OperationsTest, RemovingTheSecondRowRefreshesAndTheFirstDoesNot)
     RemoveRow(0);
     EXPECT_EQ(Column("Balance"), (Texts{"5.00", "-3.00", "13.00"}));
     AwaitPane(3, " Available: $13.00");
-    // Whatever refreshes next puts it right.
+    // The next refresh corrects the balances.
     Do(IDM_VIEW_SHADEDLINES);
     EXPECT_EQ(Column("Balance"), (Texts{"4.00", "-4.00", "12.00"}));
 }
@@ -230,7 +230,7 @@ TEST_F(OperationsTest, VoidingSetsNotClearedAndUnvoidingLeavesIt)
     EXPECT_EQ(ActiveList().ReadData(0, 1)[0] & uRowCleared, uRowCleared);
     Do(IDM_TRANSACTION_VOIDED);
     EXPECT_EQ(ActiveList().ReadData(0, 1)[0] & (uRowCleared | uRowVoided), uRowVoided);
-    // The narrow refresh leaves the description's text alone.
+    // This refresh does not touch the text of the description.
     AwaitPane(3, " Available: $-2.00");
     Do(IDM_TRANSACTION_VOIDED);
     EXPECT_EQ(ActiveList().ReadData(0, 1)[0] & (uRowCleared | uRowVoided), 0U);
@@ -330,7 +330,7 @@ TEST_F(OperationsTest, AutoSizeDoesNotMarkTheDocument)
     EXPECT_FALSE(IsMarked());
 }
 
-// ---- Gates.
+// ---- When a command is refused.
 
 struct Gate
 {

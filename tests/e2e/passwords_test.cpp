@@ -47,7 +47,7 @@ protected:
         dialog.SetText(IDC_PW_NEWAGAIN, sAgain);
     }
 
-    // The password in the file after a save.
+    // Saves, and returns the password in the file.
     std::string PasswordInFile(const std::string& sPath) const
     {
         Do(IDM_FILE_SAVE);
@@ -91,7 +91,8 @@ TEST_F(PasswordsTest, ThreeWrongEntriesLeaveTheFileClosedAndLocked)
     m_program.AwaitFrame();
     EXPECT_TRUE(m_program.GetDocuments().empty());
     EXPECT_TRUE(IsLocked(sPath));
-    // It stays with the program: no second chance, and no question, before its end.
+    // The program keeps the file open until it ends. So there is no second try and no other
+    // question.
     ChooseToOpen(sPath);
     m_program.AnswerBox("Failed to open file '" + sPath + "'.");
     EXPECT_EQ(m_program.Close(), 0U);

@@ -31,7 +31,7 @@ QMDate DayOf(const std::string& sText)
                       static_cast<uint16_t>(uDay));
 }
 
-// The bar goes by universal time.
+// The bar uses universal time.
 QMDate UniversalToday()
 {
     SYSTEMTIME time = {};
@@ -64,7 +64,7 @@ Texts InRange(const Days& days, const Range& range)
 {
     Texts found;
     for (const std::string& sDay : days) {
-        // Dates in this form sort as texts.
+        // Dates of this form have the same order as texts.
         if (sDay >= range.sFrom && sDay <= range.sTo) {
             found.push_back(sDay);
         }
@@ -72,7 +72,7 @@ Texts InRange(const Days& days, const Range& range)
     return found;
 }
 
-// The ends of all periods as of today, and the days beside them.
+// The first and last days of all periods, as of today, and the days beside them.
 Days InterestingDays()
 {
     Days days = {szFarPast, szFarFuture};
@@ -94,7 +94,7 @@ protected:
         WriteSettingNumber("Settings", "Options - General", 10);
     }
 
-    // An account of one check for each day, described by its date.
+    // An account with one check on each of these days. Its description is the date.
     std::string MakeDays(
         const std::string& sName, const Days& days,
         const std::function<void(QMAccount&)>& fill = [](QMAccount&) {}) const
@@ -111,7 +111,7 @@ protected:
         });
     }
 
-    // One that shows a period.
+    // An account that shows a period.
     std::string MakeWithPeriod(const std::string& sName, const Days& days, uint32_t uPeriod,
                                const Range& range) const
     {
@@ -127,7 +127,7 @@ protected:
         return {m_program.GetProcess(), FindChildById(m_program.GetFrame(), IDC_TRANSACTIONSBAR)};
     }
 
-    // As the user does; returns the day on which it was.
+    // Selects a period as the user does. Returns the day on which that was.
     QMDate Choose(uint32_t uPeriod) const
     {
         for (;;) {
@@ -310,7 +310,7 @@ TEST_F(PeriodTest, DatesOfARangeDecideInclusively)
     EXPECT_EQ(m_program.GetPaneText(1), " Transaction: 1 of 1");
 }
 
-// The dates are not put in order: such a range has no days.
+// The program does not swap the two dates. Such a range has no days.
 TEST_F(PeriodTest, RangeThatEndsBeforeItStartsShowsNothing)
 {
     const Days days = {"2003-12-31", "2004-01-01", "2004-02-15"};
@@ -425,14 +425,14 @@ TEST_F(PeriodTest, BarShowsThePeriodOfTheAccountOnTop)
         EXPECT_FALSE(IsModified());
         HandOverFile(sSecond);
     }
-    // A change is that of the account on top alone.
+    // A change applies to the active account only.
     SetDate(IDC_TB_TO, "2003-03-04");
     HandOverFile(sFirst);
     EXPECT_EQ(Rows(), Texts{"2001-01-01"});
     EXPECT_FALSE(IsModified());
 }
 
-// What the bar showed before is remembered for the bar, not for the account.
+// The bar remembers what it showed before, whichever account that was for.
 TEST_F(PeriodTest, RangeTakesTheDatesAsTheyStandAfterAPeriodOfAnotherAccount)
 {
     const Days days = {"2001-01-01", "2002-02-02"};

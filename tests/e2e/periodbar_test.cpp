@@ -22,7 +22,7 @@ int DaysInMonth(int nYear, int nMonth)
 class PeriodBarTest : public WorkTest
 {
 protected:
-    // One a month in the first half of 2004, of 1 to 32 dollars.
+    // One transaction a month in the first half of 2004, of 1 to 32 dollars.
     std::string MakeHalfYear(const std::string& sName = "half.qmk") const
     {
         return MakeAccount(sName, 0, [&](QMAccount& account) {
@@ -81,7 +81,7 @@ TEST_F(PeriodBarTest, OffersFivePeriods)
 TEST_F(PeriodBarTest, PeriodsGoByTheUniversalDate)
 {
     OpenWithBar(MakeHalfYear());
-    // Again, should midnight come in between.
+    // Once more, in case midnight came in between.
     SYSTEMTIME before = {};
     SYSTEMTIME after = {};
     do {
@@ -100,7 +100,7 @@ TEST_F(PeriodBarTest, PeriodsGoByTheUniversalDate)
         ExpectDatesEnabled(false);
         GetSystemTime(&after);
     } while (before.wDay != after.wDay);
-    // Long after these transactions: the sums are those of all of them.
+    // This period is long after these transactions. The sums are still those of all of them.
     EXPECT_EQ(ActiveList().GetRowCount(), 0);
     EXPECT_EQ(m_program.GetPaneText(2), " Balance: $63.00");
     EXPECT_EQ(m_program.GetPaneText(1), " No Transaction Selected");
@@ -143,7 +143,7 @@ TEST_F(PeriodBarTest, RangeThatEndsBeforeItBeginsShowsNothing)
     ShowRange("2004-05-01", "2004-02-01");
     ExpectDates("2004-05-01", "2004-02-01");
     EXPECT_EQ(ActiveList().GetRowCount(), 0);
-    // It works on: an added transaction has no row there.
+    // Commands still work: an added transaction has no row.
     Add({.lType = QM_TRANS_DEPOSIT, .sDate = "2004-03-01", .sAmount = "100"});
     EXPECT_EQ(ActiveList().GetRowCount(), 0);
     Bar().Choose(IDC_TB_PERIOD, QM_ACCNT_DISPLAY_ALL);

@@ -1,4 +1,4 @@
-// Where the frame and its documents come up: as they were left.
+// The frame and its documents come up where the last run left them.
 
 #include "tests/e2e/e2e_test.h"
 
@@ -68,7 +68,7 @@ TEST_F(PlacementTest, PlaceIsRememberedBetweenRuns)
     EXPECT_EQ(ReadPosition(), "0061 0072 0803 0504");
 }
 
-// A first start remembers the size that the system gave the frame: nobody need change it.
+// The first start stores the size that Windows gave the frame, without a change by the user.
 TEST_F(PlacementTest, PlaceOfAFrameThatWasOnlyMovedIsRemembered)
 {
     m_program.Open();
@@ -83,7 +83,7 @@ TEST_F(PlacementTest, PlaceOfAFrameThatWasOnlyMovedIsRemembered)
     EXPECT_EQ(FrameRect(), moved);
 }
 
-// The same after a run that left the frame maximized, which is no size of the user's.
+// The same after a run that ended with a maximized frame. That size is not one that the user chose.
 TEST_F(PlacementTest, FirstSizeOfAMaximizedStartLeavesItsFlag)
 {
     m_program.Open();
@@ -213,7 +213,8 @@ TEST_F(PlacementTest, ClosingOneOfTwoMaximizedOnesLeavesTheOtherMaximized)
     EXPECT_TRUE(IsActiveMaximized());
     m_program.NewDocument(1);
     EXPECT_TRUE(IsActiveMaximized());
-    // Some systems activate the other before they maximize it; at its end the flag is right.
+    // Some systems activate the other document before they maximize it. In the end the flag is
+    // right.
     EXPECT_EQ(m_program.Close(), 0U);
     EXPECT_EQ(ReadFlags(), 14U);
 }
@@ -231,7 +232,7 @@ TEST_F(PlacementTest, RestoredDocumentIsRememberedBetweenRuns)
     EXPECT_FALSE(IsActiveMaximized());
 }
 
-// Everything that a run leaves behind for the next, at once.
+// Everything that one run leaves for the next, together.
 TEST_F(PlacementTest, NextRunComesUpAsTheLastOneWasLeft)
 {
     const std::string sFirst = MakeAccount("first.qmk", 1);
@@ -248,7 +249,7 @@ TEST_F(PlacementTest, NextRunComesUpAsTheLastOneWasLeft)
     const std::vector<std::string> left = AllSettings();
     EXPECT_EQ(m_program.Close(), 0U);
     EXPECT_EQ(AllSettings(), left);
-    // The last file of the list, that is, not the new document.
+    // The last file of the list is opened, not the new document.
     m_program.Open();
     m_program.AwaitActive(sSecond);
     EXPECT_EQ(m_program.GetDocuments().size(), 1U);

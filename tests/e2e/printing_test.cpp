@@ -1,4 +1,4 @@
-// Print, Print Preview and Page Setup, with the printer of the tests or without any.
+// Print, Print Preview and Page Setup, with the tests' own printer and without a printer.
 
 #include <windows.h>
 
@@ -17,10 +17,10 @@ namespace {
 constexpr char szNoPrinter[] =
     "'.\n\nPlease make sure that there is a printer installed and connected to this computer.";
 
-// Spooling takes its time.
+// Spooling takes a while.
 constexpr DWORD uPrintLimit = 120000;
 
-// Transactions whose pages are long on their way to the spooler.
+// So many transactions that their pages take long to spool.
 constexpr int nLong = 2000;
 
 class PrintingTest : public E2ETest
@@ -52,12 +52,12 @@ protected:
     DialogWindow BeginPageSetup() const
     {
         m_program.Post(IDM_FILE_PAGESETUP);
-        // The system words the caption.
+        // Windows chooses the words of the caption.
         return AwaitDialog(m_program, IsWine() ? "Setup Page" : "Page Setup");
     }
 
-    // Waits for the end of a command that put the frame out of use. Between the print dialog and
-    // the job the frame looks as if it were in use, but handles no message.
+    // Waits for the end of a command that has disabled the frame. Between the print dialog and the
+    // job the frame is enabled, but handles no message.
     void AwaitFrameInUse() const
     {
         Await("the frame's use", [&] {
@@ -253,7 +253,7 @@ TEST_F(PrintingTest, AnAccountInReadOnlyModePrints)
     const std::string sName = Unique("locked");
     Open(MakeAccount(sName, 3, [](QMAccount& account) { account.header.bReadOnly = 1; }));
     BeginPrint().End(IDOK);
-    // Its three rows fill no page, and its columns need two side by side.
+    // The three rows do not fill a page, but the columns need two pages side by side.
     EXPECT_EQ(AwaitPrinted(sName).GetPageCount(), 2);
     AwaitFrameInUse();
 }

@@ -54,7 +54,7 @@ DWORD Process::AwaitExit()
     return uCode;
 }
 
-// A program that an exception ends has the exception's code, an error's, as its own.
+// The exit code of a program that crashed is the code of the exception, which is that of an error.
 bool Process::HasCrashed() const
 {
     constexpr DWORD uErrors = 0xC0000000;
@@ -66,7 +66,7 @@ void Process::Kill()
 {
     if (IsRunning()) {
         TerminateProcess(GetHandle(), 99);
-        // Its files are free once it is gone.
+        // Windows releases the files of a program only when it is gone.
         WaitForSingleObject(GetHandle(), uStateLimit);
     }
 }

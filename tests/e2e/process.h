@@ -1,4 +1,4 @@
-// Another program, which the test starts. It is ended at the end of the object at the latest.
+// Another program that the test starts. It runs no longer than the object lives.
 #pragma once
 
 #include <windows.h>

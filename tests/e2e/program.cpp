@@ -13,7 +13,7 @@ namespace {
 
 constexpr size_t uTextSize = 1024;
 
-// The splash has the same class, and no documents.
+// The splash window has the same class, but no documents.
 bool IsFrame(HWND hWnd)
 {
     return WindowClass(hWnd).rfind("Quillmark:", 0) == 0 &&
@@ -78,7 +78,8 @@ void Program::AwaitFrame()
 
 DWORD Program::Close()
 {
-    // While a command runs the frame refuses to close, and a box is answered before it is gone.
+    // The frame refuses to close while a command runs, and a command still runs for a moment after
+    // its box was answered.
     Await("the end of the frame's command", [this] { return IsWindowEnabled(m_hFrame) != FALSE; });
     PostMessageA(m_hFrame, WM_CLOSE, 0, 0);
     return m_process.AwaitExit();
@@ -121,7 +122,8 @@ void Program::Post(UINT uCommand) const
 
 void Program::Settle() const
 {
-    // Posted messages are carried out in their order, and the toolbar tells when this one was.
+    // Posted messages are handled in their order. So once the toolbar has handled this one, the
+    // command is done.
     HWND hToolbar = GetToolbar();
     const bool bWas = SendTo(hToolbar, TB_GETANCHORHIGHLIGHT) != 0;
     PostMessageA(hToolbar, TB_SETANCHORHIGHLIGHT, !bWas, 0);
@@ -134,7 +136,7 @@ HMENU Program::GetMenuHandle() const
     return GetMenu(m_hFrame);
 }
 
-// A menu's handle is good in its own program only, wherever the system keeps menus there.
+// On some systems a menu's handle is valid only in the program that made it.
 MenuItem Program::GetMenuItem(UINT uCommand) const
 {
     const auto uState = static_cast<UINT>(CallRemote(GetProcess(), UserFunction("GetMenuState"),
@@ -156,7 +158,8 @@ std::string Program::GetMenuText(UINT uCommand) const
 
 std::string Program::GetMenuText(HMENU hMenu, UINT uCommand) const
 {
-    // GetMenuString wants five arguments; the text's room is asked for and given by a record.
+    // GetMenuString takes five arguments, and a remote call four at most. GetMenuItemInfo takes a
+    // record instead.
     RemoteMemory memory(GetProcess(), sizeof(MENUITEMINFOA) + uTextSize);
     MENUITEMINFOA info = {};
     info.cbSize = sizeof info;

@@ -1,4 +1,4 @@
-// quillmark.exe as a user sees it: its frame, documents, menu, bars and boxes.
+// quillmark.exe as its user sees it: frame, documents, menu, bars and boxes.
 #pragma once
 
 #include <windows.h>
@@ -22,7 +22,7 @@ enum class MenuItem
 class Program
 {
 public:
-    // Starts the program and waits until its frame is on the screen and it is idle.
+    // Starts the program and waits until its frame is visible and idle.
     void Open(const std::vector<std::string>& arguments = {});
     // Starts the program without waiting.
     void Start(const std::vector<std::string>& arguments);
@@ -43,7 +43,7 @@ public:
     HWND GetRebar() const;
     HWND GetToolbar() const;
     HWND GetStatusBar() const;
-    // The title of the frame without that of a maximized document.
+    // The title of the frame, without the title of a maximized document.
     std::string GetTitle() const;
 
     // ---- Commands and menus.
@@ -99,5 +99,5 @@ private:
     HWND m_hFrame = nullptr;
 };
 
-// The frame of any instance that is running; null when there is none.
+// The frame of an instance that runs already; null when there is none.
 HWND FindRunningInstance();

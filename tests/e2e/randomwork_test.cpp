@@ -1,5 +1,5 @@
-// Hundreds of things done to an account in no order that a person would think of. The same things
-// are done to the portable register beside it, and both must show the same and save the same.
+// Hundreds of random operations on an account. The portable register does the same operations, and
+// both must show and save the same.
 
 #include <cstring>
 #include <random>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int nOperations = 500;
 
-// The register without its windows. Its user does in the dialog what he is told.
+// The register without its windows. Its user enters into the dialog what the test says.
 class PlainRegister : public QMRegisterView
 {
 public:
@@ -29,7 +29,7 @@ public:
         return onDialog(args) ? QMDialogEnd::OK : QMDialogEnd::Cancel;
     }
 
-    // The account stays without a file that is open.
+    // The account has no open file.
     void Load(const std::string& sPath)
     {
         document.SetAccount(std::make_unique<QMAccount>(sPath.c_str()));
@@ -70,7 +70,7 @@ private:
     QMRegisterOperations m_operations{document, rows, model, *this};
 };
 
-// The dialog takes the tags of a type that has none.
+// For a type without tags the dialog drops them.
 void LoseTags(QMTransaction& transaction)
 {
     if (!QMSwitchesOfType(transaction.lType).bTag) {
@@ -86,7 +86,7 @@ protected:
     void OpenBoth()
     {
         const std::string sPath = MakeAccount("work.qmk", 12, [](QMAccount& account) {
-            // An amount of nothing cannot be cleared.
+            // A transaction with the amount 0 cannot be cleared.
             account.store.First();
             account.store.GetCurrentNode()->fAmount = 5;
         });
@@ -96,7 +96,7 @@ protected:
         m_plain.model.SetPeriodFilter(true, true);
     }
 
-    // How many operations that were.
+    // The number of operations that were done.
     int DoNext();
     int AddSome();
     void AddToPlain(const Entry& entry);
@@ -207,8 +207,8 @@ void RandomWorkTest::EditSome()
 
 void RandomWorkTest::RemoveSome()
 {
-    // In a period that begins later, removing several takes others than those selected, which has
-    // tests of its own.
+    // In a period that begins later, removing several rows removes others than those selected.
+    // Other tests show that.
     const std::vector<int> selected = SelectSome(m_plain.model.GetFirstShown() == 0 ? 3 : 1);
     DoAnswering(IDM_TRANSACTION_REMOVE,
                 selected.size() < 2 ? "Are you sure you want to remove this transaction?"
@@ -272,7 +272,7 @@ void RandomWorkTest::Reopen()
 
 int RandomWorkTest::DoNext()
 {
-    // Without rows there is nothing to do to them.
+    // Without rows these operations do nothing.
     const int nChoice = ActiveList().GetRowCount() == 0 ? 84 + Below(16) : Below(100);
     if (nChoice < 10) {
         return AddSome();

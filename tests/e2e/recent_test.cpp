@@ -1,4 +1,4 @@
-// The submenu of recent files and the list behind it.
+// The submenu of recent files, and the list in the registry.
 
 #include <algorithm>
 
@@ -33,7 +33,7 @@ protected:
         WriteSettingNumber("Settings", "Flags", 14);
     }
 
-    // What the registry has, without the free slots at the end.
+    // The files in the registry, without the free slots at the end.
     static Texts Stored()
     {
         Texts texts;
@@ -46,7 +46,7 @@ protected:
         return texts;
     }
 
-    // The lines of the submenu.
+    // The lines that the submenu shows.
     Texts Labels() const
     {
         Texts labels;
@@ -58,7 +58,7 @@ protected:
         return labels;
     }
 
-    // Accounts a.qmk, b.qmk and so on, of one transaction, two and so on.
+    // Accounts a.qmk, b.qmk and so on, with one transaction, two and so on.
     Texts MakeAccounts(size_t uCount) const
     {
         Texts paths;
@@ -69,7 +69,7 @@ protected:
         return paths;
     }
 
-    // Chooses a line of the submenu, by its number from 1 on.
+    // Chooses a line of the submenu. nLine counts from 1.
     void Choose(UINT uLine) const
     {
         m_program.Post(uFirst + uLine - 1);
@@ -84,7 +84,7 @@ TEST_F(RecentTest, EmptyListShowsOneDisabledLine)
     m_program.Open();
     EXPECT_EQ(Labels(), Texts{"Empty"});
     EXPECT_EQ(m_program.GetMenuItem(IDM_FILE_RECENT_EMPTY), MenuItem::Grayed);
-    // Also when it comes from a key, and so does a slot that the menu does not show.
+    // The same for a command that a key sends, and for a slot that the menu does not show.
     m_program.Post(IDM_FILE_RECENT_EMPTY);
     Choose(1);
     Choose(10);
@@ -140,7 +140,7 @@ TEST_F(RecentTest, GapByHandCutsTheMenu)
     m_program.Open();
     EXPECT_EQ(Labels(), Texts{"Empty"});
     EXPECT_EQ(m_program.GetMenuItem(IDM_FILE_RECENT_EMPTY), MenuItem::Grayed);
-    // The gap goes down like a file, and those behind it show once they are opened.
+    // The gap moves down like a file. The files after it show again when they are opened.
     HandOverFile(paths[2]);
     EXPECT_EQ(Labels(), Texts{"&1 c.qmk"});
     EXPECT_EQ(Stored(), (Texts{paths[2], "Empty", paths[1]}));
@@ -231,7 +231,7 @@ TEST_F(RecentTest, DeadEntryIsNamedAndTakenOff)
     const Texts paths = MakeAccounts(3);
     Remember({paths[0], PathOf("gone.qmk"), paths[1], paths[2]});
     m_program.Open();
-    // Nobody looks whether the files are there before one is chosen.
+    // The program does not test whether a file exists before the user chooses it.
     EXPECT_EQ(Labels(), (Texts{"&1 a.qmk", "&2 gone.qmk", "&3 b.qmk", "&4 c.qmk"}));
     m_program.Post(uFirst + 1);
     m_program.AnswerBox(DoesNotExist(PathOf("gone.qmk")));
@@ -298,7 +298,7 @@ TEST_F(RecentTest, SavingUnderANameComesOnTop)
     m_program.Post(IDM_FILE_SAVEAS);
     AwaitFileDialog(m_program, "Save As").Enter(PathOf("new.qmk"));
     m_program.Settle();
-    // The name that it had stays in the list.
+    // The old name stays in the list.
     EXPECT_EQ(Stored(), (Texts{PathOf("new.qmk"), paths[1], paths[0]}));
     EXPECT_EQ(Labels(), (Texts{"&1 new.qmk", "&2 b.qmk", "&3 a.qmk"}));
 }
@@ -427,7 +427,7 @@ TEST_F(RecentTest, MissingValueCutsTheMenuAndIsFilledFromAbove)
     m_program.Open();
     EXPECT_EQ(Labels(), Texts{"&1 a.qmk"});
     HandOverFile(paths[3]);
-    // The third stays where it is as well as moving on: nothing came from above it.
+    // The third file stays in its place and also moves down, because nothing came from above it.
     EXPECT_EQ(Stored(), (Texts{paths[3], paths[0], paths[2], paths[2]}));
     EXPECT_EQ(Labels(), (Texts{"&1 d.qmk", "&2 a.qmk", "&3 c.qmk", "&4 c.qmk"}));
 }
@@ -439,7 +439,7 @@ struct Damage
     std::string sBytes;
 };
 
-// None of these is a text that can be read.
+// None of these can be read as a text.
 const Damage aDamages[] = {
     {"Number", REG_DWORD, std::string("\x05\0\0\0", 4)},
     {"Binary", REG_BINARY, std::string("C:\\a.qmk", 9)},
@@ -463,7 +463,7 @@ TEST_P(DamagedRecentTest, IsPassedOverInSilence)
     EXPECT_EQ(Labels(), Texts{"Empty"});
     Choose(1);
     EXPECT_TRUE(m_program.GetDocuments().empty());
-    // What cannot be read is not moved, and the next one stays as well as moving on.
+    // A slot that cannot be read does not move, and the file after it stays and also moves down.
     HandOverFile(paths[1]);
     EXPECT_EQ(Stored(), (Texts{paths[1], paths[0], paths[0]}));
     EXPECT_EQ(Labels(), (Texts{"&1 b.qmk", "&2 a.qmk", "&3 a.qmk"}));
@@ -482,7 +482,7 @@ TEST_F(RecentTest, LongestPathThatCanBeReadIsShown)
     const std::string sLong(1023, 'd');
     Remember({sLong});
     m_program.Open();
-    // This test reads no more than 1023 letters of a menu.
+    // The test reads at most 1023 characters of a menu item.
     EXPECT_EQ(Labels(), Texts{("&1 " + sLong).substr(0, 1023)});
 }
 

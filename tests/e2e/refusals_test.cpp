@@ -1,4 +1,4 @@
-// Accounts that do not open: what is said, and what stays behind.
+// Accounts that cannot be opened: what the program says, and what it leaves behind.
 
 #include <cstring>
 
@@ -12,7 +12,7 @@ std::string Refused(const std::string& sPath)
     return "Failed to open file '" + sPath + "'.";
 }
 
-// The attribute that keeps a file from being written, until the end of the scope.
+// Sets the read-only attribute of a file until the end of the scope.
 class WriteProtection
 {
 public:
@@ -58,7 +58,7 @@ protected:
         EXPECT_EQ(second.AwaitExit(), 1U);
     }
 
-    // The frame goes on as if nothing had been.
+    // The program works on normally.
     void ExpectUsable() const
     {
         const size_t uDocuments = m_program.GetDocuments().size();
@@ -94,7 +94,7 @@ std::string Overwritten(std::string sBytes, size_t uOffset, uint32_t uNumber)
     return sBytes;
 }
 
-// Places in the file: magic, version, count, size of the header, header, size of a block.
+// Offsets in the file: magic, version, count, size of the header, header, size of a block.
 const Damage aDamages[] = {
     {"Empty", [](std::string) { return std::string(); }},
     {"OneByte", [](std::string s) { return s.substr(0, 1); }},
@@ -134,7 +134,7 @@ TEST_F(RefusalsTest, FileThatAnotherProgramHoldsOpensOnceItIsFree)
     ASSERT_NE(hFile, INVALID_HANDLE_VALUE);
     OpenRefused(sPath);
     CloseHandle(hFile);
-    // It never was the program's, so that nothing of it stayed behind.
+    // The program never had the file open, so it holds nothing of it.
     HandOverFile(sPath);
     EXPECT_EQ(ActiveList().GetRowCount(), 447);
 }
@@ -160,7 +160,8 @@ TEST_F(RefusalsTest, AccountWhosePasswordIsNotGivenIsRefusedAndStaysLocked)
     m_program.AwaitFrame();
     EXPECT_TRUE(m_program.GetDocuments().empty());
     EXPECT_TRUE(IsLocked(sPath));
-    // It is not asked for again: the file itself does not open any more.
+    // The program does not ask for the password again, because the file cannot be opened a second
+    // time.
     HandOverRefused(sPath);
     ExpectUsable();
 }

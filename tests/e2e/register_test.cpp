@@ -1,4 +1,4 @@
-// The register on the screen: what a reader of its list finds in it.
+// The register on the screen: what the user reads in its list.
 
 #include "tests/e2e/e2e_test.h"
 #include "tests/e2e/expectedregister.h"
@@ -64,7 +64,7 @@ TEST_F(RegisterTest, HiddenColumnsAreNotThere)
     const WindowList list = ActiveList();
     EXPECT_EQ(list.GetHeadings(), (Texts{"Date", "Number", "Description", "Debit", "Credit", ""}));
     EXPECT_EQ(list.ReadRows(0, 3), expected.rows);
-    // Without the Balance column no row has a sign.
+    // Without the Balance column no row has the flag for a negative balance.
     EXPECT_EQ(list.ReadData(0, 3), (std::vector<uint32_t>{0, 0, 0}));
 }
 
@@ -86,7 +86,7 @@ TEST_F(RegisterTest, HeadingsAreAlignedAsTheirColumns)
     const std::vector<int> expected = {HDF_CENTER, HDF_RIGHT, HDF_RIGHT,  HDF_LEFT, HDF_RIGHT,
                                        HDF_RIGHT,  HDF_RIGHT, HDF_CENTER, HDF_LEFT};
     ASSERT_GT(formats.size(), expected.size());
-    // The control keeps its first column to the left, whatever was asked for.
+    // Windows aligns the first column of a list to the left, whatever the program asks for.
     for (size_t u = 1; u < expected.size(); ++u) {
         EXPECT_EQ(formats[u] & HDF_JUSTIFYMASK, expected[u]) << u;
     }
@@ -210,7 +210,7 @@ TEST_F(RegisterTest, WidthsDoNotMarkTheDocument)
     EXPECT_EQ(list.GetColumnWidth(3), 123);
     EXPECT_EQ(list.GetColumnWidth(4), 77);
     EXPECT_EQ(m_program.GetActiveTitle(), sTitle);
-    // It closes without a question.
+    // The document closes without a question.
     EXPECT_EQ(m_program.Close(), 0U);
 }
 

@@ -9,8 +9,8 @@
 
 namespace {
 
-// What the code below works on: the function, its arguments, room for the result, and 1 once it is
-// there.
+// The data of the code below: the function, its arguments, room for the result, and a flag that
+// becomes 1 once the result is there.
 struct Call
 {
     UINT_PTR uFunction;
@@ -19,7 +19,7 @@ struct Call
     UINT_PTR uDone;
 };
 
-// A procedure that carries out the Call it is given.
+// A procedure (machine code) that does the Call that it is given.
 #ifdef _WIN64
 constexpr BYTE auCode[] = {
     0x53,                   // push rbx
@@ -38,8 +38,8 @@ constexpr BYTE auCode[] = {
     0xC3,                   // ret
 };
 
-// A thread's procedure that sleeps for ever, by the SleepEx whose address it is given, and carries
-// out what is queued to it.
+// The procedure of a thread that sleeps for ever, by calling SleepEx at the given address, and
+// carries out the calls that are queued to it.
 constexpr BYTE auServer[] = {
     0x53,                         // push rbx
     0x48, 0x83, 0xEC, 0x20,       // sub rsp, 20h
@@ -50,7 +50,8 @@ constexpr BYTE auServer[] = {
     0xEB, 0xF2,                   // jmp again
 };
 #else
-// The function takes off its own arguments, however many; the stack is put back from ebp.
+// The function removes its arguments from the stack, however many there are. So the stack pointer
+// is restored from ebp.
 constexpr BYTE auCode[] = {
     0x55,                   // push ebp
     0x89, 0xE5,             // mov ebp, esp
@@ -128,7 +129,7 @@ bool ReadRemote(HANDLE hProcess, const void* pAddress, void* pBytes, size_t uSiz
 
 namespace {
 
-// A process's handle that outlives the one it was made from.
+// A second handle of the process, which stays valid when the first one is closed.
 class ProcessHandle
 {
 public:
@@ -170,7 +171,7 @@ public:
     ~Server() { CloseHandle(m_hThread); }
 
     HANDLE GetThread() const { return m_hThread; }
-    // False once its program has ended.
+    // Returns false when the program has ended.
     bool IsAlive() const { return WaitForSingleObject(m_hThread, 0) == WAIT_TIMEOUT; }
 
 private:
@@ -179,7 +180,7 @@ private:
     HANDLE m_hThread;
 };
 
-// By the programs' ids, which come again.
+// By process id. Windows may use an id again for another program.
 std::map<DWORD, std::unique_ptr<Server>> g_servers;
 
 } // namespace

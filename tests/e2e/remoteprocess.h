@@ -1,5 +1,4 @@
-// Memory and functions of another program, which must be a 32-bit or a 64-bit program as this one
-// is.
+// Memory and functions of another program, which must be for 32 bits or 64 bits as this one is.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +18,7 @@ public:
     void Write(size_t uOffset, const void* pBytes, size_t uSize);
     void Read(size_t uOffset, void* pBytes, size_t uSize) const;
 
-    // The address in the other program, for the parameters of messages.
+    // The address in the other program, for use in the parameters of messages.
     template <class T = char>
     T* At(size_t uOffset) const
     {
@@ -32,12 +31,13 @@ private:
     void* m_pMemory;
 };
 
-// Reads bytes at an address of the other program. Returns false when there is no memory.
+// Reads bytes at an address of the other program. Returns false when the program has no memory
+// there.
 bool ReadRemote(HANDLE hProcess, const void* pAddress, void* pBytes, size_t uSize);
 
-// Makes the thread that carries out the calls below in the other program. The first call does it
-// otherwise. Call it while the program is idle: Wine 8 makes a thread for another program by
-// interrupting one of its threads, whatever that is doing, and both may then stand still.
+// Makes the thread in the other program that carries out the calls below. Otherwise the first call
+// does that. Call it while the program is idle: Wine 8 makes a thread in another program by
+// interrupting one of its threads. If that thread is at work, both may hang.
 void PrepareCalls(HANDLE hProcess);
 
 // Calls a function of a DLL of Windows in a thread of the other program. Such a DLL has the same

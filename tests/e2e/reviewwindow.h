@@ -14,11 +14,11 @@ public:
     // The rows that are ticked.
     std::vector<int> GetTicked() const;
     void Tick(int nRow, bool bOn) const;
-    // Clicks in a row, nPixels from the left edge of the list.
+    // Clicks into a row, nPixels from the left edge of the list.
     void Click(int nRow, int nPixels) const;
     // The state of a check box: 0, 1, or 2 for the third state.
     int GetBoxState(int nId) const;
-    // Presses one of the two boxes and waits for a state.
+    // Presses one of the two boxes and waits until it has this state.
     void PressBox(int nId, int nState) const;
 
 private:

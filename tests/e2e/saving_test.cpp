@@ -1,4 +1,4 @@
-// Opening and saving accounts by the menu, and what stays when that fails.
+// Opening and saving accounts by the menu, and the state after a failure.
 
 #include <algorithm>
 
@@ -10,7 +10,7 @@ namespace {
 class SavingTest : public WorkTest
 {
 protected:
-    // Opens an account and changes it, so that a save would make another file of it.
+    // Opens an account and changes it. Saving it would write another file.
     std::string OpenChanged(const std::string& sName = "changed.qmk")
     {
         const std::string sPath = MakeAccount(sName, 3);
@@ -20,7 +20,7 @@ protected:
         return sPath;
     }
 
-    // Answers the system's question whether to replace a file.
+    // Answers the question of Windows whether to replace a file.
     void AnswerReplace(int nAnswer) const
     {
         MessageBoxWindow question(nullptr);
@@ -36,7 +36,7 @@ protected:
         question.Press(nAnswer);
     }
 
-    // Asks for a file that is there already to be replaced.
+    // Asks to save under the name of a file that exists already.
     void SaveOver(const std::string& sPath) const
     {
         m_program.Post(IDM_FILE_SAVEAS);
@@ -47,7 +47,7 @@ protected:
         dialog.AwaitEnd();
     }
 
-    // The document is as it was before a save that failed.
+    // Checks that after a failed save the document is as before.
     void ExpectStillChanged(const std::string& sPath, const std::string& sBytes) const
     {
         m_program.Settle();
@@ -149,7 +149,7 @@ TEST_F(SavingTest, NewDocumentIsSavedByTheDialog)
     OpenNew();
     m_program.Post(IDM_FILE_SAVE);
     AwaitFileDialog(m_program, "Save As").Enter(PathOf("new"));
-    // The ending comes by itself.
+    // The dialog adds the extension.
     AwaitTitle("new.qmk");
     CloseAnswering("", 0);
     EXPECT_EQ(ReadWholeFile(PathOf("new.qmk")).size(), 1284U);
@@ -199,7 +199,7 @@ TEST_F(SavingTest, CtrlSIsOfTheDocumentsAlone)
     CloseAnswering("", 0);
     keyboard.Press('S', {VK_CONTROL});
     keyboard.Press('A', {VK_CONTROL});
-    // These keys work in either state, and come after the others.
+    // These keys work with and without a document, and come after the others.
     keyboard.Press('N', {VK_CONTROL});
     AwaitTitle("Untitled2");
     EXPECT_TRUE(m_program.GetBoxes().empty());
@@ -255,7 +255,7 @@ TEST_F(SavingTest, OwnFileCannotBeReplaced)
 {
     const std::string sPath = OpenChanged();
     const std::string sBytes = ReadWholeFile(MakeAccount("same.qmk", 3));
-    // The document itself holds it.
+    // The document itself holds the file open.
     SaveOver(sPath);
     m_program.AnswerBox(Failed(sPath));
     ExpectStillChanged(sPath, sBytes);
@@ -292,7 +292,7 @@ private:
     std::string m_sPath;
 };
 
-// Whether the attribute keeps this user from making a file anew.
+// Whether the attribute keeps this user from creating the file anew.
 bool ProtectionHolds(const std::string& sPath)
 {
     WriteWholeFile(sPath, "probe");
@@ -335,7 +335,7 @@ TEST_F(SavingTest, FileThatBecameProtectedIsNotSaved)
         const ProtectedFile protection(sPath);
         DoAnswering(IDM_FILE_SAVE, Failed(sPath));
         AwaitTitle("changed.qmk *");
-        // Save All names it without its folder.
+        // Save All gives the name without its folder.
         DoAnswering(IDM_FILE_SAVEALL, Failed("changed.qmk"));
     }
     ExpectStillChanged(sPath, sBytes);
@@ -357,8 +357,8 @@ TEST_F(SavingTest, SaveGoesThroughOnceTheProtectionIsGone)
     EXPECT_NE(LinesOfFile(sPath)[2].find("| flags 0 |"), std::string::npos);
 }
 
-// An account in a folder that is taken away while it is open. Where the system does not allow that,
-// there is nothing to test.
+// An account in a folder that is removed while the account is open. On a system that does not allow
+// that, the test has nothing to do.
 class LostFolderTest : public SavingTest
 {
 protected:
@@ -395,7 +395,7 @@ TEST_F(LostFolderTest, SaveAllFailsAndTheDocumentStaysChanged)
     EXPECT_EQ(m_program.GetActiveTitle(), "changed.qmk *");
     EXPECT_EQ(ActiveList().GetRowCount(), 3);
     PutBack();
-    // Nothing is lost: now it goes through.
+    // Nothing is lost: now the save succeeds.
     Do(IDM_FILE_SAVE);
     EXPECT_EQ(m_program.GetActiveTitle(), "changed.qmk");
     CloseAnswering("", 0);
@@ -432,7 +432,7 @@ TEST_F(SavingTest, SaveAllGivesANewDocumentAFileOfItsName)
 {
     char szBefore[MAX_PATH] = "";
     GetCurrentDirectoryA(sizeof szBefore, szBefore);
-    // The program works where it was started.
+    // The current folder of the program is the one in which it was started.
     SetCurrentDirectoryA(PathOf("").c_str());
     OpenNew();
     SetCurrentDirectoryA(szBefore);

@@ -1,4 +1,4 @@
-// What the program leaves in the registry, and what it makes of what it finds there.
+// What the program writes into the registry, and what it makes of what it finds there.
 
 #include "resources/resource.h"
 #include "tests/e2e/dialogwindow.h"
@@ -50,13 +50,14 @@ protected:
 TEST_F(SettingsTest, FirstStartWritesTheDefaultsAndNothingElse)
 {
     m_program.Open();
-    // The frame has noted the place that the system gave it.
+    // The program has stored the place that Windows gave to the frame.
     const std::string sPosition = ReadPosition();
     EXPECT_EQ(sPosition, FramePosition());
     EXPECT_EQ(AllSettings(), Defaults(sPosition));
 }
 
-// Kept: the registry gets the folder of installation as the current one, and the first run does not.
+// Kept: the registry gets the folder of installation as the current one, and the first run does
+// not.
 TEST_F(SettingsTest, FirstStartOpensFilesWhereItWasStarted)
 {
     const std::string sPath = CopySample("here.qmk");

@@ -8,7 +8,7 @@
 namespace {
 
 const std::string sRoot = "Software\\Tarn Software\\Quillmark";
-// Holds a copy of the user's settings in a key of its own, if there were any.
+// A copy of the user's settings, in a registry key of its own, if there were any.
 const std::string sAside = "Software\\Tarn Software\\Quillmark put aside by its tests";
 const std::string sAsideCopy = sAside + "\\Copy";
 
@@ -52,7 +52,7 @@ std::string PathOf(const char* szKey)
     return *szKey == '\0' ? sRoot : sRoot + "\\" + szKey;
 }
 
-// False when there is no such value.
+// Returns false when there is no such value.
 bool ReadValue(const char* szKey, const char* szName, DWORD uType, std::string& sBytes)
 {
     char szBytes[16384];

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-// Puts the user's own settings aside while the object lives. It also brings back those that a
-// killed test run had put aside.
+// Puts the user's own settings aside while the object lives. If an earlier test run was killed, it
+// first brings back the settings that this run had put aside.
 class SettingsGuard
 {
 public:
@@ -22,12 +22,12 @@ public:
 void ClearSettings();
 bool HasSettings();
 
-// One line for each value, sorted: its key below the root, its name, its kind and contents, such as
-// "Settings|Flags|number|14".
+// One line for each value, sorted: the key below the root key, the name, the type and the contents,
+// such as "Settings|Flags|number|14".
 std::vector<std::string> AllSettings();
 
-// A value by its key's name ("Settings", "Page Setup", "Recent File List", or empty for the root)
-// and its own. A missing text reads as "(none)", a missing number as 0xFFFFFFFF.
+// A value by the name of its key ("Settings", "Page Setup", "Recent File List", or empty for the
+// root) and its own name. A missing text reads as "(none)", a missing number as 0xFFFFFFFF.
 std::string ReadSettingText(const char* szKey, const char* szName);
 DWORD ReadSettingNumber(const char* szKey, const char* szName);
 

@@ -1,4 +1,4 @@
-// How long a register takes to stand on the screen: printed, never judged.
+// How long a register takes to come up. The times are printed and never judged.
 
 #include <cstdio>
 
@@ -7,8 +7,8 @@
 
 namespace {
 
-// Takes Wine's checking heap, under which these tests may run, from the programs that it starts:
-// its speed is not what a user meets, and it takes minutes to free a hundred thousand blocks.
+// Turns Wine's checking heap off for the programs that this test starts. With it the speed would
+// not be the one that a user sees, and it takes minutes to free a hundred thousand blocks.
 class OrdinaryHeap
 {
 public:
@@ -50,8 +50,8 @@ protected:
         fflush(stdout);
     }
 
-    // Waits until the list of the active document has that many rows, shown, and its last row can
-    // be read.
+    // Waits until the list of the active document shows this number of rows and its last row can be
+    // read.
     void AwaitRegister(int nRows) const
     {
         constexpr int nDescription = 3;
@@ -75,7 +75,7 @@ protected:
         m_program.Close();
     }
 
-    // The file's name goes to the running program as a second start would hand it over.
+    // Hands the name of the file to the running program, as a second start would.
     void MeasureHandOver(const std::string& sPath, int nRows, const std::string& sAccount)
     {
         m_program.Open();
@@ -90,7 +90,7 @@ protected:
 
     void Measure(const std::string& sPath, int nRows, const std::string& sAccount)
     {
-        // In this order: a program that knows the file would open it at its start.
+        // In this order: if the program already knew the file, it would open it at its start.
         MeasureHandOver(sPath, nRows, sAccount);
         MeasureStart(sPath, nRows, sAccount);
     }
@@ -126,7 +126,7 @@ TEST_F(SpeedTest, ImportOfTwentyThousand)
     constexpr int nRows = 20000;
     std::string sBytes = "Date,Payee,Amount\n";
     for (int i = 0; i < nRows; ++i) {
-        // Falling dates, so that every row goes in front of the one before it.
+        // The dates fall, so that every row goes before the row added last.
         const int nDay = nRows - i;
         sBytes += std::to_string(nDay / 28 % 12 + 1) + "/" + std::to_string(nDay % 28 + 1) + "/" +
                   std::to_string(1950 + nDay / 336) + ",somebody,-" + std::to_string(i) + "\n";

@@ -20,7 +20,7 @@ class StatusBarTest : public E2ETest
 protected:
     using Edges = std::array<int, nPanes>;
 
-    // The right edges that the bar has.
+    // The right edges of the panes.
     Edges GetEdges() const
     {
         RemoteMemory memory(m_program.GetProcess(), sizeof(Edges));
@@ -31,10 +31,10 @@ protected:
         return edges;
     }
 
-    // The widths of texts in the bar's own font.
+    // Measures texts in the font of the bar.
     std::vector<int> Measure(const std::vector<std::string>& texts) const
     {
-        // Some systems answer this question inside the program alone.
+        // Some systems answer this message only within the program.
         const UINT_PTR hFont =
             CallRemote(m_program.GetProcess(), FunctionOf("user32.dll", "SendMessageA"),
                        reinterpret_cast<UINT_PTR>(m_program.GetStatusBar()), WM_GETFONT);
@@ -74,7 +74,7 @@ protected:
         return area.right;
     }
 
-    // From the right: 15 pixels free, and 10 beside each text.
+    // From the right: 15 pixels free, then each text with 10 more pixels.
     Edges ExpectedEdges() const
     {
         const std::vector<int> widths = Measure(GetTexts());
@@ -88,7 +88,7 @@ protected:
         return edges;
     }
 
-    // A pane without a text takes no room and no gap.
+    // A pane without a text takes no room, not even a gap.
     void ExpectFreePaneAlone() const
     {
         EXPECT_EQ(GetTexts(), std::vector<std::string>(4));
@@ -109,7 +109,7 @@ protected:
                reinterpret_cast<LPARAM>(hMenu));
     }
 
-    // What the free pane says to an item of the frame's menu.
+    // What the first pane shows for an item of the frame's menu.
     std::string PromptOf(UINT uCommand, UINT uFlags = MF_HILITE) const
     {
         SelectMenuItem(uCommand, uFlags, GetMenu(m_program.GetFrame()));
@@ -252,7 +252,7 @@ constexpr Prompt aPrompts[] = {
     {57604, "Save Document Using Different Name"},
     {107, "Save All Open Documents"},
     {57607, "Print Document (Ctrl+P)"},
-    // There is no such key; the text stays.
+    // There is no item with such a key, so the text stays.
     {57609, "Preview Document (Ctrl+V)"},
     {111, "Import Transactions Into Account"},
     {112, "Export Transactions To Another Account"},
@@ -292,7 +292,7 @@ constexpr Prompt aPrompts[] = {
     {57650, "Arranges Windows as Overlapping Tiles"},
     {601, "Display Help Table of Contents"},
     {57666, "Display Help Index"},
-    // These have none.
+    // These items have no prompt.
     {405, "Ready"},
     {404, "Ready"},
     {600, "Ready"},
@@ -309,7 +309,7 @@ TEST_F(StatusBarTest, EveryItemHasItsPrompt)
     m_program.Open();
     for (const Prompt& prompt : aPrompts) {
         EXPECT_EQ(PromptOf(prompt.uCommand), prompt.szText) << prompt.uCommand;
-        // Greyed items tell what they would do, too.
+        // Disabled items have prompts, too.
         EXPECT_EQ(PromptOf(prompt.uCommand, MF_HILITE | MF_GRAYED), prompt.szText)
             << prompt.uCommand;
     }

@@ -1,4 +1,4 @@
-// Account Information, Options and the calculator in the real program: what they change and keep.
+// Account Information, Options and the calculator in the real program: what they change and store.
 
 #include "tests/e2e/keyboard.h"
 #include "tests/e2e/windowaccess.h"
@@ -15,7 +15,7 @@ protected:
         return AwaitDialog(m_program, sCaption);
     }
 
-    // The page of a sheet that is on top, once it is that of a control.
+    // Selects a page, and waits until it is on top and has that control.
     DialogWindow AwaitPage(const DialogWindow& sheet, int nPage, int nControl) const
     {
         SendTo(sheet.GetHandle(), PSM_SETCURSEL, static_cast<WPARAM>(nPage), 0);
@@ -34,7 +34,7 @@ protected:
         return account.header;
     }
 
-    // The control or list that the keyboard goes to.
+    // The control or list with the focus.
     HWND FocusOfProgram() const
     {
         GUITHREADINFO info = {};

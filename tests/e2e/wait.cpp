@@ -16,7 +16,7 @@ void Await(const std::string& sWhat, const std::function<bool()>& reached, DWORD
 
 void FailTest(const std::string& sWhat)
 {
-    // The failure is noted here, while the windows still stand, so that the picture shows them.
+    // Adds the failure here, while the windows are still open, so that the picture shows them.
     ADD_FAILURE() << sWhat;
     throw testing::AssertionException(testing::TestPartResult(
         testing::TestPartResult::kFatalFailure, __FILE__, __LINE__, sWhat.c_str()));

@@ -55,8 +55,8 @@ std::string WindowText(HWND hWnd)
     char szText[1024] = "";
     const std::string sClass = WindowClass(hWnd);
     if (sClass == "#32770" || sClass == "Static" || sClass == "Button") {
-        // The system has these texts. A message that meets a window on its way out may never come
-        // back, and dialogs are looked at while they go.
+        // Windows itself knows these texts and sends no message for them. A message to a window
+        // that is being destroyed may never return, and the tests look at dialogs while they close.
         GetWindowTextA(hWnd, szText, sizeof szText);
         return szText;
     }

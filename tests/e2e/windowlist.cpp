@@ -11,7 +11,7 @@ namespace {
 constexpr size_t uTextSize = 300;
 constexpr int nBatch = 64; // rows whose texts are fetched at once
 
-// One question to the list and room for its answer.
+// A question to the list, and room for its answer, in the memory of the other program.
 struct Cell
 {
     LVITEMA item;
@@ -169,7 +169,7 @@ void WindowList::SelectRow(int nRow) const
 LPARAM WindowList::CellPoint(int nRow, int nColumn) const
 {
     RemoteMemory memory(m_hProcess, sizeof(RECT));
-    // The record tells what is asked for: all of the row, from its left end on.
+    // The record says what is wanted: all of the row (LVIR_BOUNDS).
     RECT row = {LVIR_BOUNDS, 0, 0, 0};
     memory.Write(0, &row, sizeof row);
     if (SendTo(m_hList, LVM_GETITEMRECT, AsIndex(nRow), memory.AsParameter()) == 0) {

@@ -1,4 +1,4 @@
-// A list in report form of another program, read through memory in that program.
+// A list in report form of another program. It is read through memory in that program.
 #pragma once
 
 #include <windows.h>
@@ -34,13 +34,13 @@ public:
     std::vector<int> GetSelectedRows() const;
     int GetFocusedRow() const;
     bool IsRowVisible(int nRow) const;
-    // Selects and focuses this row alone, as a click does.
+    // Selects and focuses only this row, as a click does.
     void SelectRow(int nRow) const;
-    // Sets the state bits of uMask in a row, or in all rows for -1.
+    // Sets the state bits of uMask in a row; -1 means all rows.
     void SetState(int nRow, UINT uState, UINT uMask) const;
 
-    // Clicks in the middle of a cell. uHeld holds the MK_ bits of what is held down. Returns at
-    // once.
+    // Clicks in the middle of a cell. uHeld has the MK_ bits of the keys that are held down.
+    // Returns at once.
     void Click(int nRow, int nColumn, WPARAM uHeld = 0) const;
     void DoubleClick(int nRow, int nColumn) const;
     // Double-clicks in the first column below the last row.

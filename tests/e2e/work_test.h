@@ -1,4 +1,4 @@
-// What the tests of working in a register share.
+// The base of the tests that work in a register.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ protected:
     // Opens the dialog by its command.
     DialogWindow BeginAdding() const;
     DialogWindow BeginEditing() const;
-    // Adds a transaction by the dialog and closes it.
+    // Adds a transaction by the dialog and closes the dialog.
     void Add(const Entry& entry) const;
 
     // Posts a command and waits until it is done. The command must open no window.
@@ -32,7 +32,7 @@ protected:
     void DoAnswering(UINT uCommand, const std::string& sQuestion, const std::vector<int>& buttons,
                      int nAnswer) const;
 
-    // Waits for the title of the active document, which shows whether it has changes.
+    // Waits for the title of the active document, which tells whether it has unsaved changes.
     void AwaitTitle(const std::string& sTitle) const;
     bool IsMarked() const;
     void AwaitPane(int nPane, const std::string& sText) const;
@@ -47,7 +47,8 @@ protected:
     void SaveAs(const std::string& sPath, int nType = -1) const;
     // Chooses a file in the dialog and waits for the dialog's end.
     void ChooseToOpen(const std::string& sPath) const;
-    // Closes the active document and answers its question; an nAnswer of 0 expects no question.
+    // Closes the active document and answers its question. An nAnswer of 0 expects that there is
+    // none.
     void CloseAnswering(const std::string& sName, int nAnswer) const;
     // Saves the active document, closes it, and returns the transactions in its file.
     std::vector<std::string> SaveCloseAndRead(const std::string& sPath) const;

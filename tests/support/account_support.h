@@ -10,7 +10,8 @@
 
 #include "account/qmaccountreader.h"
 
-// The scrambling of account files, written a second time from the description of the format.
+// The scrambling of account files, written a second time from the description of the format, so
+// that the product's own is not compared with itself.
 std::string Scrambled(std::string sBytes);
 std::string Unscrambled(std::string sBytes);
 
@@ -69,13 +70,13 @@ std::string JoinAccount(const AccountParts& parts);
 // A file with two transactions. The first one has all three texts.
 std::string SmallAccount(uint32_t uVersion);
 
-// Reads an account from a place in memory that has nothing after it.
+// Reads an account from memory. A sanitizer notices each byte that is read beyond its end.
 bool ReadBytes(QMAccount& account, const std::string& sBytes, QMReadReport* pReport = nullptr);
 
 // The bytes that writing the account gives.
 std::string ImageOf(const QMAccount& account);
 
-// All bytes of an open file. Others may be unable to open it.
+// All bytes of a file that is open here. Nobody else can open it.
 std::string BytesOfFile(QMFile& file);
 
 // The name of a field of the header and its place in memory, in the order of the fields.

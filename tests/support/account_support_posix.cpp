@@ -39,7 +39,7 @@ constexpr uid_t uNobody = 65534;
 
 } // namespace
 
-// The real user counts too: access() asks for nothing else.
+// The real user id is set too, because access() tests that one.
 PlainUserScope::PlainUserScope() : m_bWasRoot(geteuid() == 0)
 {
     if (m_bWasRoot) {

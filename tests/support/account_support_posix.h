@@ -15,7 +15,7 @@ public:
     SmallVolume& operator=(const SmallVolume&) = delete;
     ~SmallVolume();
 
-    // Empty when the volume was mounted; otherwise why the system refused.
+    // Empty when the volume was mounted; otherwise the reason why the system refused.
     const std::string& GetRefusal() const { return m_sRefusal; }
 
     // Fills the volume up to the last byte.
@@ -39,7 +39,7 @@ private:
     bool m_bWasRoot;
 };
 
-// Lets no file grow above uSize bytes. Nothing tells that beforehand.
+// Lets no file grow above uSize bytes. A program learns of this limit only when it writes.
 class FileSizeScope
 {
 public:

@@ -10,9 +10,9 @@ struct CalculatorState
     double dLeft = 0;
     double dRight = 0;
     double dKept = 0; // the memory
-    // Places behind the point; -1 while the point is not there.
+    // Digits after the point; -1 while there is no point.
     int nPlaces = -1;
-    // '+', '-', '*', '/', and '=' for none of them.
+    // '+', '-', '*' or '/'; '=' when none is pending.
     char cWaiting = '=';
     bool bFinished = false;   // the next digit starts another number
     bool bEqualsLast = false; // the next digit starts another calculation

@@ -18,15 +18,15 @@ std::vector<QMTransaction> RecordsOf(const QMTransactionStore& store);
 // What a file of that name and contents reads as; a single text "(refused)" when it does not.
 std::vector<std::string> Import(const std::string& sName, const std::string& sBytes);
 
-// The same as records; the running test fails when it does not read.
+// The same as records. The running test fails when the file does not read.
 std::vector<QMTransaction> ImportRecords(const std::string& sName, const std::string& sBytes);
 
-// The record of a file that holds one; the running test fails when there is another number.
+// The only record of a file. The running test fails when there are none or several.
 QMTransaction ImportOne(const std::string& sName, const std::string& sBytes);
 
-// The file of that name with these records, added in turn, written and then read as bytes, with
-// the platform's line ends made single. The running test fails when the formats refuse: a writer
-// that never returns is not started.
+// Adds these records in turn, exports them to a file of that name, and returns its bytes, with
+// single line ends. The running test fails when the formats refuse. An export that would never
+// return is not started.
 std::string Export(const std::string& sName, const std::vector<QMTransaction>& records);
 
 // A transaction with its texts.

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Empty without a spooler.
+// Empty when there is no spooler.
 std::filesystem::path Folder()
 {
     const char* szFolder = getenv("QUILLMARK_PRINTED");
@@ -76,7 +76,7 @@ std::vector<PrintedDocument> PrintedDocument::FindAll(const std::string& sTitle)
 GrayPage PrintedDocument::ReadPage(int nPage) const
 {
     GrayPage page;
-    // The numbers have as many digits as the last one.
+    // All page numbers have as many digits as the last one.
     std::string sNumber = std::to_string(nPage);
     sNumber.insert(0, std::to_string(m_nPages).size() - sNumber.size(), '0');
     const std::string sPath = m_sName + "-" + sNumber + ".pgm";

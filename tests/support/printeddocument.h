@@ -18,7 +18,8 @@ struct GrayPage
 class PrintedDocument
 {
 public:
-    // The document with this title, which no other may have; false while it is not printed.
+    // Gets the document with this title, which no other document may have. Returns false while it
+    // is not printed yet.
     bool Find(const std::string& sTitle);
     // All documents with this title that are printed, those of other tests among them.
     static std::vector<PrintedDocument> FindAll(const std::string& sTitle);
@@ -30,14 +31,14 @@ public:
     int GetCopies() const { return m_nCopies; }
     // The name of its queue.
     std::string GetPrinter() const { return m_sName.substr(m_sName.rfind('-') + 1); }
-    // From 1. AskForPictures must have been called before the document was printed. The running
-    // test fails when there is no such picture.
+    // nPage counts from 1. AskForPictures must be called before the document is printed. The
+    // running test fails when there is no such picture.
     GrayPage ReadPage(int nPage) const;
 
     // A title that no other document has: programs of several tests use the spooler at a time, and
     // several of them may have the same process id, each under a Wine of its own.
     static std::string MakeTitle(const std::string& sPrefix);
-    // Has all documents from now on turned into pictures.
+    // From now on the spooler turns all documents into pictures.
     static void AskForPictures();
     // Whether there is a spooler for the tests.
     static bool HasSpooler();

@@ -19,7 +19,7 @@ Texts DescribeRows(const std::vector<RecordedRow>& rows)
     return lines;
 }
 
-// Remembers the call; false when it shall fail.
+// Notes the call. Returns false when this call is to fail.
 bool RecordingRowList::Begin(const std::string& sCall)
 {
     const bool bFails = m_nBeforeFailure-- == 0;

@@ -15,7 +15,7 @@
 
 using Words = std::vector<uint32_t>;
 
-// One row: what was written to it since it was appended, by the name of the column.
+// One row: the texts that were written since it was appended, by the name of the column.
 struct RecordedRow
 {
     std::map<std::string, std::string> texts;
@@ -25,7 +25,7 @@ struct RecordedRow
 // One line for each row: its texts by name in alphabetical order, then its decoration word.
 Texts DescribeRows(const std::vector<RecordedRow>& rows);
 
-// Every call is remembered, and one for a row or a column that the list has not fails the running
+// Notes every call. A call for a row or a column that the list does not have fails the running
 // test.
 class RecordingRowList : public QMRowList
 {
@@ -46,12 +46,12 @@ public:
     void SetLineFlag(uint32_t uBit, bool bOn) override;
     void Repaint() override { m_log.push_back("repaint"); }
 
-    // The calls since the last look: "columns", "filler", "delete", "capacity 3", "append",
-    // "text 2 Debit", "decoration 2", "select 2" and "repaint". One that was made to fail ends in
-    // "!" and changed nothing.
+    // The calls since the last Take: "columns", "filler", "delete", "capacity 3", "append", "text 2
+    // Debit", "decoration 2", "select 2" and "repaint". A call that was made to fail ends in "!"
+    // and changed nothing.
     Texts TakeLog();
 
-    // After nBefore more operations that can fail, one does.
+    // Lets the next nBefore operations succeed and the one after them fail.
     void FailAfter(int nBefore) { m_nBeforeFailure = nBefore; }
 
     const std::vector<RecordedRow>& GetRows() const { return m_rows; }
@@ -61,9 +61,9 @@ public:
     // The names of the columns in the order of their list indices.
     const Texts& GetColumnNames() const { return m_columns; }
 
-    // The one selected by SelectRow last; -1 for none.
+    // The row that SelectRow selected last; -1 for none.
     int32_t GetSelectedRow() const { return m_lSelectedRow; }
-    // As a user's selection does.
+    // Selects rows as a user does.
     void SetSelection(const std::set<int32_t>& rows) { m_selected = rows; }
     const std::set<int32_t>& GetSelection() const { return m_selected; }
     void SetSelectedCount(int32_t lCount);
@@ -82,7 +82,7 @@ private:
     uint32_t m_uLineFlags = QM_GRID_SHADED | QM_GRID_VERTICAL;
 };
 
-// The four texts, at first "(none)"; a pane outside 1 to 4 fails the running test.
+// The texts of the four panes, at first "(none)". A pane outside 1 to 4 fails the running test.
 class RecordingStatusPanes : public QMStatusPanes
 {
 public:
@@ -97,7 +97,7 @@ private:
 class RecordingDocument : public QMDocument
 {
 public:
-    // The titles since the last look.
+    // The titles since the last Take.
     Texts TakeTitles();
 
 protected:
@@ -119,13 +119,13 @@ struct TestRegister
     void Add(int32_t lType, const std::string& sDate, float fAmount,
              uint32_t uFlags = QM_TRANS_FLAG_NOT_CLEARED, const std::string& sDescription = "");
 
-    // The transaction at a position; the cursor is on it then.
+    // The transaction at a position. Moves the cursor to it.
     QMTransaction& At(int32_t lPosition);
 
     void SetHeaderPeriod(uint32_t uSelection, const std::string& sFrom, const std::string& sTo);
 
-    // Fills the list as for a window coming up and forgets the log; the running test fails when
-    // that fails.
+    // Fills the list as for a new window and forgets the calls. The running test fails when the
+    // list cannot be filled.
     void Show();
 
     RecordingDocument document;

@@ -6,10 +6,11 @@
 
 #include "reports/qmreportsurface.h"
 
-// The metrics: characters differ in width, and the bold ones are larger in both directions.
+// The metrics of the fonts. Characters differ in width, and bold ones are wider and higher.
 QMReportExtent RecordedExtent(QMReportFont font, std::string_view text);
 
-// The acts as lines of text. Both the recorder and the tests' own rules write them by these.
+// Each drawing call as a line of text. The recorder and the tests' own rules both use these
+// functions.
 std::string TextAct(QMReportFont font, QMReportAlign align, const VRect& rect,
                     uint32_t crBackground, std::string_view text);
 std::string LineAct(QMReportPen pen, int32_t x1, int32_t y1, int32_t x2, int32_t y2);
@@ -32,11 +33,11 @@ public:
     uint32_t SetBkColor(uint32_t crColor) override;
 
     const std::vector<std::string>& GetActs() const { return m_acts; }
-    // The texts alone, in the order of drawing.
+    // Only the texts, in the order of drawing.
     const std::vector<std::string>& GetTexts() const { return m_texts; }
     void Forget();
 
-    // Whether font, pen and background are what they were at first.
+    // Whether font, pen and background are again those from the start.
     bool IsAsFound() const;
 
 private:

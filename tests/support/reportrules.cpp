@@ -26,7 +26,7 @@ std::string Print(const char* szFormat, Args... args)
     return szText;
 }
 
-// What is no number has no sign in reports.
+// An amount that is not a number (NaN) has no sign in reports.
 std::string Money(const char* szFormat, double d)
 {
     return std::isnan(d) ? "nan" : Print(szFormat, d);
@@ -202,7 +202,7 @@ private:
         crBack = ReportRecorder::crPaper;
     }
 
-    // A row but for its amount.
+    // A row without its amount.
     void StartRow(const QMTransaction& t, const QMDate& date, int32_t lRow, bool bNumberColumn)
     {
         y += lLine;

@@ -1,5 +1,5 @@
-// The rules of reports written a second time, step by step and without any cleverness: every
-// section and every group walks all the transactions, texts are printed by the library.
+// The rules of reports written a second time, step by step and as simply as possible: every section
+// and every group walks all transactions, and the C library prints the texts.
 #pragma once
 
 #include <string>
@@ -26,8 +26,9 @@ struct ReportDrawing
     bool bDrawn = false;
 };
 
-// What a report draws on a ReportRecorder. The account's transactions get the report's order.
+// What these rules draw on a ReportRecorder. Puts the account's transactions into the order of the
+// report.
 ReportDrawing DrawByRules(QMAccountData& account, const ReportOrder& order);
 
-// The same by the program.
+// What the program draws.
 ReportDrawing DrawByProgram(QMAccountData& account, const ReportOrder& order);

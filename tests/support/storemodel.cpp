@@ -4,7 +4,7 @@ namespace {
 
 QMDate RandomDate(std::mt19937& random, uint32_t uDays)
 {
-    // Neighbouring days lie in different months and years.
+    // Dates of neighbouring days lie in different months and years.
     const auto uDay = static_cast<uint16_t>(random() % uDays);
     return QMMakeDate(static_cast<uint16_t>(2000 + uDay / 4),
                       static_cast<uint16_t>(1 + uDay / 2 % 2),

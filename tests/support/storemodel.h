@@ -1,4 +1,4 @@
-// StoreModel: the order of a store stated a second time, as plainly as can be: a vector, and one
+// StoreModel: the order of a store stated a second time, as simply as possible: a vector, and one
 // insertion after another.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 #include "account/qmtransactionstore.h"
 
-// What the order depends on, and a number by which the entry is known.
+// The values that decide the order, and a number that identifies the entry.
 struct ModelEntry
 {
     uint32_t uId = 0;
@@ -22,11 +22,12 @@ public:
     explicit StoreModel(int32_t lMode) : m_lMode(lMode) {}
 
     int32_t Add(const ModelEntry& entry);
-    // Takes the other's mode, adds its entries one by one, and then finds the entry of its cursor.
+    // Takes over the mode of the other, adds its entries one by one, and then moves to the entry of
+    // its cursor.
     void AssignFrom(const StoreModel& other);
-    // Sets the mode, copies everything into a temporary model in that mode, and copies it back.
+    // Sets the mode, copies all entries into a temporary model of that mode, and copies them back.
     int32_t Resort(int32_t lMode);
-    // Replaces an entry where it is; the order may be wrong afterwards.
+    // Replaces an entry in its place. The order may be wrong afterwards.
     void Replace(int32_t lPosition, const ModelEntry& entry);
     void MoveTo(int32_t lPosition) { m_lCursor = lPosition; }
 
@@ -44,11 +45,11 @@ private:
     std::vector<ModelEntry> m_entries;
 };
 
-// uCount entries with ids from 1 on, on uDays different days at most.
+// uCount entries with the ids 1, 2, 3 and so on, on at most uDays different days.
 std::vector<ModelEntry> RandomEntries(std::mt19937& random, uint32_t uCount, uint32_t uDays);
 
-// The same for a store: the id is in the check number.
+// The same for a store, with the id as the check number.
 QMTransaction TransactionOf(const ModelEntry& entry);
 std::vector<uint32_t> IdsOf(const QMTransactionStore& store);
-// The id at the cursor, and 0 without one.
+// The id at the cursor; 0 without a cursor.
 uint32_t CurrentId(const QMTransactionStore& store);

@@ -11,11 +11,11 @@
 
 using Texts = std::vector<std::string>;
 
-// What the register calls each type of transaction, by the type's number. Written down once more,
-// so that a change of the product's own table is noticed.
+// What the register calls each type of transaction, by the number of the type. Written down a
+// second time, so that a test notices when the product's own table changes.
 extern const Texts g_typeLabels;
 
-// Reads a date such as "3/14/2004" by a rule of its own, without any test.
+// Reads a date such as "3/14/2004" without the product's reader and without validation.
 QMDate MakeDate(const std::string& sText);
 
 // "3/14/2004"; no leading zeroes, and the year as it is.
@@ -32,14 +32,14 @@ int32_t AddTo(QMTransactionStore& store, const QMTransaction& transaction);
 // Whether all fields have the same bytes.
 bool IsSame(const QMTransactionFields& a, const QMTransactionFields& b);
 
-// Date, type, amount and description, such as "3/14/2004 0 12.50 Rent"; the blank before an empty
-// description is left out.
+// Date, type, amount and description, such as "3/14/2004 0 12.50 Rent". Without a description there
+// is no blank at the end.
 std::string TextOf(const QMTransactionFields& fields);
 
 // TextOf of all transactions, from the first to the last. The cursor stays.
 Texts ContentsOf(const QMTransactionStore& store);
 
-// A new empty folder. It is removed with everything in it at the end of the scope.
+// A new empty folder. At the end of the scope it is removed with everything in it.
 class TemporaryFolder
 {
 public:
@@ -58,8 +58,8 @@ private:
     std::string m_sPath;
 };
 
-// All bytes of a file; the running test fails when there is none.
+// All bytes of a file. The running test fails when there is no such file.
 std::string ReadWholeFile(const std::string& sPath);
 
-// Makes or replaces a file; the running test fails when it cannot.
+// Creates or replaces a file. The running test fails when that is not possible.
 void WriteWholeFile(const std::string& sPath, const std::string& sBytes);

@@ -1,5 +1,5 @@
 // Asks whether the tests run under Wine.
 #pragma once
 
-// Wine 8 lacks a few things that tests would look at, and keeps others in ways of its own.
+// Wine 8 lacks a few things that tests look at, and does others differently.
 bool IsWine();

@@ -9,7 +9,7 @@
 
 namespace {
 
-// All texts of a dialog, each with a line feed behind it.
+// All texts of a dialog, each with a line feed after it.
 std::string TextsOf(HWND hDialog)
 {
     std::string sTexts;

@@ -1,5 +1,5 @@
-// A stand-in for the registry's classes: what the test writes there is all that this process finds
-// under HKEY_CLASSES_ROOT while the object lives.
+// A stand-in for the classes in the registry. While the object lives, this process finds under
+// HKEY_CLASSES_ROOT only what the test writes there.
 #pragma once
 
 #include <string>
@@ -23,7 +23,7 @@ public:
         RegCloseKey(m_hKey);
     }
 
-    // A key's value without a name.
+    // Sets the unnamed value of a key.
     void Set(const std::string& sKey, const std::string& sText) const
     {
         HKEY hKey = nullptr;

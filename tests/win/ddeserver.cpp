@@ -8,7 +8,7 @@
 
 namespace {
 
-// The DDE library hands no pointer of the server's to its callback.
+// The DDE library passes no pointer of the server to its callback, so it stands here.
 struct
 {
     DWORD uInstance = 0;

@@ -1,12 +1,13 @@
-// A browser as others see it: a DDE server in a thread of its own that notes what it is asked.
+// A browser as other programs see it: a DDE server in a thread of its own. It notes what it is
+// asked.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
 
-// Destroys at its end the windows of conversations that came to nothing: Wine 8 leaves them, while
-// Windows does not.
+// At its end it destroys the windows of DDE conversations that did not come about. Wine 8 leaves
+// such windows, and Windows does not.
 class ScopedDdeWindows
 {
 public:
@@ -26,13 +27,14 @@ public:
         IsSilent // takes the question and does not answer it
     };
 
-    // One at a time.
+    // There may be one server at a time.
     DdeServer(const std::string& sService, Manner manner);
     DdeServer(const DdeServer&) = delete;
     DdeServer& operator=(const DdeServer&) = delete;
     ~DdeServer();
 
-    // "topic|item" of each question, with a line feed behind it. Waits for what is under way.
+    // "topic|item" of each question, with a line feed after it. Waits for a question that is under
+    // way.
     std::string TakeQuestions();
 
 private:

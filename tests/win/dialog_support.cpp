@@ -14,7 +14,7 @@ BOOL CALLBACK Collect(HWND hWnd, LPARAM lInto)
     return TRUE;
 }
 
-// The dialog's own, without parts of controls, in the order of the template.
+// The controls of the dialog, without the parts of controls, in the order of the template.
 std::vector<HWND> ControlsOf(HWND hDialog)
 {
     std::vector<HWND> all;
@@ -41,7 +41,7 @@ bool HasTextBeside(int32_t lKind)
     return lKind == V_KIND_CHECK_BOX || lKind == V_KIND_RADIO_BUTTON;
 }
 
-// False for the kinds whose text may be longer than they are.
+// Whether a control has room for its text. Kinds that may hold longer texts always have.
 bool FitsText(HWND hControl)
 {
     const int32_t lKind = VWindow::KindOfWindow(hControl);
@@ -123,7 +123,7 @@ std::string SizeInUnits(HWND hDialog)
 {
     RECT client = {};
     GetClientRect(hDialog, &client);
-    // As exactly as pixels allow.
+    // As exact as pixels allow.
     RECT unit = {0, 0, 400, 800};
     MapDialogRect(hDialog, &unit);
     return std::to_string((client.right * 400 + unit.right / 2) / unit.right) + "x" +
@@ -159,8 +159,8 @@ std::vector<std::string> LayoutFaults(HWND hDialog)
             rect.bottom > client.bottom) {
             faults.push_back(NameOf(hControl) + " sticks out");
         }
-        // The frame around a group may share the place of what stands in it, but not above one that
-        // then would not draw itself.
+        // The frame around a group may cover the controls in it. It must not be above a control
+        // that then would not be painted.
         const bool bFrame = VWindow::KindOfWindow(hControl) == V_KIND_GROUP_BOX;
         const bool bClips = (GetWindowLongPtrA(hControl, GWL_STYLE) & WS_CLIPSIBLINGS) != 0;
         for (HWND hOther : placed) {

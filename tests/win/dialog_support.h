@@ -1,4 +1,5 @@
-// What the tests of the program's dialogs share: presses of real controls, and facts about them.
+// What the tests of the program's dialogs share: presses of real controls, and properties of the
+// controls.
 #pragma once
 
 #include <windows.h>
@@ -8,11 +9,12 @@
 
 #include "tests/win/modaldriver.h"
 
-// Clicks as the mouse of a user does, before it returns. A disabled control does not react.
+// Clicks as a user's mouse does, and returns after the click was handled. A disabled control does
+// not react.
 void Click(HWND hDialog, int nId);
-// Types into an edit field, one character after another; its limit holds.
+// Types into an edit field, one character after another. The limit of the field holds.
 void TypeCharacters(HWND hEdit, const std::string& sText);
-// Posts a key, which goes through the loop of the dialog.
+// Posts a key. It goes through the message loop of the dialog.
 void PostKey(HWND hControl, WPARAM uKey);
 
 bool IsOn(HWND hDialog, int nId);
@@ -27,16 +29,16 @@ int LimitOf(HWND hDialog, int nId);
 std::string SizeInUnits(HWND hDialog);
 // The controls in tab order, such as "1601 Check", without texts and frames (id -1).
 std::vector<std::string> TabOrder(HWND hDialog);
-// Controls whose text does not fit, that stick out of the dialog, or that cover another one.
+// Controls whose text does not fit, that reach beyond the dialog, or that cover another control.
 std::vector<std::string> LayoutFaults(HWND hDialog);
 
-// What a control is called to those who hear a window: its own text, or that of the static text
-// right before it.
+// The name by which a screen reader calls a control: its own text, or that of the static text right
+// before it.
 std::string NameOfControl(HWND hControl);
-// Controls that the focus can come to and that have no name.
+// Controls that can have the focus and have no name.
 std::vector<std::string> NamelessControls(HWND hDialog);
 
-// An action that answers a message box with a button, and copies its caption and its sentence to
-// where the pointers point.
+// An action that presses a button of a message box. It copies the caption and the sentence of the
+// box to where the pointers point.
 ModalDriver::Action AnswerBox(int nButton, std::string* psSentence = nullptr,
                               std::string* psCaption = nullptr);

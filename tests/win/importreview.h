@@ -1,5 +1,5 @@
 // What the tests of the import review share: a store to review, the dialog and its list while they
-// are up, clicks.
+// are open, and clicks.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,8 +16,8 @@ using Ticks = std::vector<bool>;
 
 inline constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
 
-// A transaction on that day of March 2004. Numbers start at 1001, and the amount is $10.25 for each
-// day of the month.
+// A transaction on that day of March 2004. The numbers start at 1001, and the amount is $10.25
+// times the day.
 QMTransaction MakeTransaction(int32_t lType, uint16_t uDay, uint32_t uFlags,
                               const char* szDescription);
 
@@ -29,7 +29,7 @@ Ticks MarksOf(const QMTransactionStore& store);
 Ticks TicksOf(const QMGridList& list);
 Flags DataOf(const QMGridList& list);
 
-// The state of a box for all rows.
+// The state of a box that stands for all rows.
 UINT CheckOf(const VDialog& dialog, int nId);
 // Presses a button and waits for what it does.
 void PressNow(VDialog& dialog, int nId);
@@ -47,15 +47,15 @@ class QMImportDialogTest : public testing::Test
 protected:
     using Look = std::function<void(VDialog& dialog, QMGridList& list)>;
 
-    // Adds a transaction for each of these flags, one a day. Row 2 is a check, the others are
+    // Adds a transaction for each of these flags, one a day. Row 2 is a check, and the others are
     // deposits.
     void Fill(const Flags& flags);
 
-    // Shows the review, runs the look and presses the button; 0 when the look has ended the dialog.
+    // Shows the review, calls look and presses the button; 0 when look itself ends the dialog.
     // Returns what the dialog returns.
     INT_PTR Review(const Look& look, int nButton = IDCANCEL);
 
-    // Ends the review by a key to the list, which goes through the loop of the dialog.
+    // Ends the review by a key that the list gets. It goes through the message loop of the dialog.
     INT_PTR ReviewWithKey(WPARAM uKey);
 
     QMTransactionStore m_store;

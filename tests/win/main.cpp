@@ -1,6 +1,6 @@
-// Runs the window tests twice. The system keeps some objects from their first use on (fonts, theme
-// data, cached device contexts), so the first run warms up; in the second every test must leave the
-// counts of the system's objects as they were.
+// Runs the window tests twice. Windows keeps some objects from their first use on (fonts, theme
+// data, cached device contexts), so the first run lets it make them. In the second run every test
+// must leave the number of objects as it was.
 
 #include <gtest/gtest.h>
 

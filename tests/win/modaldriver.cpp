@@ -77,7 +77,7 @@ bool ModalDriver::HasSeen(HWND hDialog) const
 
 void ModalDriver::Poll()
 {
-    // A handle may come back for another window.
+    // Windows may give the same handle to another window.
     std::erase_if(m_seen, [](HWND hWnd) { return !IsWindow(hWnd); });
     HWND hDialog = FindForemostDialog();
     if (hDialog == nullptr) {
@@ -98,7 +98,7 @@ void ModalDriver::Poll()
 void ModalDriver::GiveUp(HWND hDialog)
 {
     if (m_bGaveUp) {
-        // Cancelling did not help.
+        // The dialog did not close by Cancel.
         EndDialog(hDialog, IDCANCEL);
     } else {
         m_bGaveUp = true;
@@ -117,8 +117,8 @@ void Press(HWND hDialog, int nId)
 void Type(HWND hDialog, int nId, const char* szText)
 {
     HWND hItem = GetDlgItem(hDialog, nId);
-    // A combo box sends no word of a text that is set from outside; its edit field does. It may lie
-    // in a box of icons and texts.
+    // A combo box sends no notification when its text is set from outside. Its edit field does. A
+    // ComboBoxEx has a combo box within it.
     if (HWND hBox = FindWindowExA(hItem, nullptr, "ComboBox", nullptr)) {
         hItem = hBox;
     }

@@ -23,23 +23,23 @@ public:
     using Action = std::function<void(HWND hDialog)>;
     using Condition = std::function<bool(HWND hDialog)>;
 
-    // There may be one driver at a time. The limit counts for each step anew.
+    // There may be one driver at a time. The limit counts for each step separately.
     explicit ModalDriver(DWORD uLimitMs = 10000);
     ModalDriver(const ModalDriver&) = delete;
     ModalDriver& operator=(const ModalDriver&) = delete;
-    // Fails the test when a step was not reached.
+    // Fails the running test when a step was not reached.
     ~ModalDriver();
 
-    // Adds a step for the next dialog that no step has seen yet: the foremost one of this thread
-    // that is visible and enabled. An action may send as well as post: when it opens a box, the
-    // next steps run in the loop of that box.
+    // Adds a step for the next dialog that no step has seen yet: the foremost dialog of this thread
+    // that is visible and enabled. An action may send messages as well as post them. When it opens
+    // a box, the next steps run in the message loop of that box.
     ModalDriver& Next(Action action);
     // Adds a step for a dialog that a step has seen before.
     ModalDriver& Again(Action action);
     // Adds a step for a dialog for which the condition holds.
     ModalDriver& When(Condition condition, Action action);
 
-    // For the steps that are still to come.
+    // The limit of the steps that are still to come.
     void SetLimit(DWORD uLimitMs) { m_uLimitMs = uLimitMs; }
 
     bool IsDone() const { return m_uNext == m_steps.size(); }
@@ -69,9 +69,9 @@ private:
 // none.
 HWND FindForemostDialog();
 
-// Presses a button after the messages that are in the queue.
+// Presses a button once the messages in the queue are handled.
 void Press(HWND hDialog, int nId);
-// Sets the text of an edit field or a combo box with the notifications that typing sends.
+// Sets the text of an edit field or a combo box, with the notifications that typing sends.
 void Type(HWND hDialog, int nId, const char* szText);
 std::string ItemText(HWND hDialog, int nId);
 // The sentence in a message box.

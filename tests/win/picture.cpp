@@ -32,7 +32,7 @@ Picture::Picture(const VWindow& window)
     const VClientSurface screen(window.GetHandle());
     VMemorySurface paper(screen);
     const VSelectScope scope(paper, m_bitmap.GetHandle());
-    // A list that buffers its painting erases nothing beforehand.
+    // A list that paints into a buffer does not erase its background before.
     paper.FillRect({0, 0, m_nWidth, m_nHeight}, GetSysColorBrush(COLOR_WINDOW));
     window.Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.GetHandle()),
                 PRF_CLIENT | PRF_ERASEBKGND);

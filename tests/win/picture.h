@@ -1,4 +1,4 @@
-// What a window paints, to be examined pixel by pixel.
+// What a window paints, for looking at single pixels.
 #pragma once
 
 #include <windows.h>
@@ -27,17 +27,17 @@ public:
     // The colour of a pixel, 0x00BBGGRR; CLR_INVALID outside.
     COLORREF At(int x, int y) const;
 
-    // Whether all pixels of a part, or any of them, have that colour. A part that is not inside has
-    // none.
+    // Whether all pixels of a part, or any of them, have that colour. Both are false for a part
+    // that is not inside.
     bool IsAll(const VRect& part, COLORREF cr) const;
     bool HasAny(const VRect& part, COLORREF cr) const;
 
-    // Rows of pixels with a character for each colour in the order in which the colours come: ".",
-    // "a" to "z", then "?". For the messages of failing tests.
+    // Rows of pixels for the message of a failing test. Each colour has a character, in the order
+    // in which the colours appear: ".", "a" to "z", then "?".
     std::string Describe(const VRect& part) const;
 
-    // Saves the picture as a BMP file in the folder that the variable QUILLMARK_PICTURES of the
-    // environment names, if it is set.
+    // Saves the picture as a BMP file in the folder that QUILLMARK_PICTURES in the environment
+    // names, if it is set.
     void Save(const char* szName) const;
 
 private:

@@ -1,6 +1,6 @@
-// How long a register takes to its pages and to the spooler, beside a bare loop that stretches as
-// many white pictures to the same printer. The figures are printed, never judged: they hold the
-// other work of the machine too.
+// How long a register takes until its pages are made and until they are spooled, compared with a
+// loop that only stretches as many white pictures to the same printer. The times are printed and
+// never judged, because they depend on what else the machine does.
 
 #include <gtest/gtest.h>
 

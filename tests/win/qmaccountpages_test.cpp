@@ -30,7 +30,7 @@ protected:
         VCopyText(header.szHolderName, "N. Wren");
     }
 
-    // Runs the sheet; true when it ended by OK.
+    // Runs the sheet. Returns true when OK ended it.
     bool Run()
     {
         VTabbedSheet sheet;
@@ -41,7 +41,7 @@ protected:
         return sheet.IsOK();
     }
 
-    // Does something on the first page, once the sheet is up, then visits the others and presses a
+    // Does something on the first page of the sheet, then shows the other pages and presses a
     // button.
     void OnFirstPage(const ModalDriver::Action& action, int nButton = IDOK)
     {
@@ -103,7 +103,7 @@ TEST_F(QMAccountPagesTest, ShowTheAccount)
     EXPECT_FALSE(Run());
 }
 
-// Each edit has its label right before it.
+// The label of each edit field is right before it.
 TEST_F(QMAccountPagesTest, NameEveryControl)
 {
     m_driver.Next([&](HWND hSheet) {
@@ -154,7 +154,7 @@ TEST_F(QMAccountPagesTest, TakeOverTheBankAndTheHolder)
     EXPECT_STREQ(m_particulars.header.szHolderName, "N. Wren");
 }
 
-// Kept: an emptied field is not taken over; but an emptied balance is 0.
+// Kept: an emptied text is not taken over. An emptied balance is, as 0.
 TEST_F(QMAccountPagesTest, KeepATextThatWasEmptied)
 {
     m_driver.Next([&](HWND hSheet) {
@@ -236,7 +236,7 @@ TEST_F(QMAccountPagesTest, EndByEscapeInAnEdit)
     EXPECT_STREQ(m_particulars.header.szAccountNumber, "12-345");
 }
 
-// ---- Go.
+// ---- The button Go.
 
 TEST_F(QMAccountPagesTest, GoToThePageThatStandsInTheEdit)
 {

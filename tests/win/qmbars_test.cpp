@@ -44,7 +44,7 @@ protected:
                                  "", IDC_STATUSBAR));
     }
 
-    // Right edges of the five panes.
+    // The right edges of the five panes.
     std::vector<int> Edges() const
     {
         std::vector<int> edges(8);
@@ -101,7 +101,7 @@ TEST_F(QMToolbarTest, ItsPicturesAre16PixelsWideAndHigh)
 
 TEST(QMToolbar, AsksForButtonsOf24PixelsAndPicturesOf16)
 {
-    // Notes the sizes that are asked for; what a system makes of them is its own affair.
+    // Notes the sizes that are asked for. What Windows makes of them does not matter here.
     struct SizeLog : VMessageFilter
     {
         bool Filter(VWindow&, UINT uMessage, WPARAM, LPARAM lParam, LRESULT&, bool&) override

@@ -1,4 +1,4 @@
-// Showing a web address: by browsers that stand in for those of the user, over DDE and as programs.
+// Showing a web address, with stand-ins for the user's browsers: DDE servers and programs.
 
 #include "tools/qmbrowserlauncher.h"
 
@@ -23,7 +23,7 @@ protected:
         m_classes.Set("webpage\\shell\\open\\command", sCommand);
     }
 
-    // The command line that the stand-in was started with; empty when it does not come up.
+    // The command line with which the stand-in was started; empty when it is not started.
     static std::string StartedWith(const std::string& sProgram)
     {
         const std::string sFile = sProgram + ".txt";
@@ -85,7 +85,7 @@ TEST_F(QMBrowserLauncherTest, FindsNoBrowserWhereNoneAnswersOrIsNamed)
     EXPECT_EQ(server.TakeQuestions(), "");
 }
 
-// Kept: once the conversation stood, silence counts as success.
+// Kept: a browser that has accepted the conversation and does not answer counts as done.
 TEST_F(QMBrowserLauncherTest, IsDoneWithABrowserThatDoesNotAnswer)
 {
     DdeServer server("IEXPLORE", DdeServer::IsSilent);
@@ -161,7 +161,7 @@ TEST_F(QMBrowserLauncherTest, StartsTheProgramWithTheAddressBehindIt)
     EXPECT_EQ(StartedWith(sProgram), sProgram + " http://www.bank.example/login");
 }
 
-// "my.exe" would be tried first where the command line alone names "my folder\browser.exe".
+// Given only the command line "my folder\browser.exe", Windows would first try "my.exe".
 TEST_F(QMBrowserLauncherTest, StartsNoOtherProgramWithAPartOfTheName)
 {
     const std::string sProgram = m_folder.Copy("standin_browser.exe", "my folder\\browser.exe");

@@ -39,7 +39,7 @@ protected:
         PumpAll();
         return bOpen;
     }
-    // Clicks the keys of the face one after the other, and gives the text on show.
+    // Clicks these keys one after the other, and returns the text on the display.
     std::string Click(const std::vector<int>& keys)
     {
         for (const int nKey : keys) {
@@ -178,7 +178,7 @@ TEST_F(QMCalculatorTest, DoesNotPressAKeyBySpace)
     EXPECT_EQ(Shown(), "0.");
 }
 
-// A command of the program that comes here is none of the keys.
+// A command of the frame that comes here is none of the keys.
 TEST_F(QMCalculatorTest, PassesOverOtherCommands)
 {
     ASSERT_TRUE(Open());
@@ -208,7 +208,7 @@ TEST_F(QMCalculatorTest, LendsItsAcceleratorsWhileItIsActive)
     EXPECT_EQ(m_main.GetAccelerators(), m_hMainAccel);
 }
 
-// A document that comes up sets its own table.
+// A document that is activated sets its own accelerators.
 TEST_F(QMCalculatorTest, LeavesATableThatWasSetMeanwhile)
 {
     ASSERT_TRUE(Open());
@@ -258,7 +258,7 @@ TEST_F(QMCalculatorTest, HasOneWindowHoweverOftenItIsOpened)
     int nWindows = 0;
     for (HWND h = FindWindowA("#32770", "Calculator"); h != nullptr;
          h = FindWindowExA(nullptr, h, "#32770", "Calculator")) {
-        // Another program of the same desktop may show one of its own.
+        // Another program on the same desktop may show a calculator of its own.
         nWindows += GetWindowThreadProcessId(h, nullptr) == GetCurrentThreadId() ? 1 : 0;
     }
     EXPECT_EQ(nWindows, 1);
@@ -275,7 +275,7 @@ TEST_F(QMCalculatorTest, GoesWithItsOwner)
     EXPECT_FALSE(m_calculator.IsValid());
 }
 
-// ---- The place.
+// ---- The place of the window.
 
 TEST_F(QMCalculatorTest, MakesKeyAndValueWhereTheyAreMissing)
 {

@@ -1,4 +1,5 @@
-// The arguments of a second start, with names that mean the same in the first one's folder.
+// The arguments of a second start. Their file names must mean the same in the folder of the first
+// program.
 
 #include "shell/qmcommandline.h"
 

@@ -14,7 +14,8 @@ namespace {
 
 constexpr int aArrows[] = {IDC_TX_FIRST, IDC_TX_PREVIOUS, IDC_TX_NEXT, IDC_TX_LAST};
 
-// The transaction dialog's template alone, with pictures for a control library of that version.
+// Only the template of the transaction dialog, with pictures for this version of the control
+// library.
 class PictureDialog : public VDialog
 {
 public:
@@ -53,7 +54,7 @@ LONG_PTR StyleOf(HWND hDialog, int nId)
     return GetWindowLongPtrA(GetDlgItem(hDialog, nId), GWL_STYLE);
 }
 
-// A surface in memory, white, as large as the dialog.
+// White paper in memory, as large as the dialog.
 class Canvas
 {
 public:
@@ -111,7 +112,7 @@ TEST(QMEntryPictures, ArrowsAloneHaveThemBeforeVersion6)
 
 TEST(QMEntryPictures, TheLibrarySaysItsVersion)
 {
-    // Not every system's library says 6 of itself that has what 6 brought.
+    // Some systems have a library that can do what version 6 can and reports a lower version.
     EXPECT_GE(QMEntryPictures::GetLibraryVersion(), 5);
 }
 

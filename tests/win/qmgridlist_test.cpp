@@ -20,7 +20,7 @@ constexpr COLORREF crText = 0x800080;
 constexpr COLORREF crPositive = 0x85AD4B;
 constexpr COLORREF crNegative = 0x2842C9;
 
-// The columns of the tests' list, and their widths.
+// The columns of the list, and their widths.
 constexpr int nCleared = 0;
 constexpr int nFree = 1;
 constexpr int nBalance = 2;
@@ -30,7 +30,7 @@ constexpr int anWidths[] = {30, 60, 70, 30, 50};
 constexpr int nColumns = 5;
 constexpr int nAllWidths = 240;
 
-// A grid in a window of its own, with a font whose pixels are text or no text.
+// A grid list in a window of its own. Its font has no grey pixels.
 class QMGridListTest : public testing::Test
 {
 protected:
@@ -73,7 +73,7 @@ protected:
         EXPECT_EQ(m_list.GetLineFlags(), uFlags);
     }
 
-    // Of one row's column.
+    // A cell of a row.
     VRect Cell(int nRow, int nColumn) const
     {
         RECT rect = {};
@@ -86,14 +86,14 @@ protected:
         return {x, rect.top, x + m_list.GetColumnWidth(nColumn), rect.bottom};
     }
 
-    // The cell without what lines may take of it.
+    // The cell without the pixels that lines may cover.
     VRect Inside(int nRow, int nColumn) const
     {
         const VRect cell = Cell(nRow, nColumn);
         return {cell.left + 1, cell.top + 1, cell.right, cell.bottom - 1};
     }
 
-    // Where a mark of 10 by 10 stands.
+    // The place of a mark of 10 by 10 pixels.
     VRect MarkPlace(int nRow, int nColumn) const
     {
         const VRect cell = Cell(nRow, nColumn);
@@ -102,8 +102,8 @@ protected:
         return {x, y, x + 10, y + 10};
     }
 
-    // The mark's pixels on a ground, as dark strokes through which the ground shows elsewhere; on
-    // the ground of a selected row as light strokes.
+    // Checks the pixels of a mark: dark strokes, with the ground between them. On the ground of a
+    // selected row the strokes are light.
     void ExpectMark(const Picture& page, int nRow, int nColumn, UINT uMark, COLORREF crGround,
                     bool bSelected) const
     {
@@ -161,7 +161,7 @@ TEST_F(QMGridListTest, EverySecondRowIsShadedAndTheFirstIsPlain)
 
 TEST_F(QMGridListTest, ShadingGoesOnBelowTheLastRow)
 {
-    // The last row's number is 2 first and 3 then: the rhythm is the same.
+    // The number of the last row is 2 first and then 3. The rows alternate in the same way.
     for (const int nRows : {3, 4}) {
         while (m_list.GetItemCount() < nRows) {
             AddRows({0});
@@ -174,13 +174,14 @@ TEST_F(QMGridListTest, ShadingGoesOnBelowTheLastRow)
             EXPECT_TRUE(page.IsAll(strip, nRow % 2 == 1 ? crShade : crPaper))
                 << nRow << " of " << nRows << "\n"
                 << page.Describe(strip);
-            // The whole width of the list, behind the last column too.
+            // In the whole width of the list, also after the last column.
             EXPECT_EQ(page.At(319, nTop), nRow % 2 == 1 ? crShade : crPaper);
         }
     }
 }
 
-// Under high contrast the ground may be black: no shading of ours, no colour of ours.
+// Under high contrast the ground may be black. So the list uses no shading and no colours of its
+// own.
 TEST_F(QMGridListTest, InTheSystemsColorsAllIsPlain)
 {
     AddRows({0, 0, 0});
@@ -216,7 +217,7 @@ TEST_F(QMGridListTest, VerticalLinesRunAtTheLeftEdgesOfTheCells)
     page.Save("grid_vertical");
     for (int nColumn = 0; nColumn < nColumns; ++nColumn) {
         const int x = Cell(0, nColumn).left;
-        // Through the rows, from above the first one, and on to the bottom.
+        // From above the first row, through all rows, to the bottom.
         EXPECT_TRUE(IsLineDown(page, x, 0, ClientBottom())) << nColumn;
         EXPECT_FALSE(
             page.HasAny({x + 1, Cell(0, 0).top, x + anWidths[nColumn], ClientBottom()}, crLine))
@@ -265,7 +266,7 @@ TEST_F(QMGridListTest, TheTopVisibleRowHasALineAlongItsUpperEdge)
     const Picture page(m_list);
     EXPECT_TRUE(IsLineAcross(page, Cell(nTop, 0).top, 0, nAllWidths));
     EXPECT_EQ(page.At(5, Cell(nTop + 1, 0).top), crPaper);
-    // Row numbers and not places decide about the shade.
+    // The shade depends on the number of the row, not on its place.
     SetFlags(QM_GRID_SHADED);
     const Picture shaded(m_list);
     EXPECT_EQ(shaded.At(5, Cell(nTop, 0).top + 5), nTop % 2 == 1 ? crShade : crPaper);
@@ -289,7 +290,7 @@ TEST_F(QMGridListTest, TheHeadingsAreNotDrawnOver)
     const auto EdgeOfHeading = [&] {
         RedrawWindow(m_list.GetHandle(), nullptr, nullptr,
                      RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-        // Rows alone once more, as after a change in one of them.
+        // Then the rows are painted once more, as after a change in one of them.
         m_list.Invalidate(true);
         m_list.Update();
         HDC hDC = GetDC(hHeader);
@@ -447,7 +448,7 @@ TEST_F(QMGridListTest, ASelectedRowOfTheListWithTheFocusIsHighlightedInItsWholeW
     SetForegroundWindow(m_parent.GetHandle());
     m_list.SetFocus();
     ASSERT_TRUE(PumpUntil([&] { return GetFocus() == m_list.GetHandle(); }));
-    // Selection comes before shade.
+    // A selected row is not shaded.
     m_list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
     const Picture page(m_list);
     page.Save("grid_focus");

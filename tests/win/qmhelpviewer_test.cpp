@@ -1,5 +1,5 @@
-// How help reaches the system's viewer: by the class that is registered, by its name, or not at
-// all.
+// How the program finds the help viewer of Windows: by the class in the registry, by its name, or
+// not at all.
 
 #include "shell/qmhelpviewer.h"
 
@@ -24,7 +24,7 @@ protected:
         }
     }
 
-    // A library stays loaded as long as the program lives; tests let go of theirs.
+    // The program keeps the library loaded until it ends. A test must unload its own.
     ~QMHelpViewerTest() override
     {
         if (HMODULE hModule = GetModuleHandleA(m_sViewer.c_str())) {
@@ -81,7 +81,7 @@ TEST_F(QMHelpViewerTest, GivesNothingWithoutTheEntryPoint)
     const std::string sOther = m_folder.Copy("standin_noviewer.dll", "no viewer.dll");
     m_classes.Set(g_szClass, sOther);
     EXPECT_EQ(m_viewer.Call(nullptr, "x", 0, 0), nullptr);
-    // It is not looked for again, even where one can be had now.
+    // The viewer is not looked for again, even when one is there now.
     m_classes.Set(g_szClass, m_sViewer);
     EXPECT_EQ(m_viewer.Call(nullptr, "x", 0, 0), nullptr);
     EXPECT_EQ(GetCalls(), nullptr);
@@ -92,7 +92,7 @@ TEST_F(QMHelpViewerTest, GivesNothingWithoutTheEntryPoint)
 
 TEST_F(QMHelpViewerTest, TakesNoPathThatIsTooLong)
 {
-    // A longer path is not the viewer's: its name alone is tried next, as without any.
+    // A path that is too long is ignored. The name alone is tried next, as without a path.
     m_classes.Set(g_szClass, m_sViewer + std::string(300, ' '));
     HMODULE hBefore = GetModuleHandleA("hhctrl.ocx");
     m_viewer.Call(nullptr, "x", 0xFFFF, 0);
@@ -104,8 +104,8 @@ TEST_F(QMHelpViewerTest, TakesNoPathThatIsTooLong)
     }
 }
 
-// The name is looked for in the folder of the process first, so the stand-in is found there before
-// the system's own viewer.
+// Windows looks for a name in the folder of the program first. So it finds the stand-in before its
+// own viewer.
 TEST_F(QMHelpViewerTest, FindsTheViewerByItsNameWhereNoneIsRegistered)
 {
     m_sViewer = m_folder.Copy("standin_viewer.dll", "hhctrl.ocx");

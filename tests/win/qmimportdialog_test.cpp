@@ -24,7 +24,7 @@ std::vector<std::string> TextsOf(const QMGridList& list, int nRow)
     return texts;
 }
 
-// A child's place in the dialog's client area.
+// The place of a child in the client area of the dialog.
 VRect PlaceOf(const VDialog& dialog, HWND hChild)
 {
     RECT rect = {};
@@ -33,7 +33,7 @@ VRect PlaceOf(const VDialog& dialog, HWND hChild)
     return VFromRect(rect);
 }
 
-// While it lives no list control can be made.
+// While it lives, no list control can be created.
 class NoLists
 {
 public:
@@ -173,7 +173,7 @@ TEST_F(QMImportDialogTest, HasTenColumns)
             }
             EXPECT_STREQ(szHeading, aExpected[n].szHeading) << n;
             EXPECT_EQ(column.cx, aExpected[n].nWidth) << n;
-            // Systems keep the first column to the left, whatever it was told.
+            // Windows aligns the first column to the left, whatever it was told.
             if (n > 0) {
                 EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, aExpected[n].nFormat) << n;
             }
@@ -273,7 +273,7 @@ TEST_F(QMImportDialogTest, KeepsItsListWhereThereIsNoRoomForOne)
 {
     Review([](VDialog& dialog, QMGridList& list) {
         ResizeClient(dialog, 400, 300);
-        // No frame lets itself be pulled as small as this.
+        // A user cannot make the window as small as this.
         dialog.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(2, 300));
         dialog.Send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(400, 40));
         EXPECT_EQ(PlaceOf(dialog, list.GetHandle()), VRect(0, 0, 400, 260));
@@ -292,7 +292,7 @@ TEST_F(QMImportDialogTest, GivesTheFillerWhatDraggedColumnsLeave)
     });
 }
 
-// ---- The end.
+// ---- Closing.
 
 TEST_F(QMImportDialogTest, ImportMarksTheTickedRows)
 {

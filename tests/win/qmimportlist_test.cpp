@@ -15,7 +15,7 @@ void PressSpace(QMGridList& list)
     PumpAll();
 }
 
-// The dark points in a cell, as the list paints it.
+// The dark pixels in a cell, as the list paints it.
 int CountDark(QMGridList& list, int nRow, int nColumn)
 {
     list.Update();
@@ -125,7 +125,8 @@ TEST_F(QMImportListTest, AClickInTheFirstColumnMakesImportAllMixed)
 {
     Fill({0, 0, 0});
     Review([this](VDialog& dialog, QMGridList& list) {
-        // Beside the check box: the row keeps its tick, and the box says that rows may differ.
+        // A click beside the check box: the row keeps its tick, and the box shows that rows may
+        // differ.
         Click(list, 45, MiddleOf(list, 1));
         EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_ALL), BST_INDETERMINATE);
         EXPECT_EQ(CheckOf(dialog, IDC_IMPORT_CLEARALL), BST_CHECKED);
@@ -167,7 +168,7 @@ TEST_F(QMImportListTest, AClickElsewhereDoesNothing)
         for (const int x : {80, 140, 300, 450, 520, 600}) {
             Click(list, x, MiddleOf(list, 1));
         }
-        // Below the rows nothing is selected any more.
+        // A click below the rows leaves nothing selected.
         Click(list, 60, MiddleOf(list, 2) + 100);
         EXPECT_EQ(list.GetSelectedCount(), 0);
         EXPECT_EQ(FlagsOf(m_store), (Flags{0, uNotCleared, 0}));
@@ -251,7 +252,7 @@ TEST_F(QMImportListTest, ShadesEverySecondRowAndRulesTheColumns)
 {
     Fill({0, 0, 0, 0});
     Review([](VDialog&, QMGridList& list) {
-        // Right of the date's text, before the next column's line.
+        // Right of the text of the date, and left of the next column's line.
         EXPECT_TRUE(PumpUntil([&] { return ColorAt(list, 82, MiddleOf(list, 1)) == 0xEBEBEB; }));
         EXPECT_EQ(ColorAt(list, 82, MiddleOf(list, 2)), GetSysColor(COLOR_WINDOW));
         EXPECT_EQ(ColorAt(list, 82, MiddleOf(list, 3)), 0xEBEBEBU);

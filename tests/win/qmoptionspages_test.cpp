@@ -40,7 +40,7 @@ protected:
         m_display.SetFont(font, 0x112233);
     }
 
-    // What a swatch shows.
+    // The colour that a swatch shows.
     COLORREF ColorOf(int nSwatch) const
     {
         const VRect area = {4, 4, 20, 10};
@@ -54,7 +54,7 @@ protected:
     ModalDriver m_driver;
 };
 
-// With bits that no box shows.
+// With bits that have no box.
 class QMOddOptionsTest : public QMOptionsPagesTest
 {
 protected:

@@ -20,11 +20,11 @@ constexpr const char* g_szTurnOff =
 
 using Sentences = std::vector<std::string>;
 
-// Enters texts in the dialog that is up and presses OK, which a box answers if there is one to be.
+// Enters texts in the open dialog and presses OK. If OK opens a box, it is answered.
 class Entries
 {
 public:
-    // The texts go into the dialog's fields in their order; null leaves a field as it is.
+    // The texts for the fields of the dialog, in their order. Null leaves a field as it is.
     Entries& Enter(const std::vector<const char*>& texts)
     {
         const auto Fill = [=](HWND hDialog) {
@@ -71,8 +71,7 @@ INT_PTR Ask(const char* szPassword, const char* szName = "")
     return dialog.DoModal(nullptr, szPassword, szName);
 }
 
-// The field after the Set Password dialog, which holds "before" first; a result of Cancel leaves
-// it.
+// The password after the Set Password dialog; before, it is "before". Cancel leaves it so.
 std::string Set(const char* szCurrent, INT_PTR nExpected)
 {
     char szField[16] = "before";

@@ -1,4 +1,5 @@
-// The register's list: what it shows and what it answers to whoever asks, with its rows elsewhere.
+// The register's list: what it shows and what it answers to messages, although its rows are stored
+// elsewhere.
 
 #include "register/qmregisterlist.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 constexpr UINT uListId = 7;
 
-// Counts the messages that a window gets, and the news of columns among them.
+// Counts the messages that a window gets, and the notifications of new column widths among them.
 class MessageCount : public VMessageFilter
 {
 public:
@@ -48,7 +49,7 @@ protected:
 
     QMAccountHeader& Header() { return m_document.GetAccount()->header; }
 
-    // Transactions of every type and flag there is, on as many days.
+    // Transactions of every type with every flag, on different days.
     void AddTransactions(int nCount)
     {
         constexpr uint32_t auFlags[] = {QM_TRANS_FLAG_NOT_CLEARED, 0, QM_TRANS_FLAG_VOIDED,
@@ -69,7 +70,7 @@ protected:
         }
     }
 
-    // As another program reads them.
+    // Reads texts as another program does.
     std::string ReadText(int nRow, int nColumn) const
     {
         char szText[300] = "unread";
@@ -105,7 +106,7 @@ protected:
         return item.lParam;
     }
 
-    // A column's heading and format.
+    // The heading and the format of a column.
     HDITEMA Heading(int nColumn, char* szText, int nSize) const
     {
         HDITEMA item = {};
@@ -127,7 +128,7 @@ protected:
         return nSum;
     }
 
-    // In front of the list, which speaks to it until its own end.
+    // Stands before the list, which uses it until its own end.
     VWindow m_parent;
     QMRegisterList m_list;
     QMDocument m_document;
@@ -169,7 +170,7 @@ TEST_F(QMRegisterListTest, ShowsTheVisibleColumnsInTheirOrder)
         const HDITEMA item = Heading(nColumn, szText, sizeof szText);
         const Expected& expected = aExpected[nColumn];
         EXPECT_EQ(std::string(szText), expected.szText) << nColumn;
-        // The platform keeps the first column to the left.
+        // Windows aligns the first column to the left.
         if (nColumn > 0) {
             EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, expected.nFormat) << nColumn;
         }
@@ -188,7 +189,7 @@ TEST_F(QMRegisterListTest, TheFillerTakesTheWidthThatIsLeft)
     m_list.SetColumnWidth(3, 200);
     m_list.AdjustFillerColumn();
     EXPECT_EQ(SumOfWidths(10), m_list.GetClientRect().right);
-    // Where nothing is left it has no width, and stays the last.
+    // When no width is left it has none, and is still the last column.
     m_list.SetColumnWidth(3, 2000);
     m_list.AdjustFillerColumn();
     EXPECT_EQ(m_list.GetColumnCount(), 10);
@@ -222,7 +223,7 @@ TEST_F(QMRegisterListTest, TakesOverTheWidthsToWhichColumnsWereDragged)
     EXPECT_EQ(Header().lWidthDate, 99);
     EXPECT_EQ(Header().lWidthMemo, 111);
     EXPECT_EQ(Header().lWidthNumber, 50);
-    // A hidden column keeps its width, and the filler has none to keep.
+    // A hidden column keeps its width. The filler has no width to keep.
     EXPECT_EQ(Header().lWidthCategory, 240);
     EXPECT_FALSE(m_list.TakeOverWidths(columns, Header()));
     m_list.SetColumnWidth(9, 5);
@@ -236,7 +237,7 @@ TEST_F(QMRegisterListTest, TheParentHearsOfAColumnsNewWidthWhenItIsInForce)
     MessageCount ofParent;
     m_parent.AddFilter(ofParent);
     auto* hHeader = reinterpret_cast<HWND>(m_list.Send(LVM_GETHEADER));
-    // As a drag of the heading's edge ends.
+    // What the header sends at the end of a drag.
     HDITEMA item = {};
     item.mask = HDI_WIDTH;
     item.cxy = 81;
@@ -297,7 +298,7 @@ TEST_F(QMRegisterListTest, SelectsFocusesAndShowsOneRow)
 {
     AddTransactions(200);
     ASSERT_TRUE(m_model.ShowAll());
-    // A register comes up with its newest transaction.
+    // A new register shows its newest transaction.
     EXPECT_EQ(m_list.GetFocusedRow(), 199);
     EXPECT_TRUE(m_list.SelectRow(0));
     EXPECT_TRUE(m_list.SelectRow(150));
@@ -344,7 +345,7 @@ TEST_F(QMRegisterListTest, AMillionRowsCostNoMessageEach)
     EXPECT_EQ(m_list.GetItemCount(), lRows);
     EXPECT_EQ(ReadText(lRows - 1, 1), "3/14/2004");
     EXPECT_EQ(ReadWord(lRows - 1), static_cast<LPARAM>(QM_DECOR_POSITIVE));
-    // To paint a page asks for a page.
+    // Painting a page needs only the rows of that page.
     ofParent.m_nCount = 0;
     EXPECT_TRUE(m_list.SelectRow(lRows - 1));
     m_list.Update();
@@ -365,14 +366,14 @@ TEST_F(QMRegisterListTest, IsPaintedByTheRowsWords)
     const Picture mark(IDB_MARK_VOIDED);
     RECT row = {};
     row.left = LVIR_BOUNDS;
-    // The third is voided, the first not yet cleared.
+    // The third row is voided, and the first is not cleared.
     m_list.Send(LVM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&row));
     const COLORREF crStroke = mark.At(4, 4);
     ASSERT_NE(crStroke, 0xFFFFFFU);
     EXPECT_TRUE(page.HasAny({0, row.top, 30, row.bottom}, crStroke));
     m_list.Send(LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&row));
     EXPECT_EQ(page.At(row.left + 3, row.top + 2), 0xEBEBEBU);
-    // Columns hidden, their marks are too.
+    // When the columns are hidden, their marks are too.
     Header().bShowCleared = 0;
     ASSERT_TRUE(m_model.ShowAll());
     const Picture without(m_list);

@@ -1,4 +1,4 @@
-// A register's pages: what is on their pictures, and what of it comes out of the printer.
+// The pages of a register: what their pictures show, and what the printer makes of them.
 
 #include "register/qmregisterpages.h"
 
@@ -35,7 +35,7 @@ protected:
         snprintf(header.szBankName, sizeof header.szBankName, "First Example Bank");
         snprintf(header.szHolderName, sizeof header.szHolderName, "A. Holder");
         header.bGridLines = header.bShadedLines = 0;
-        // A sheet of letter paper with three quarters of an inch around.
+        // A sheet of letter paper with margins of three quarters of an inch.
         m_context.sizePage = m_context.sizePhysical = {816, 1056};
         m_context.rcPrintable = {72, 72, 744, 984};
     }
@@ -66,7 +66,7 @@ protected:
         return QMRegisterPages(m_list, m_model.GetColumns(), Header()).Render(m_context, uFlags);
     }
 
-    // The picture of a page, from 1.
+    // The pixels of a page; nPage counts from 1.
     static std::vector<COLORREF> PixelsOf(VPrintContext& context, int nPage)
     {
         const VSize& size = context.sizePage;
@@ -97,7 +97,7 @@ protected:
     {
         return m_pixels[static_cast<size_t>(y * m_context.sizePage.cx + x)];
     }
-    // Whether anything is on a part of the page.
+    // Whether anything is drawn in a part of the page.
     bool HasInk(const VRect& rc) const
     {
         for (int y = rc.top; y < rc.bottom; ++y) {
@@ -148,7 +148,7 @@ TEST_F(RegisterPagesTest, EachOptionPrintsItsText)
     Look(1);
     EXPECT_TRUE(HasInk(rcNumber));
     EXPECT_EQ(At(72, TableTop() - 1), crLine);
-    // A name moves the table down, whichever it is and both together.
+    // A name moves the table down. Two names move it no further.
     for (const uint32_t uFlags :
          {QM_PRINT_BANK_NAME, QM_PRINT_HOLDER_NAME, QM_PRINT_BANK_NAME | QM_PRINT_HOLDER_NAME}) {
         ASSERT_TRUE(Render(uFlags));
@@ -198,7 +198,7 @@ TEST_F(RegisterPagesTest, GridLinesRunAroundTheCells)
     EXPECT_EQ(At(80, TableTop() + nRow), crLine);
     EXPECT_EQ(At(80, TableTop() + 2 * nRow), crLine);
     EXPECT_EQ(At(80, TableTop() + 2 * nRow + 1), crWhite);
-    // With shading no row has its top line; the page's last one has its bottom line.
+    // With shading the rows have no line at the top. The last row of a page has one at the bottom.
     Header().bShadedLines = 1;
     ASSERT_TRUE(Render());
     Look(1);
@@ -253,7 +253,8 @@ TEST_F(RegisterPagesTest, RefusesMorePagesThanOneBitmapHolds)
 
 namespace {
 
-// The mean difference of two pictures, of 255, the second one shifted down.
+// The mean difference of the pixels of two pictures, from 0 to 255. The second picture is shifted
+// down.
 double Difference(const std::vector<COLORREF>& image, const VSize& size, const GrayPage& printed,
                   int nShift = 0)
 {
@@ -262,7 +263,7 @@ double Difference(const std::vector<COLORREF>& image, const VSize& size, const G
         for (int x = 0; x < size.cx; ++x) {
             const COLORREF cr = image[static_cast<size_t>(y * size.cx + x)];
             const int nGray = (GetRValue(cr) * 30 + GetGValue(cr) * 59 + GetBValue(cr) * 11) / 100;
-            // Both to the same size.
+            // Both are brought to the same size.
             const int px = x * printed.nWidth / size.cx;
             const int py = y * printed.nHeight / size.cy - nShift;
             const int nPrinted =

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Three entries: a tagged check, a cleared deposit, a voided fee.
+// Three entries: a check with a tag, a cleared deposit, a voided fee.
 std::vector<QMTransaction> ThreeEntries()
 {
     std::vector<QMTransaction> entries = {ProperEntry(QM_TRANS_CHECK, 20),
@@ -21,7 +21,7 @@ std::vector<QMTransaction> ThreeEntries()
     return entries;
 }
 
-// Runs the dialog on these entries, does the action once it is up, and cancels.
+// Runs the dialog on these entries, does the action, and cancels.
 void InEditDialog(const std::vector<QMTransaction>& entries, const ModalDriver::Action& action)
 {
     EntryArgs args(entries);
@@ -111,7 +111,7 @@ TEST(QMTransactionDialogEdit, WritesTheArrayBack)
     EXPECT_EQ(TextOf(args.entries[0]), "3/14/2004 0 44.00 Landlord");
     EXPECT_EQ(args.entries[0].lFlags, 20U);
     EXPECT_TRUE(IsSame(args.entries[1], ThreeEntries()[1])) << "never on show";
-    // The text shown for a fee is not its description, which stays.
+    // The dialog shows "Fee", which is not the description. The description stays.
     EXPECT_EQ(TextOf(args.entries[2]), "4/1/2004 3 0.00 Rent");
     EXPECT_STREQ(args.entries[2].szMemo, "a fee");
     EXPECT_EQ(DateText(args.entries[2].dtCleared), "4/1/2004");
@@ -189,7 +189,7 @@ TEST(QMTransactionDialogEdit, AddDoesNothing)
 
 TEST(QMTransactionDialogEdit, ADateThatTheCalendarLacksLeavesTheRestInPlace)
 {
-    // 29 February is a proper date of any year to a file, but not to the control.
+    // 29 February is a valid date of every year in a file, but not in the control.
     QMTransaction entry = ProperEntry(QM_TRANS_CHECK);
     entry.dtDate = entry.dtCleared = QMMakeDate(2003, 2, 29);
     InEditDialog({entry}, [](HWND hDialog) {
@@ -200,7 +200,7 @@ TEST(QMTransactionDialogEdit, ADateThatTheCalendarLacksLeavesTheRestInPlace)
 
 namespace {
 
-// 29 February is a proper date of any year to a file, but not to the control.
+// 29 February is a valid date of every year in a file, but not in the control.
 QMTransaction LeapEntry(const QMDate& dtDate, const QMDate& dtCleared)
 {
     QMTransaction entry = ProperEntry(QM_TRANS_CHECK, 0);

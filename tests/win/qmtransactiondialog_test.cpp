@@ -21,7 +21,7 @@ std::vector<QMTransaction> NewEntry()
     return {entry};
 }
 
-// Runs the dialog to add, does the action once it is up, and cancels.
+// Runs the dialog to add an entry, does the action, and cancels.
 void InAddDialog(const ModalDriver::Action& action)
 {
     EntryArgs args(NewEntry(), true);
@@ -51,7 +51,7 @@ Texts ItemsOf(HWND hDialog, int nId)
     return items;
 }
 
-// The middle of a control in the dialog's pixels, and its left edge.
+// The left edge of a control and the middle of its height, in pixels of the dialog.
 POINT PlaceOf(HWND hDialog, int nId)
 {
     RECT rect = {};
@@ -197,7 +197,7 @@ TEST(QMTransactionDialog, NeedsAnEntry)
 
 TEST(QMTransactionDialog, StartsAsAnEmptyCheckOfToday)
 {
-    // Midnight may come between.
+    // Midnight may come in between.
     const std::string sBefore = TodayText();
     std::string sDate;
     std::string sCleared;

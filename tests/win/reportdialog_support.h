@@ -1,4 +1,4 @@
-// The dialog of reports with an account of a test, driven by its controls.
+// The dialog of reports, with an account that the test makes, driven by its controls.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// A folder for the stand-ins of programs and libraries, which goes with its scope.
+// A folder for stand-ins of programs and libraries. It is removed at the end of the scope.
 #pragma once
 
 #include <windows.h>
@@ -11,18 +11,18 @@ public:
     explicit StandinFolder(const std::string& sName);
     StandinFolder(const StandinFolder&) = delete;
     StandinFolder& operator=(const StandinFolder&) = delete;
-    // A program that still runs keeps its file for a moment, which is waited for.
+    // Windows holds the file of a program that still runs. So it waits a moment for its end.
     ~StandinFolder();
 
     const std::string& Get() const { return m_sPath; } // in lower case, without a separator behind
 
-    // Copies a stand-in ("standin_browser.exe") under another name, which may have folders before
-    // it. Returns the copy's path.
+    // Copies a stand-in ("standin_browser.exe") to another name, which may begin with folders.
+    // Returns the path of the copy.
     std::string Copy(const std::string& sStandin, const std::string& sName) const;
 
 private:
     std::string m_sPath;
 };
 
-// The whole of a file; empty when there is none.
+// The contents of a file; empty when there is none.
 std::string ContentsOf(const std::string& sPath);

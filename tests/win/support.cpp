@@ -76,7 +76,7 @@ LRESULT VRecordingWindow::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl)
 {
     Note("OnCommand(" + std::to_string(uNotifyCode) + "," + std::to_string(uId) +
          (hControl == nullptr ? ")" : ",control)"));
-    // The command may delete this object; the record outlives it.
+    // The command may delete this object. The record lives on.
     Record& record = m_record;
     if (record.command) {
         record.command(*this);
@@ -190,7 +190,7 @@ std::set<HACCEL> WineAcceleratorTables()
     return tables;
 }
 
-// Menus and accelerator tables, which both are the process's own.
+// Menus and accelerator tables, both of this process.
 DWORD CountWineUserHandles()
 {
     auto uCount = static_cast<DWORD>(WineAcceleratorTables().size());

@@ -1,5 +1,5 @@
 // What the window tests share: a message loop, a window that notes its calls, a registry key that
-// is removed with its scope, and counts of the objects of Windows.
+// is removed at the end of its scope, and counts of the objects of Windows.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 #include "toolkit/vwindow.h"
 
-// Handles messages until the condition holds. Returns false when it does not within the limit.
+// Handles messages until the condition holds. Returns false when the limit is over before.
 bool PumpUntil(const std::function<bool()>& condition, DWORD uLimitMs = 10000);
 // Handles the messages in the queue.
 void PumpAll();
@@ -19,7 +19,7 @@ void PumpAll();
 // Makes the application object for the tests and registers its window class.
 bool InitializeApplication();
 
-// A text's bytes as a VString's, for comparisons that print both.
+// The bytes of a VString as a std::string. A failing comparison then prints both texts.
 inline std::string Text(const VString& sText)
 {
     return {sText.GetText(), sText.GetLength()};
@@ -45,7 +45,7 @@ struct Record
     std::function<void(VDrawingSurface&)> paint;
     std::function<void(VWindow&)> command;
 
-    // The calls since the last Take, with a blank between them.
+    // The calls since the last Take, separated by blanks.
     std::string Take();
 };
 
@@ -78,7 +78,7 @@ private:
 
 inline const VRect g_testRect = {10, 10, 210, 110};
 
-// Makes a hidden overlapped window of the toolkit's class. Its creation is not noted.
+// Creates a hidden overlapped window of the toolkit's class. Its creation is not noted.
 bool CreateTestWindow(VWindow& window, DWORD uStyle = WS_OVERLAPPEDWINDOW);
 bool CreateTestWindow(VRecordingWindow& window, Record& record);
 
@@ -111,8 +111,8 @@ struct ObjectCounts
 // Counts the objects of this process.
 ObjectCounts CountObjects();
 
-// Under Wine 8, destroys the accelerator tables that were made within its scope: the folder view of
-// a file dialog of Wine keeps one each time it is shown.
+// Wine 8 only: destroys the accelerator tables that were made within its scope. Each time Wine's
+// file dialog is shown, its folder view keeps one.
 class ScopedAcceleratorTables
 {
 public:

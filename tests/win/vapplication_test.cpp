@@ -18,7 +18,8 @@ bool IsRegistered(const char* szClass, WNDCLASSA& record)
     return GetClassInfoA(Module(), szClass, &record) != FALSE;
 }
 
-// Each test has an application object of its own; the one of all tests comes back afterwards.
+// Each of these tests has an application object of its own. Afterwards the one of all tests is
+// back.
 class VApplicationTest : public testing::Test
 {
 protected:
@@ -163,7 +164,7 @@ protected:
         m_record.watched = {WM_APP, WM_KEYDOWN};
     }
 
-    // The calls made by a message and the end of the loop behind it.
+    // The calls that a message causes, with the end of the loop after it.
     std::string Run(UINT uMessage, WPARAM wParam = 0)
     {
         m_window.Post(uMessage, wParam);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Notes the messages of one kind, with their parameters.
+// Notes the messages with one number, and their parameters.
 class MessageLog : public VMessageFilter
 {
 public:

@@ -1,4 +1,4 @@
-// The system's colour, font, print and page setup dialogs behind their wrappers.
+// The dialogs of Windows for colour, font, print and page setup, behind the toolkit's classes.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ ModalDriver::Action Pressing(int nId)
     return [=](HWND hDialog) { Press(hDialog, nId); };
 }
 
-// A wrapper that shows what it gives the system.
+// Notes what it gives to Windows.
 template <class TDialog, class TRecord>
 class Watched : public TDialog
 {
@@ -46,7 +46,7 @@ using WatchedFont = Watched<FontDialog, CHOOSEFONTA>;
 using WatchedPrint = Watched<VPrintDialog, PRINTDLGA>;
 using WatchedPageSetup = Watched<VPageSetupDialog, PAGESETUPDLGA>;
 
-// ---- Ids of the system's colour dialog.
+// ---- Ids in the colour dialog of Windows.
 
 constexpr int nIdRed = 706;
 constexpr int nIdGreen = 707;
@@ -78,7 +78,7 @@ bool HasFace(const char* szFace)
     return bFound;
 }
 
-// One that the system has, and not the first in its list.
+// A font that this system has, and not the first one of its list.
 const char* SomeFace()
 {
     for (const char* szFace : {"Tahoma", "Liberation Sans", "DejaVu Sans"}) {
@@ -100,7 +100,7 @@ LOGFONTA FontOf(int nHeight)
     return font;
 }
 
-// Memory as the system's dialogs hand it around.
+// Memory as the dialogs of Windows pass it around.
 class ScopedGlobal
 {
 public:
@@ -136,8 +136,8 @@ bool HasPrinter()
 
 } // namespace
 
-// ---- Fonts. They come first: the colour dialog keeps more of the system's objects once fonts were
-// listed, and the run that warms up must see that.
+// ---- Fonts. They come first: once fonts were listed, the colour dialog keeps more objects of
+// Windows, and the first run of the tests must see that.
 
 TEST(FontDialog, GivesBackTheFontAndColorThatItStartedWith)
 {
@@ -177,7 +177,7 @@ TEST(FontDialog, TakesTheChosenSizeAndColor)
                      reinterpret_cast<LPARAM>(hColors));
         Press(hDialog, IDOK);
     });
-    // No font given: the object's own.
+    // Without a font, the dialog starts with the object's own.
     ASSERT_TRUE(dialog.Run(nullptr, nullptr, CF_SCREENFONTS | CF_EFFECTS));
     HDC hDC = GetDC(nullptr);
     EXPECT_EQ(dialog.GetFont().lfHeight, -MulDiv(24, GetDeviceCaps(hDC, LOGPIXELSY), 72));
@@ -268,7 +268,7 @@ TEST(ColorDialog, AnObjectThatRefusesKeepsTheDialogOpen)
     EXPECT_TRUE(dialog.Run(nullptr, RGB(255, 0, 0)));
 }
 
-// ---- Print: what the system is asked, and what comes of it.
+// ---- Print: what Windows is asked, and what it returns.
 
 TEST(VPrintDialog, AsksWithItsValues)
 {

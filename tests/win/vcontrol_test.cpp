@@ -10,7 +10,7 @@
 
 namespace {
 
-// Notes which notification came, and answers each with a number of its own.
+// Notes which notification came, and answers each with another number.
 class VNotedControl : public VControl
 {
 public:
@@ -191,7 +191,7 @@ TEST(VControl, TheControlCleansUpForItself)
     EXPECT_EQ(g_nDestroyed, 1);
     EXPECT_EQ(g_nGone, 1);
     {
-        // Also where the object goes first.
+        // The same when the object ends before its window.
         VWindow parent;
         ASSERT_TRUE(CreateTestWindow(parent));
         VNotedControl control;

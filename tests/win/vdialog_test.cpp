@@ -10,7 +10,7 @@
 
 namespace {
 
-// A dialog that answers as told and counts how often it was asked.
+// A dialog that gives prepared answers and counts how often it was asked.
 class AnsweringDialog : public VDialog
 {
 public:
@@ -34,7 +34,7 @@ public:
     int m_nOKs = 0;
 };
 
-// Runs a dialog of a template and does one thing to it.
+// Runs a dialog of this template and does one thing to it.
 INT_PTR RunAnd(AnsweringDialog& dialog, UINT uTemplate, ModalDriver::Action action)
 {
     ModalDriver driver;
@@ -277,7 +277,7 @@ TEST(VDialog, ThatRefusesItsStartIsNoModelessDialog)
     EXPECT_FALSE(dialog.CreateModeless(nullptr, 999));
 }
 
-// ---- Both.
+// ---- Modal and modeless dialogs.
 
 TEST(VDialog, WithoutAWindowDoesNothingAtItsEnd)
 {

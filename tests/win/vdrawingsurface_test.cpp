@@ -10,7 +10,7 @@ namespace {
 constexpr int nWidth = 12;
 constexpr int nHeight = 9;
 
-// White paper in memory, to be looked at pixel by pixel.
+// White paper in memory, for looking at single pixels.
 class Canvas
 {
 public:
@@ -58,7 +58,7 @@ private:
 
 using Rows = std::vector<std::string>;
 
-// The sides of a rectangle, drawn with the black pen.
+// The sides of a rectangle, drawn by the black pen.
 Rows Edges(const VRect& rect, uint32_t uMask)
 {
     Canvas canvas;
@@ -66,7 +66,7 @@ Rows Edges(const VRect& rect, uint32_t uMask)
     return canvas.Rows();
 }
 
-// A surface that tells when its handle is freed.
+// A surface that notes when its handle is freed.
 class VCountingSurface : public VDrawingSurface
 {
 public:

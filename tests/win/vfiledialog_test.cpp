@@ -1,4 +1,4 @@
-// VFileDialog with the system's own dialog, driven as a user would.
+// VFileDialog, with the real dialog of Windows, driven as by a user.
 
 #include "toolkit/vfiledialog.h"
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-// A folder for one test, below the system's folder for temporary files.
+// A folder for one test, in the folder of Windows for temporary files.
 class ScopedFolder
 {
 public:
@@ -22,7 +22,7 @@ public:
     {
         char szBase[MAX_PATH] = "";
         GetTempPathA(sizeof szBase, szBase);
-        // The dialog answers with long names.
+        // The dialog returns long names.
         char szLong[MAX_PATH] = "";
         GetLongPathNameA(szBase, szLong, sizeof szLong);
         m_sPath = std::string(szLong) + "vorek" + std::to_string(GetCurrentProcessId());
@@ -53,7 +53,7 @@ private:
     std::vector<std::string> m_files;
 };
 
-// Notes the notifications that it gets.
+// Notes its notifications.
 class RecordingFileDialog : public VFileDialog
 {
 public:
@@ -121,7 +121,8 @@ ModalDriver::Action Pressing(int nId)
     return [=](HWND hDialog) { Press(hDialog, nId); };
 }
 
-// Picks a line of the type list, from 1 on, with the list's own notifications.
+// Selects a line of the list of file types, with the notifications of that list. nLine counts from
+// 1.
 void PickType(HWND hDialog, int nLine)
 {
     HWND hTypes = GetDlgItem(hDialog, cmb1);
@@ -263,7 +264,7 @@ TEST_F(VFileDialogTest, AsksTheSystemAsItShould)
     EXPECT_EQ(m_dialog.m_shown.nFilterIndex, 1U);
 }
 
-// What the dialog starts with, read before it is shown.
+// Notes what the dialog starts with, before it is shown.
 class StartingFileDialog : public VFileDialog
 {
 public:

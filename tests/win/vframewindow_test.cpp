@@ -13,7 +13,7 @@ constexpr UINT uStatusBarId = 3501;
 constexpr UINT uFirstBarId = 2000;
 constexpr UINT uSecondBarId = 2001;
 
-// Notes what its base calls, and holds the rights and the wrongs that a test wants.
+// Notes what its base class calls, and gives the answers that a test wants.
 class VNotedFrame : public VFrameWindow
 {
 public:
@@ -95,7 +95,7 @@ protected:
     }
 };
 
-// A shown frame with two bands in its rebar.
+// A visible frame with two bands in its rebar.
 class VFrameBarsTest : public testing::Test
 {
 protected:
@@ -124,7 +124,7 @@ protected:
     VWindow m_second;
 };
 
-// The place of a child in its parent's client area.
+// The place of a child in the client area of its parent.
 VRect PlaceIn(const VWindow& parent, const VWindow& child)
 {
     RECT rect = {};
@@ -135,7 +135,7 @@ VRect PlaceIn(const VWindow& parent, const VWindow& child)
 
 } // namespace
 
-// ---- The making.
+// ---- Creation.
 
 TEST(VFrameWindow, MakesItsBarsAndThenInitializes)
 {
@@ -207,7 +207,7 @@ TEST_F(VFrameBarsTest, TheUsableAreaIsWhatTheBarsLeave)
 {
     const VRect client = m_frame.GetClientRect();
     ASSERT_GT(RebarHeight(), 20);
-    // The client lies under the upper line of the status bar, which is one pixel high.
+    // The area reaches one pixel down under the status bar, whose uppermost line is one pixel high.
     EXPECT_EQ(m_frame.Usable(),
               (VRect{0, RebarHeight(), client.right, client.bottom - StatusHeight() + 1}));
     m_frame.ShowBar(uStatusBarId, false);
@@ -276,7 +276,7 @@ TEST_F(VFrameBarsTest, AnEmptyRebarHidesAndReturnsWithABand)
 TEST_F(VFrameBarsTest, BandsAreToggledByTheirOwnStateAndToldByTheScreens)
 {
     m_frame.Show(SW_HIDE);
-    // Hidden with the frame, yet shown within it.
+    // The bar is not visible, because the frame is hidden, but it has WS_VISIBLE.
     EXPECT_FALSE(m_frame.IsBarVisible(uFirstBarId));
     EXPECT_FALSE(m_frame.ToggleBand(uFirstBarId));
     EXPECT_FALSE(m_frame.GetRebar()->IsBandShown(uFirstBarId));
@@ -292,7 +292,7 @@ TEST_F(VFrameBarsTest, BarsFollowTheFramesSize)
     PumpAll();
     const VRect client = m_frame.GetClientRect();
     const VRect rebar = PlaceIn(m_frame, *m_frame.GetRebar());
-    // Its border lies outside the frame.
+    // Its border is outside the frame.
     EXPECT_LE(rebar.top, 0);
     EXPECT_GE(rebar.right, client.right);
     EXPECT_GT(rebar.GetHeight(), 20);
@@ -331,7 +331,7 @@ HMENU MakeNestedMenu(HMENU& hNested)
     AppendMenuA(hPopup, MF_STRING, 102, "Two");
     AppendMenuA(hBar, MF_POPUP, reinterpret_cast<UINT_PTR>(hPopup), "Popup");
     AppendMenuA(hBar, MF_STRING, 103, "Three");
-    // As a maximized document's button for closing it.
+    // Like the item that Windows adds for closing a maximized document.
     AppendMenuA(hBar, MF_STRING, SC_CLOSE, "Close");
     return hBar;
 }
@@ -355,7 +355,7 @@ TEST(VFrameMenus, TheUpdatePassAsksForEachCommandOfTheTree)
     EXPECT_TRUE(frame.Has(201, MF_GRAYED));
     EXPECT_TRUE(frame.Has(201, MF_CHECKED));
     EXPECT_FALSE(frame.Has(103, MF_GRAYED | MF_CHECKED));
-    // Each pass begins anew: what was marked is offered as enabled and unchecked again.
+    // Each pass starts anew: it offers an item that was changed as enabled and unchecked again.
     frame.m_disabled.clear();
     frame.m_checked.clear();
     frame.UpdateCommands();
@@ -391,7 +391,7 @@ TEST(VFrameMenus, AMirroredToolbarFollowsTheMenu)
     frame.UpdateCommands();
     EXPECT_EQ(toolbar.Send(TB_GETSTATE, 101), TBSTATE_ENABLED | TBSTATE_CHECKED);
     EXPECT_EQ(toolbar.Send(TB_GETSTATE, 201), 0);
-    // No item of the menu sends this one.
+    // No item of the menu has this command.
     EXPECT_EQ(toolbar.Send(TB_GETSTATE, 300), TBSTATE_ENABLED);
     frame.m_disabled.clear();
     frame.m_checked.clear();
@@ -408,7 +408,7 @@ TEST(VFrameMenus, ASelectedItemShowsItsPrompt)
     EXPECT_EQ(frame.Prompt(IDS_SHORT, MF_HILITE, hMenu), "A short text");
     EXPECT_EQ(frame.Prompt(IDS_PROMPT_AND_TIP, MF_HILITE, hMenu), "The prompt");
     EXPECT_EQ(frame.Prompt(IDS_PROMPT_WITH_TAB, MF_HILITE | MF_GRAYED, hMenu), "Before the tab");
-    // A command without a string of its own.
+    // A command without a string.
     EXPECT_EQ(frame.Prompt(IDS_MISSING, MF_HILITE, hMenu), "Ready");
 }
 
@@ -432,7 +432,7 @@ TEST(VFrameMenus, AnItemOfTheSystemMenuShowsItsOwnText)
     ASSERT_TRUE(frame.Make(MakeNestedMenu(frame.m_hNested)));
     frame.m_hOwnMenu = CreatePopupMenu();
     AppendMenuA(frame.m_hOwnMenu, MF_STRING, IDS_SHORT, "&This && &that\tAlt+T");
-    // Only the first mark goes.
+    // Only the first ampersand is removed.
     EXPECT_EQ(frame.Prompt(IDS_SHORT, MF_SYSMENU | MF_HILITE, frame.m_hOwnMenu), "This && &that");
     ModifyMenuA(frame.m_hOwnMenu, 0, MF_BYPOSITION, IDS_SHORT, "Plain");
     EXPECT_EQ(frame.Prompt(IDS_SHORT, MF_SYSMENU | MF_HILITE, frame.m_hOwnMenu), "Plain");

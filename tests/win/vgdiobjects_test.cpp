@@ -16,7 +16,7 @@ LOGFONTA FontRecord(const VFont& font)
     return record;
 }
 
-// A memory device with its first bitmap of one pixel.
+// A memory device context with its first bitmap, of one pixel.
 class Device
 {
 public:

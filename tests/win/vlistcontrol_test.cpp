@@ -33,7 +33,7 @@ protected:
     VListControl m_list;
 };
 
-// Notes the notifications of a list; keeps them from the parent.
+// Notes the notifications of a list and keeps them from its parent.
 class VNotedList : public VListControl
 {
 public:
@@ -197,7 +197,7 @@ TEST(VListControl, TurnsItsCodesIntoCalls)
     EXPECT_EQ(list.m_sNoted, "");
 }
 
-// ---- The rule of the widths, on a list that only pretends: every character is ten pixels wide.
+// ---- The rule of the widths, with a fake list in which every character is ten pixels wide.
 
 namespace {
 

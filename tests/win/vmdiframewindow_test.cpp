@@ -94,7 +94,7 @@ void VNotedMdiFrame::OnChildGone(VMDIChildWindow& child)
     Note("gone", &child);
 }
 
-// A shown frame whose menu and keys change with its documents.
+// A visible frame whose menu and accelerators change with its documents.
 class VMdiTest : public testing::Test
 {
 protected:
@@ -118,7 +118,7 @@ protected:
     {
         m_frame.CloseChildren();
         m_frame.OnClose(true);
-        // A window takes only the menu along that it has at its end.
+        // A window that is destroyed destroys only the menu that it has then.
         for (HMENU hMenu : {m_hMenu, m_hChildMenu}) {
             if (IsMenu(hMenu)) {
                 DestroyMenu(hMenu);
@@ -143,7 +143,7 @@ protected:
         return CreateAcceleratorTableA(&key, 1);
     }
 
-    // The object goes with its window.
+    // The object is deleted with its window.
     VNotedChild* Open(const char* szName, HACCEL hKeys = nullptr, VRect rect = {})
     {
         auto pChild = std::make_unique<VNotedChild>(m_record, szName);
@@ -157,7 +157,7 @@ protected:
         return pChild.release();
     }
 
-    // Children a, b and c, each opened on top of the one before.
+    // The children a, b and c, opened in this order.
     void OpenThree()
     {
         m_pA = Open("a");
@@ -200,7 +200,7 @@ TEST_F(VMdiTest, TheClientFillsWhatTheBarsLeave)
     EXPECT_EQ(ActiveName(), "");
 }
 
-// ---- Making and activating.
+// ---- Creating and activating.
 
 TEST_F(VMdiTest, AChildIsMadeMadeKnownAndThenActivated)
 {
@@ -237,7 +237,7 @@ TEST_F(VMdiTest, MenuAndKeysFollowTheChildOnTop)
     ASSERT_NE(m_pA, nullptr);
     EXPECT_EQ(m_frame.GetAccelerators(), m_hChildKeys);
     EXPECT_EQ(GetMenu(m_frame.GetHandle()), m_hChildMenu);
-    // A child without keys leaves the frame its own.
+    // With a child that has no accelerators, those of the frame stay.
     m_pB = Open("b");
     ASSERT_NE(m_pB, nullptr);
     EXPECT_EQ(m_frame.GetAccelerators(), m_hFrameKeys);
@@ -331,7 +331,7 @@ TEST_F(VMdiTest, AChildIsDeletedInsideItsOwnClose)
 {
     OpenThree();
     HWND hWnd = m_pC->GetHandle();
-    // The procedure goes on after the object is gone.
+    // The window procedure still runs after the object is deleted.
     EXPECT_EQ(SendMessageA(hWnd, WM_CLOSE, 0, 0), 0);
     EXPECT_FALSE(VWindow::IsLive(m_pC));
     EXPECT_FALSE(IsWindow(hWnd));
@@ -363,7 +363,7 @@ TEST(VMdiFrame, AFrameDeletedWithItsWindowEndsItsChildrenFirst)
         pChild.release();
         record.Take();
     }
-    // By then the class that noted its share in a child's end is gone; the frame's base is not.
+    // By then the derived part of the frame is gone, so it notes nothing. Its base is still there.
     EXPECT_EQ(record.Take(), "a:deleted");
 }
 
@@ -416,7 +416,7 @@ TEST_F(VMdiTest, ClosesTheOneOnTopOrAll)
     EXPECT_EQ(ActiveName(), "b");
     EXPECT_TRUE(m_frame.Arrange(104));
     EXPECT_EQ(m_frame.GetActiveChild(), nullptr);
-    // With none left there is nothing to do.
+    // When no child is left, there is nothing to close.
     for (const UINT uId : auArrangeIds) {
         EXPECT_TRUE(m_frame.Arrange(uId));
     }

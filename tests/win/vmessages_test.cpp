@@ -9,7 +9,7 @@
 
 namespace {
 
-// What a message box showed; its button is pressed by the driver.
+// What a message box showed. The driver presses its button.
 struct ShownBox
 {
     std::string sCaption;

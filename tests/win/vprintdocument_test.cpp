@@ -1,4 +1,4 @@
-// The print document, on the printer of the tests.
+// The print document, with the tests' own printer.
 
 #include "printing/vprintdocument.h"
 
@@ -128,7 +128,7 @@ TEST_F(PrintDocumentTest, MeasuresThePageForItsClient)
     EXPECT_EQ(context.rcMarginsScreen, (VRect{72, 48, 96, 24}));
     EXPECT_EQ(context.nPages, 2);
     EXPECT_EQ(context.pSurface, &printer);
-    // The same again, from nothing.
+    // The same once more, from the beginning.
     ASSERT_TRUE(document.RenderToContext(context));
     EXPECT_EQ(m_client.nRendered, 2);
 }
@@ -254,7 +254,7 @@ TEST_F(PrintDocumentTest, PageSetupTakesMarginsOnOkAlone)
     EXPECT_EQ(document.GetMargins(), (VRect{1000, 750, 750, 750}));
 }
 
-// ---- What is stored.
+// ---- What the settings store.
 
 TEST_F(PrintDocumentTest, AStoredLandscapeTurnsThePaperAndTheLeastMargins)
 {
@@ -275,7 +275,7 @@ TEST_F(PrintDocumentTest, AStoredLandscapeTurnsThePaperAndTheLeastMargins)
     const QMPageSetup now = QMDescribePageSetup(document);
     EXPECT_STREQ(now.sMargins.GetText(), "0100 0200 0300 0400");
     EXPECT_EQ(now.lOrientation, 2);
-    // What is stored already turns nothing.
+    // Applying what is in force already turns nothing.
     QMApplyPageSetup(document, now);
     EXPECT_EQ(document.GetMinMargins(), (VRect{20, 30, 40, 10}));
 }

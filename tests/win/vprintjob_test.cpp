@@ -1,4 +1,4 @@
-// The print job, with a stand-in for the printer that notes what it is asked and fails on demand.
+// The print job, with a fake printer that notes what it is asked and fails on demand.
 
 #include "printing/vprintjob.h"
 
@@ -81,7 +81,7 @@ public:
         return static_cast<int>(m_tiles.size()) != m_nFailingTile;
     }
 
-    // The calls since the last time.
+    // The calls since the last Take.
     std::string Take()
     {
         std::string sAll;
@@ -131,7 +131,7 @@ protected:
 
     void TearDown() override
     {
-        // Whatever happened.
+        // This must hold after every job.
         if (m_owner.IsValid()) {
             EXPECT_TRUE(IsWindowEnabled(m_owner.GetHandle()));
         }
@@ -285,8 +285,8 @@ TEST_F(PrintJobTest, WhatIsRefusedAsAWholeGoesInTiles)
     m_context.sizeDevice = {250, 320};
     EXPECT_TRUE(Print());
     EXPECT_EQ(m_printer.Take(), sBegin + sPage + " EndDoc");
-    // Two columns of three rows, a strip at the right for each row, one below each column, the
-    // corner.
+    // Two columns of three rows, then a strip at the right of each row, one below each column, and
+    // the corner.
     EXPECT_EQ(m_printer.m_tiles.size(), 6U + 3 + 2 + 1);
 }
 

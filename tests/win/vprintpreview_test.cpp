@@ -15,7 +15,7 @@ namespace {
 constexpr VSize sizeSheet = {200, 300};
 constexpr VSize sizePicture = {160, 240};
 
-// What the preview asks for, and what it gets.
+// Notes what the preview asks for, and gives the pages.
 struct Client
 {
     int nPages = 3;
@@ -85,7 +85,7 @@ protected:
 
     void TearDown() override { EXPECT_TRUE(IsWindowEnabled(m_owner.GetHandle())); }
 
-    // Runs the preview while the steps go on.
+    // Runs the preview and the steps of the driver.
     bool Run(const std::function<void(HWND hDialog)>& steps)
     {
         ModalDriver driver;
@@ -96,7 +96,7 @@ protected:
         return m_preview.Run(m_owner, m_owner.GetWindowRect(), Client::Operations(), &m_client);
     }
 
-    // The child that shows the pages.
+    // The child window that shows the pages.
     static VScrollView& ViewOf(HWND hDialog)
     {
         HWND hView = FindWindowExA(hDialog, nullptr, VApplication::GetClassName(), nullptr);
@@ -235,7 +235,7 @@ TEST_F(PreviewTest, ThePageBoxTakesANumberAndEnter)
             EXPECT_EQ(PageText(hDialog), szNothing);
             EXPECT_EQ(Shown(hDialog), Client::ColourOf(3));
         }
-        // What was typed stays while the focus does.
+        // The typed text stays as long as the box has the focus.
         SendMessageA(hDialog, WM_COMMAND, MAKEWPARAM(IDC_PREVIEW_PAGE, EN_SETFOCUS), 0);
         EXPECT_EQ(PageText(hDialog), "99999999999");
         TypePage(hDialog, "2 of 3");

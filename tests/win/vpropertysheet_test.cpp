@@ -1,4 +1,4 @@
-// Property sheets and their pages, in the system's own sheet.
+// Property sheets and their pages, in the sheet of Windows.
 
 #include "toolkit/vpropertysheet.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr int nIdApply = 12321;
 
-// A page that answers as told and notes what it was asked.
+// A page that gives prepared answers and notes what it was asked.
 class AnsweringPage : public VPropertyPage
 {
 public:
@@ -60,7 +60,7 @@ public:
     bool m_bAgrees = true;
 };
 
-// Three pages, One, Two and Three; a page has a window from its first showing on.
+// Three pages, One, Two and Three. A page has no window before it is first shown.
 class VSheetTest : public testing::Test
 {
 protected:
@@ -76,7 +76,7 @@ protected:
         return m_sheet.Run(nullptr, "Options", "", uStartPage, PSH_NOAPPLYNOW);
     }
 
-    // Shows the other pages up to one, and then that.
+    // Shows the pages up to this one, so that all of them have windows.
     ModalDriver::Action Visiting(int nPage)
     {
         return [this, nPage](HWND hSheet) {
@@ -96,7 +96,7 @@ protected:
             return page.IsValid() && PropSheet_GetCurrentPageHwnd(hSheet) == page.GetHandle();
         };
     }
-    // The record, once it holds something.
+    // The record of the calls, once it is not empty.
     ModalDriver::Condition Noted()
     {
         return [this](HWND) { return !m_record.calls.empty(); };
@@ -124,7 +124,7 @@ std::string TabText(HWND hSheet, int nIndex)
 
 } // namespace
 
-// ---- The sheet's start.
+// ---- How a sheet starts.
 
 TEST_F(VSheetTest, ShowsItsPagesInTheOrderOfAddition)
 {
@@ -192,7 +192,7 @@ TEST_F(VSheetTest, MayRunAgain)
     }
 }
 
-// ---- Its ends.
+// ---- How a sheet ends.
 
 TEST_F(VSheetTest, OKAsksThePagesThatHaveWindows)
 {
@@ -259,7 +259,7 @@ TEST_F(VSheetTest, APageThatRefusesCancelKeepsTheSheetOpenOnIt)
     EXPECT_TRUE(m_sheet.IsOK());
 }
 
-// The sheet's own word is taken before the pages are asked, and no later Cancel takes it back.
+// Kept: the OK of the sheet counts before the pages are asked, and a later Cancel does not undo it.
 TEST_F(VSheetTest, ARefusedOKIsStillAnOKAfterCancel)
 {
     m_one.m_bOK = false;

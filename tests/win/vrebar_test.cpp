@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT uRebarId = 3502;
 
-// A rebar with two bands in a shown window that notes what it is told.
+// A rebar with two bands, in a visible window that notes its notifications.
 class VReBarTest : public testing::Test
 {
 protected:
@@ -44,7 +44,7 @@ protected:
         return band;
     }
 
-    // What the parent heard from the rebar.
+    // The notifications of the rebar.
     bool Heard(int nCode) const
     {
         const std::string sCall = "OnNotify(" + std::to_string(uRebarId) + "," +
@@ -120,7 +120,7 @@ TEST_F(VReBarTest, IdsAreFollowedWhenBandsMove)
 
 TEST_F(VReBarTest, ABarOfADeeperLevelIsFoundThroughItsBand)
 {
-    // The band goes by an id that is not its bar's.
+    // The band has another id than its bar.
     REBARBANDINFOA band = {};
     band.cbSize = REBARBANDINFOA_V6_SIZE;
     band.fMask = RBBIM_ID;

@@ -19,7 +19,7 @@ protected:
 
     void TearDown() override { RegCloseKey(m_hRaw); }
 
-    // The byte behind the value is no zero: the system would take that for a forgotten terminator.
+    // The byte after the value is not zero. Windows would take a zero for a forgotten terminator.
     void Store(const char* szName, DWORD uType, const std::string& sBytes) const
     {
         const std::string sGuarded = sBytes + 'X';
@@ -29,7 +29,7 @@ protected:
             ERROR_SUCCESS);
     }
 
-    // Type and bytes of a value, as "type:bytes"; empty for a missing one.
+    // The type and the bytes of a value, as "type:bytes"; empty when it does not exist.
     std::string Stored(const char* szName) const
     {
         char szBytes[4096];
@@ -42,7 +42,7 @@ protected:
         return std::to_string(uType) + ":" + std::string(szBytes, uSize);
     }
 
-    // What ReadText makes of a value; "unchanged" with a false.
+    // The text that ReadText gives for a value; "unchanged" when it returns false.
     std::string Read(const char* szName) const
     {
         VString sText("unchanged");
@@ -188,7 +188,7 @@ TEST_F(VRegKeyTest, TextsAreReadUpToTheirLimit)
         ASSERT_TRUE(m_key.WriteText("t", sText.c_str()));
         EXPECT_EQ(Read("t"), "true:" + sText);
     }
-    // With the terminator these are 1025 and 1026 bytes.
+    // With the terminator they have 1025 and 1026 bytes.
     for (const size_t uLength : {1024U, 1025U}) {
         ASSERT_TRUE(m_key.WriteText("t", std::string(uLength, 'k').c_str()));
         EXPECT_EQ(Read("t"), "false:unchanged");

@@ -33,7 +33,7 @@ protected:
         return bMade;
     }
 
-    // A picture whose pixels tell their place: x in red, y in green.
+    // Shows a picture whose pixels tell their place: x in red, y in green.
     void Show(VScrollView& view, int nWidth, int nHeight)
     {
         const VClientSurface screen(view.GetHandle());
@@ -106,7 +106,7 @@ TEST_F(VScrollViewTest, CentresThePictureInWhatIsFree)
     EXPECT_EQ(picture.At(50, 50), ColourAt(0, 0));
     EXPECT_EQ(picture.At(149, 99), ColourAt(90, 40));
     EXPECT_EQ(picture.At(150, 60), crGround);
-    // The same after a change of size, and not moved twice.
+    // The same after a change of size. The picture must not move twice.
     m_view.Move({0, 0, 300, 150});
     PumpAll();
     EXPECT_EQ(m_view.GetPictureRect(), (VRect{100, 50, 200, 100}));
@@ -174,7 +174,7 @@ TEST_F(VScrollViewTest, PaintsWhatIsScrolledTo)
     const Picture picture(m_view);
     EXPECT_EQ(picture.At(0, 0), ColourAt(20, 30));
     EXPECT_EQ(picture.At(100, 50), ColourAt(120, 80));
-    // A part alone, as after another window went.
+    // Only a part is painted, as after another window went away.
     RECT part = {50, 60, 90, 100};
     InvalidateRect(m_view.GetHandle(), &part, FALSE);
     m_view.Update();

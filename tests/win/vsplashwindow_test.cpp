@@ -79,7 +79,7 @@ TEST(VSplashWindow, DeletesItselfOnRequest)
     ASSERT_TRUE(pSplash->ShowBitmap(IDB_TEST));
     EXPECT_TRUE(VWindow::IsLive(pSplash));
     pSplash->Send(WM_LBUTTONUP);
-    // Who holds the pointer learns from the list of live windows that a click came first.
+    // A caller that holds the pointer must ask the list of live windows whether a click came first.
     EXPECT_TRUE(PumpUntil([&] { return !VWindow::IsLive(pSplash); }));
 }
 

@@ -1,4 +1,4 @@
-// Binding objects to windows that exist, and letting go of them.
+// Binding objects to windows that exist, and releasing them.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-// An edit field that the toolkit has not made.
+// An edit field that the toolkit did not create.
 class VWindowAttach : public testing::Test
 {
 protected:
@@ -22,7 +22,7 @@ protected:
 
     LONG_PTR Procedure() const { return GetWindowLongPtrA(m_hEdit, GWLP_WNDPROC); }
 
-    // Whether it is still an edit field at work.
+    // Whether it still works as an edit field.
     bool Works() const
     {
         SetWindowTextA(m_hEdit, "12345");

@@ -1,4 +1,4 @@
-// How windows are made.
+// How windows are created.
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-// Shows the record of a creation, and may change it.
+// Notes the creation record, and may change it.
 class VCreationWindow : public VWindow
 {
 public:

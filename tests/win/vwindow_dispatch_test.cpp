@@ -1,4 +1,4 @@
-// From messages to the virtual operations, and what follows them.
+// How messages become virtual operations, and what happens after them.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ protected:
     HWND m_hWnd = nullptr;
 };
 
-// A child whose notifications the window gets.
+// A child that sends notifications to the window.
 class VWindowReflection : public VWindowDispatch
 {
 protected:
@@ -58,7 +58,7 @@ protected:
     VRecordingWindow m_child{m_childRecord};
 };
 
-// A dialog that notes its calls and answers the first command by ending itself.
+// A dialog that notes its calls and ends itself at the first command.
 class VTestDialog : public VDialog
 {
 public:
@@ -254,7 +254,7 @@ TEST_F(VWindowReflection, TheSenderMayKeepItFromTheParent)
     EXPECT_EQ(Notify(m_child.GetHandle(), 4), 44);
     EXPECT_EQ(m_childRecord.Take(), "OnReflectNotify(4,1)");
     EXPECT_EQ(m_record.Take(), "");
-    // Even a value that says elsewhere that nothing was handled.
+    // Even V_NOT_HANDLED is a result here.
     m_childRecord.lReflectValue = V_NOT_HANDLED;
     EXPECT_EQ(Notify(m_child.GetHandle(), 4), V_NOT_HANDLED);
     EXPECT_EQ(m_record.Take(), "");
@@ -287,7 +287,7 @@ TEST_F(VWindowDispatch, AWindowWithoutObjectBehavesAsThePlatformSays)
 
 TEST_F(VWindowDispatch, MessagesAfterTheObjectsEndGoToTheDefault)
 {
-    // Its own class, but nobody's object.
+    // A window of the toolkit's class without an object.
     char szClass[64] = "";
     GetClassNameA(m_hWnd, szClass, sizeof szClass);
     HWND hWnd = CreateWindowExA(0, szClass, "abcd", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,

@@ -1,4 +1,4 @@
-// Filters see a window's messages first.
+// Filters see the messages of a window first.
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 constexpr UINT uTestMessage = WM_APP + 1;
 
-// Answers the test message, or a command, as it is told, and notes that it came.
+// Gives the prepared answer to the test message or to a command, and notes that it came.
 class TestFilter : public VMessageFilter
 {
 public:
@@ -151,7 +151,7 @@ TEST_F(VWindowFilter, RemovedOnesAndThoseOfADetachedWindowSeeNothing)
     EXPECT_EQ(m_record.Take(), "DefaultProc(32769)");
 }
 
-// A filter may delete the object whose message it sees: nothing touches the object from then on.
+// A filter may delete the object whose message it sees. After that nothing may touch the object.
 TEST(VWindowFilterDeletes, AndNothingMoreReachesTheObject)
 {
     class Deleter : public VMessageFilter

@@ -1,4 +1,4 @@
-// Objects that end, or run out of memory, while a message is on its way to them.
+// Objects that are deleted, or run out of memory, while a message is handled.
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ public:
     LRESULT m_lAnswer = V_NOT_HANDLED;
 };
 
-// Runs out of memory at the message that it is told, and notes what the toolkit then calls.
+// Runs out of memory at a given message, and notes what the toolkit then calls.
 class FailingWindow : public VWindow
 {
 public:
@@ -119,7 +119,7 @@ TEST(VWindowLifetime, ANotificationMayEndTheParentsObject)
     }
 }
 
-// A new object may come to lie where the old one was: that makes it no receiver of old messages.
+// A new object may get the address of the deleted one. It must not get the messages of that one.
 TEST(VWindowLifetime, AnObjectInTheOldOnesPlaceDoesNotGetItsMessage)
 {
     Record record;

@@ -1,4 +1,4 @@
-// Painting: on the window or on a device that is given, directly or through a buffer.
+// Painting: on the window or on a given device context, directly or through a buffer.
 
 #include <gtest/gtest.h>
 

@@ -13,8 +13,8 @@
 
 namespace {
 
-// The place of a virtual operation in its table. The compiler keeps it, in bytes and one more, in
-// the first word of a pointer to member; the destructor takes the first two places.
+// The index of a virtual operation in the virtual table. In the first word of a pointer to member,
+// the compiler stores its offset in bytes plus one. The destructor takes the first two entries.
 template <class TMember>
 size_t SlotOf(TMember pMember)
 {
@@ -134,7 +134,7 @@ TEST(VWindow, FlagsSaveAndRestore)
 
 TEST_F(VWindowTest, KindOfWindowGoesByTheClass)
 {
-    // The library of the common controls knows them all with the manifest.
+    // With the manifest, Windows knows all classes of the common controls.
     const struct
     {
         const char* szClass;
@@ -287,7 +287,7 @@ TEST_F(VWindowTest, DefaultInitializeSetsTheClipBits)
     VWindow owned;
     ASSERT_TRUE(owned.Create(m_parent.GetHandle(), g_testRect, WS_POPUP, nullptr, "", 0));
     ASSERT_EQ(owned.GetParent(), m_parent.GetHandle());
-    // The system itself gives siblings' clipping to every top-level window at its making.
+    // Windows itself gives WS_CLIPSIBLINGS to every top-level window that is created.
     owned.SetLong(GWL_STYLE, owned.GetLong(GWL_STYLE) & ~lBoth);
     EXPECT_TRUE(owned.OnInitialize());
     EXPECT_EQ(owned.GetLong(GWL_STYLE) & WS_CLIPCHILDREN, WS_CLIPCHILDREN);

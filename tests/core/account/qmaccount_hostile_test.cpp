@@ -14,7 +14,7 @@ namespace {
 
 constexpr uint32_t aVersions[] = {4096, 4352, 8192};
 
-// Places in SmallAccount(8192).
+// Offsets in SmallAccount(8192).
 constexpr size_t uDescriptionLength = 1332;
 constexpr size_t uMemoLength = 1344;
 constexpr size_t uCategoryLength = 1354;
@@ -51,7 +51,7 @@ std::string WithBlockSize(size_t uSize)
     return JoinAccount({8192, DefaultHeaderBytes(), {entry}});
 }
 
-// What was read must be fit for writing, and then read as the same again.
+// It must be possible to write what was read, and reading that must give the same again.
 void ExpectStable(const QMAccount& account)
 {
     const std::string sImage = ImageOf(account);
@@ -137,7 +137,7 @@ TEST(HostileAccount, EveryFlippedBitReadsOrIsRefused)
                 ExpectStable(account);
             }
         }
-        // A bit of the header, of a block or of a text is content; most are.
+        // Most bits of the header, of a block and of a text are content: any value reads.
         EXPECT_GT(nRead, static_cast<int>(sFile.size() * 8 * 9 / 10));
         EXPECT_LT(nRead, static_cast<int>(sFile.size() * 8));
     }
@@ -257,7 +257,7 @@ TEST(HostileAccount, EntriesBeforeAnAbsurdCountRunsOutAreKept)
     EXPECT_EQ(account.store.GetCount(), 2);
 }
 
-// Entries that a file may have without a single byte: none. Even empty blocks have their lengths.
+// No entry can be there without bytes: even an entry with an empty block has its lengths.
 TEST(HostileAccount, CountCannotGrowWithoutBytes)
 {
     std::string sFile = WithBlockSize(0);
@@ -300,7 +300,8 @@ TEST(HostileAccount, ZeroBytesWithinTextsAreReported)
 
 namespace {
 
-// Promises more bytes than it has, as a file does that shrinks while it is read; or fails there.
+// Promises more bytes than it has, like a file that shrinks while it is read, or fails at that
+// point.
 class BrokenSource : public QMByteSource
 {
 public:
@@ -340,7 +341,7 @@ TEST(HostileAccount, SourceThatBreaksOffIsRefused)
 
 TEST(ReadFault, EveryFaultHasAPhraseOfItsOwn)
 {
-    // Of the latter the file itself knows more.
+    // Of a failure the file itself knows the reason.
     EXPECT_STREQ(QMReadFaultText(QMReadFault::None), "");
     EXPECT_STREQ(QMReadFaultText(QMReadFault::CannotOpen), "");
     std::set<std::string> phrases;

@@ -33,8 +33,8 @@ protected:
     TemporaryFolder m_folder;
 };
 
-// A header in which every byte counts but the one that is always written as 0; each text fills its
-// field.
+// A header in which no byte is zero, except the reserved one, which is always written as 0, and the
+// ends of the texts. Each text fills its field.
 QMAccountHeader FullHeader()
 {
     std::string sBytes(sizeof(QMAccountHeader), '\0');
@@ -86,7 +86,7 @@ AccountParts PartsOf(const QMAccount& account)
     return parts;
 }
 
-// Every byte of all transactions, in their order.
+// All bytes of all transactions, in their order.
 std::string RecordsOf(const QMAccount& account)
 {
     std::string sRecords;
@@ -104,7 +104,7 @@ void ClearCategories(QMAccount& account)
     } while (account.store.Next());
 }
 
-// The only transaction after it was written in that version and read again.
+// The only transaction, after it was written in that version and read again.
 QMTransaction ThereAndBack(const QMTransaction& transaction, int32_t lVersion)
 {
     QMAccount account("");
@@ -244,8 +244,8 @@ TEST_F(AccountTest, WritingLeavesTheTransactionsInMemory)
     EXPECT_EQ(RecordsOf(account), sBefore);
 }
 
-// The header, unlike the transactions, is scrambled and unscrambled in place: what the format does
-// to a byte 0xDF shows at once.
+// The header is scrambled and unscrambled in place, and the transactions are not. So what the
+// format does to a byte 0xDF shows in the header in memory.
 TEST_F(AccountTest, HeaderShowsAfterWritingWhatReadingWillGive)
 {
     QMAccount account(PathOf("a.qmk").c_str());

@@ -152,7 +152,7 @@ TEST(AccountHeader, FontStyleIsTheFirstThatHolds)
     EXPECT_EQ(StyleOf(400, false, false, true), QM_FONT_STRIKE_OUT);
 }
 
-// A weight of 700 and no other, however heavy, is bold.
+// Only a weight of exactly 700 is bold. Heavier ones are not.
 TEST(AccountHeader, FontIsBoldAtExactly700)
 {
     for (const int nWeight : {0, 600, 699, 701, 800, 900}) {

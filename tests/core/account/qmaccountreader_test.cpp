@@ -89,7 +89,7 @@ TEST(AccountReader, KeepsEntriesOfOneDayAsTheyStandInTheFile)
                                         "3/2/2004 1 3.00", "3/2/2004 1 5.00"}));
 }
 
-// The time of day is part of a date in the file and no part of its order.
+// A date in the file has a time of day, which has no influence on the order.
 TEST(AccountReader, TimeOfDayDoesNotCount)
 {
     QMTransaction late = Deposit("3/1/2004", 1);
@@ -322,7 +322,7 @@ TEST(AccountReader, BytesBehindTheLastEntryGoWithTheNextWriting)
 
 TEST(AccountReader, TellsWhenThereIsNoMemory)
 {
-    // The buffer, both transactions, and the two arrays that put them in order.
+    // The requests for memory: the buffer, both transactions, and the two arrays of the sort.
     const std::string sFile = FileOf({Deposit("3/2/2004", 1), Deposit("3/1/2004", 2)});
     QMMemorySource source(sFile.data(), sFile.size());
     for (int nBefore = 0; nBefore < 5; ++nBefore) {

@@ -22,7 +22,7 @@ std::string Pattern(size_t uSize)
     return sBytes;
 }
 
-// Tells a size that need not be true, hands its bytes out in parts, and fails when told to.
+// A source that may tell a wrong size, gives its bytes in parts, and fails on demand.
 class OddSource : public QMByteSource
 {
 public:
@@ -55,7 +55,7 @@ public:
     int nReads = 0;
 };
 
-// The next uSize bytes; a text of its own kind when there are fewer.
+// The next uSize bytes; "(refused)" when there are fewer.
 std::string TakeText(QMByteReader& reader, size_t uSize)
 {
     std::string sBytes(uSize, '\0');

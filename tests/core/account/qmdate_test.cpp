@@ -28,7 +28,7 @@ QMDate NoisyDate(uint16_t wYear, uint16_t wMonth, uint16_t wDay, uint16_t wNoise
     return date;
 }
 
-// Every combination of a few years, months and days, each with other noise.
+// Every combination of a few years, months and days, each with different noise.
 std::vector<QMDate> SomeDates()
 {
     std::vector<QMDate> dates;
@@ -44,7 +44,7 @@ std::vector<QMDate> SomeDates()
     return dates;
 }
 
-// What a date that holds 7/8/1999 is after reading the text.
+// Reads the text into a date that holds 7/8/1999, and returns what the date is then.
 std::string Parsed(const char* szText)
 {
     QMDate date = QMMakeDate(1999, 7, 8);

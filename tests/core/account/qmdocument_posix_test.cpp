@@ -104,7 +104,7 @@ TEST_F(FullVolumeTest, SaveAsANewNameLeavesNothingBehind)
     EXPECT_EQ(m_folder.GetNames(), (std::vector<std::string>{"a.qmk", "filler"}));
 }
 
-// What can be known beforehand must not cost the other file its contents.
+// A failure that can be foreseen must not destroy the other file.
 TEST_F(FullVolumeTest, SaveAsAnExistingNameLeavesThatFile)
 {
     WriteWholeFile(m_folder.PathOf("b.qmk"), "other contents");
@@ -147,7 +147,7 @@ TEST_F(PermissionTest, SaveAsAnExistingReadOnlyFile)
     EXPECT_EQ(ReadWholeFile(m_folder.PathOf("b.qmk")), "other contents");
 }
 
-// Save believes what it wrote and does not look at the results; Save As reads it back.
+// Save does not check whether its writes succeeded. Save As reads the file back.
 TEST(WriteThatBreaksOff, SaveDoesNotNoticeAndSaveAsDoes)
 {
     const TemporaryFolder folder;

@@ -43,7 +43,8 @@ protected:
         m_document.MarkModified();
     }
 
-    // The document, changed but not saved, must be on the small account as before.
+    // After a failed Save As: the document still belongs to the small account, changed and not
+    // saved.
     void ExpectUntouched()
     {
         EXPECT_TRUE(m_document.IsModified());
@@ -53,7 +54,7 @@ protected:
         EXPECT_EQ(BytesOfFile(*m_document.GetAccount()), SmallAccount(8192));
     }
 
-    // The first transaction's category, once the store's cursor was set on it.
+    // Moves the store's cursor to the first transaction and returns its category.
     std::string FirstCategory()
     {
         m_document.GetAccount()->store.First();
@@ -227,7 +228,7 @@ TEST_F(DocumentTest, SaveFailsWhereTheFolderIsMissing)
     EXPECT_TRUE(m_folder.GetNames().empty());
 }
 
-// The account was never opened, and a file of its name came up meanwhile: it is somebody else's.
+// The account was never saved. Meanwhile somebody else made a file of its name.
 TEST_F(DocumentTest, SaveFailsForAFileThatTheAccountDoesNotHold)
 {
     m_document.SetAccount(std::make_unique<QMAccount>(PathOf("a.qmk").c_str()));
@@ -294,7 +295,8 @@ TEST_F(DocumentTest, SaveAsTakesTheVersionAskedFor)
     }
 }
 
-// The account is read back from what was written, so that the loss shows at once.
+// Save As reads the account back from the file. So what the older format cannot hold is lost at
+// once.
 TEST_F(DocumentTest, SaveAsAnOlderFormatDropsTheCategories)
 {
     for (const int32_t lVersion : {4096, 4352}) {
@@ -361,7 +363,7 @@ TEST_F(DocumentTest, SaveAsFailsOnALockedFile)
     EXPECT_EQ(BytesOfFile(holder), "held");
 }
 
-// The present file is open, and nobody opens an open file.
+// The present file is open, and an open file cannot be opened a second time.
 TEST_F(DocumentTest, SaveAsFailsOnThePresentFile)
 {
     OpenSmall(8192);

@@ -42,7 +42,7 @@ std::string Folded(std::string sText)
     return sText;
 }
 
-// A plain statement of the list's rules.
+// The rules of the list, stated a second time.
 struct Model
 {
     uint32_t uFlags;

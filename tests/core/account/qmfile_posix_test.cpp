@@ -26,7 +26,7 @@ void ExpectNoFile(const std::string& sPath)
     EXPECT_EQ(file.GetFault(), VFileFault::NotAFile) << sPath;
 }
 
-// A file in a folder that everybody can pass, with permissions of its own.
+// A file with these permissions, in a folder that everybody may enter.
 std::string MakeFile(const TemporaryFolder& folder, mode_t uMode)
 {
     std::string sPath = folder.PathOf("a");
@@ -86,7 +86,7 @@ TEST(FilePosix, LinkToAnOpenFileIsLocked)
     EXPECT_EQ(BytesOfFile(holder), "abc");
 }
 
-// The lock is one that other programs can see.
+// Other programs see the lock.
 TEST(FilePosix, LockIsTheSystems)
 {
     const TemporaryFolder folder;

@@ -87,7 +87,7 @@ TEST_F(FileTest, ReadsFewerBytesAtTheEndOnly)
     EXPECT_EQ(file.ReadSome(szBuffer, 4), 0);
 }
 
-// A short count is no failure, as little as an end of the file.
+// Fewer bytes than asked for, as at the end of the file, is no failure.
 TEST_F(FileTest, ReadDoesNotReportAShortCount)
 {
     QMFile file(Make("a", "abc").c_str());

@@ -1,4 +1,4 @@
-// Files as Windows alone has them: devices by name, and the read-only attribute.
+// Files in ways that only Windows has: devices with names, and the read-only attribute.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ protected:
         EXPECT_EQ(ReadWholeFile(m_sPath), SmallAccount(8192));
     }
 
-    // Wine leaves the attribute to the system below, which lets its superuser write to any file.
+    // Wine leaves this attribute to the system below it, where root may write to any file.
     bool IsAttributeKept() const
     {
         const HANDLE hFile = CreateFileA(m_sPath.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,

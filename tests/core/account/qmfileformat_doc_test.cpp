@@ -1,4 +1,4 @@
-// Holds what docs/file-format.md tells against the code.
+// Compares docs/file-format.md with the code.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

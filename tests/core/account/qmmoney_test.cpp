@@ -38,13 +38,13 @@ void ExpectLikePrinting(double dValue)
     }
 }
 
-// With the sign of zero and every last bit.
+// All digits of a double, and the sign of zero.
 bool IsSameNumber(double a, double b)
 {
     return std::bit_cast<uint64_t>(a) == std::bit_cast<uint64_t>(b);
 }
 
-// True when rounding and formatting the float give what printing and parsing back give.
+// Whether rounding and formatting the float give the same as printing and parsing back.
 ::testing::AssertionResult IsLikePrinting(float fAmount)
 {
     char szExpected[64];
@@ -104,7 +104,7 @@ TEST(QMRoundToCents, RoundsAnExactHalfToTheEvenCent)
 
 TEST(QMRoundToCents, TakesHalfACentByItsBinaryValue)
 {
-    // None of these is stored exactly: some lie below the half, some above.
+    // A double cannot hold these exactly: some are a little below the half, some above.
     for (const float fAmount : {0.005F, 0.015F, 0.025F, 0.035F, 1.005F, 1.015F}) {
         const std::string sText = Printed(static_cast<double>(fAmount), 0);
         EXPECT_EQ(QMRoundToCents(fAmount), strtod(sText.c_str(), nullptr)) << fAmount;
@@ -150,7 +150,7 @@ TEST(QMMoney, AmountsWithThirdDecimalsAreLikePrinting)
 
 TEST(QMMoney, EighthsOfADollarAreLikePrinting)
 {
-    // The only half cents that binary numbers hold exactly are odd eighths of a dollar.
+    // Only odd eighths of a dollar are half cents that a double holds exactly.
     for (int n = 0; n < 200'000; ++n) {
         ASSERT_TRUE(IsLikePrinting(static_cast<float>(n) / 8));
     }

@@ -37,7 +37,7 @@ constexpr Entry aTypeNames[] = {
     {"interest", 11},
 };
 
-// The value is what the entry itself gives when it is looked up.
+// The value that the entry gives when exactly its own text is looked up.
 constexpr Entry aFieldNames[] = {
     {"Date", 0},        {"Number", 1},   {"Num", 1},          {"Check", 1}, {"Check Number", 1},
     {"Description", 2}, {"Payee", 2},    {"Amount", 3},       {"Debit", 4}, {"Withdrawal", 4},
@@ -55,7 +55,7 @@ std::string Mapped(std::string sText, F f)
     return sText;
 }
 
-// In its own case, in both others, and as the beginning of a longer text.
+// In its own spelling, in capitals, in small letters, and as the beginning of a longer text.
 void ExpectEntry(int32_t (*pLookup)(const char*), const Entry& entry)
 {
     const std::string sName = entry.szName;

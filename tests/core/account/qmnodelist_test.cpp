@@ -11,7 +11,7 @@ namespace {
 
 using Values = std::vector<int>;
 
-// Counts the nodes that are alive, and copies its value through the hook.
+// Counts the nodes that exist, and copies its value in the hook.
 class Node : public QMListNode
 {
 public:
@@ -49,7 +49,7 @@ int ValueOf(const QMListNode* pNode)
     return pNode == nullptr ? -1 : static_cast<const Node*>(pNode)->nValue;
 }
 
-// The values from head to tail, with every link checked on the way.
+// The values from head to tail. Checks every link on the way.
 Values ValuesOf(const List& list)
 {
     Values values;
@@ -79,7 +79,7 @@ void ExpectCursor(const List& list, int nValue, int32_t lPosition)
     EXPECT_EQ(list.GetPosition(), lPosition);
 }
 
-// What the list ought to be after the same operations.
+// What the list must be after the same operations.
 struct Model
 {
     Values values;

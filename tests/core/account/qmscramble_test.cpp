@@ -30,7 +30,7 @@ T ThereAndBack(T value)
     return value;
 }
 
-// Every byte value as one of nCount bytes at place uPlace, the others being letters.
+// A text of uCount letters, with the byte uByte at the place uPlace.
 std::string Around(unsigned uByte, size_t uPlace, size_t uCount)
 {
     std::string sBytes = std::string("ABCDEFGH").substr(0, uCount);
@@ -121,7 +121,8 @@ TEST(Scramble, AgreesWithTheRuleByteForByteAtEveryLengthAndPlace)
         for (size_t uPlace = 0; uPlace < 8; ++uPlace) {
             std::string sAll(uPlace + uSize + 8, '\0');
             for (char& c : sAll) {
-                // Many blanks and their complements, which are what the rule turns on.
+                // Many blanks and complements of blanks, the two bytes that the rule treats in a
+                // special way.
                 const int nByte = bytes(random);
                 c = static_cast<char>(nByte % 5 == 0 ? 0x20 : nByte % 5 == 1 ? 0xDF : nByte);
             }

@@ -16,7 +16,7 @@ namespace {
 using Keys = std::vector<uint64_t>;
 using Order = std::vector<size_t>;
 
-// Nodes with keys, in room for some more.
+// Nodes with keys, and room for some more.
 class Sample
 {
 public:
@@ -31,7 +31,7 @@ public:
 
     QMSortedNodes& Nodes() { return m_sorted; }
 
-    // The places that the nodes had when they were added, in their present order.
+    // The nodes in their present order, each by its place when it was added.
     Order GetOrder() const
     {
         Order order;
@@ -67,7 +67,7 @@ void ExpectSorted(const Keys& keys)
     EXPECT_EQ(sample.GetOrder(), StableOrder(keys, AsAdded(keys)));
 }
 
-// uCount keys of which only the bits of uMask vary.
+// uCount random keys that differ only in the bits of uMask.
 Keys RandomKeys(std::mt19937_64& random, size_t uCount, uint64_t uMask)
 {
     Keys keys(uCount);
@@ -127,7 +127,7 @@ TEST(QMSortedNodes, SortsRandomKeysAsStableSortDoes)
     }
 }
 
-// The fewer bits vary, the more keys are equal and the more digits are the same in all.
+// With few varying bits many keys are equal, and most digits are the same in all keys.
 TEST(QMSortedNodes, SortsKeysOfWhichFewBitsVary)
 {
     std::mt19937_64 random(3);

@@ -1,4 +1,4 @@
-// Reading fields from texts, and testing what came of it.
+// Reading fields from texts, and validating the result.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ QMTransaction ProperTransaction()
     return MakeTransaction(QM_TRANS_CHECK, "3/14/2004", 12.5F);
 }
 
-// What Validate says to the date, as the one and as the other of the two.
+// What Validate finds wrong with this date, as the date and as the date cleared.
 void ExpectDateFaults(const std::string& sDate, uint32_t uFaults)
 {
     QMTransaction transaction = ProperTransaction();

@@ -1,4 +1,4 @@
-// The order that the store keeps, against a plain model of its rule.
+// The order of the store, compared with a simple model of its rule.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -15,12 +15,12 @@ namespace {
 
 using Ids = std::vector<uint32_t>;
 
-// The last four act as the first.
+// The last four modes act like the first.
 constexpr int32_t aModes[] = {0, 1, 2, 3, 4, -1, INT32_MIN, INT32_MAX};
 
 constexpr uint32_t uRuns = 400;
 
-// A store and its model, kept in step.
+// A store and its model. Every operation is done to both.
 struct Pair
 {
     explicit Pair(int32_t lMode) : model(lMode) { store.Resort(lMode); }
@@ -57,7 +57,7 @@ void ExpectSame(const QMTransactionStore& store, const StoreModel& model)
     }
 }
 
-// With entries of random order whose dates were then changed in place, and the cursor anywhere.
+// Entries with dates that were changed in place after they were added, and the cursor anywhere.
 void Disorder(Pair& pair, std::mt19937& random)
 {
     const auto uCount = static_cast<uint32_t>(1 + random() % 12);

@@ -32,7 +32,7 @@ struct SelectionCase
     const char* szNames;
 };
 
-// The literal's inner zeroes are part of the text.
+// The zeroes within the literal are part of the text.
 template <size_t uSize>
 std::string Bytes(const char (&szText)[uSize])
 {
@@ -49,7 +49,7 @@ std::vector<SelectionCase> Cases()
         {Bytes("C:\\Money\0a.qmk\0"), true, "", "C:\\Money", "a.qmk"},
         {Bytes("C:\\\0a.qmk\0b.qmk\0"), true, "", "C:", "a.qmk\tb.qmk"},
         {Bytes("C:\\Money\0a.qmk\0D:\\b.qmk\0"), true, "", "C:\\Money", "a.qmk\tD:\\b.qmk"},
-        // What stands behind the double zero is left from before.
+        // The text after the double zero is left over from an earlier use of the buffer.
         {Bytes("C:\\Money\0a.qmk\0\0b.qmk\0"), true, "", "C:\\Money", "a.qmk"},
         {Bytes("C:\\a.qmk\0b.qmk\0"), true, "C:\\a.qmk", "C:", "a.qmk"},
         {Bytes("C:\\Money\0"), false, "", "C:\\Money", ""},
@@ -85,7 +85,7 @@ TEST(VFileSelection, ForgetsWhatItHeldBefore)
 
 TEST(VFileSelection, ReadsNothingPastTheBuffer)
 {
-    // Every cut of a buffer of its own, so that a reader beyond the end meets other bytes.
+    // Each length in a buffer of its own, so that a read beyond its end meets other bytes.
     const std::string sWhole = Bytes("C:\\Money\0ab\0cd\0");
     for (size_t uSize = 0; uSize <= sWhole.size(); ++uSize) {
         std::string sCut = sWhole.substr(0, uSize) + "XXXX";
@@ -96,7 +96,7 @@ TEST(VFileSelection, ReadsNothingPastTheBuffer)
     }
 }
 
-// ---- Buffers that no dialog fills.
+// ---- Buffers that no dialog makes.
 
 namespace {
 
@@ -117,7 +117,7 @@ std::ostream& operator<<(std::ostream& stream, const Selected& selected)
                   << testing::PrintToString(selected.sNames);
 }
 
-// From memory of exactly that size, so that a sanitizer tells of every byte read beyond it.
+// The memory has exactly this size, so that a sanitizer reports every byte that is read beyond it.
 Selected ReadExactly(const std::string& sBytes)
 {
     const std::vector<char> buffer(sBytes.begin(), sBytes.end());
@@ -126,8 +126,8 @@ Selected ReadExactly(const std::string& sBytes)
     return {bChosen, Text(selection.sPath), Text(selection.sDirectory), Text(selection.sNames)};
 }
 
-// The rules once more: the texts up to the first empty one, whose first is a file's path or a
-// folder.
+// The rules stated a second time: the texts up to the first empty one. The first text is the path
+// of a file, or a folder.
 Selected ReadByRule(const std::string& sBytes)
 {
     Texts texts;

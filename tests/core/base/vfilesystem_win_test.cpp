@@ -1,4 +1,4 @@
-// Windows knows files that nobody may write.
+// Files with the read-only attribute, which nobody may write.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace {
 
 using std::filesystem::perms;
 
-// A file with the read-only mark, which goes in time for the folder to be removed.
+// A file with the read-only attribute. The attribute is removed before the folder is.
 class ReadOnlyFile
 {
 public:

@@ -19,7 +19,7 @@ protected:
     void OnOutOfMemory() override { ++nCalls; }
 };
 
-// With a buffer of its own that has no room left for another byte.
+// A text whose buffer is full: another byte would need a larger one.
 void FillBlock(VString& s)
 {
     s = "x";

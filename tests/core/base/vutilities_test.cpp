@@ -84,7 +84,7 @@ TEST(VRect, ComparesAllFourEdges)
 
 namespace {
 
-// With two links, so that one item can stand in two lists.
+// An item with two links, so that it can be in two lists at once.
 struct Item
 {
     int nValue = 0;

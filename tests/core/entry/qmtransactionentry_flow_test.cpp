@@ -19,7 +19,7 @@ constexpr const char* g_szBadYear = "An invalid year was entered.";
 constexpr const char* g_szBadAmount = "An invalid amount was entered.";
 constexpr const char* g_szBadBoxes = "Invalid check boxes were selected.";
 
-// What Accept says of a proper check in whose fields something was changed; "" for nothing.
+// What Accept says about a valid check after one field was changed; "" for nothing.
 template <class TChange>
 std::string Judge(TChange change)
 {
@@ -51,7 +51,7 @@ std::string JudgeAmount(const char* szAmount, bool bVoided = false)
     });
 }
 
-// The amount that the fields give, refused or not.
+// The amount that the fields give, whether accepted or refused.
 float ReadAmount(const char* szAmount)
 {
     EntryArgs args({ProperEntry(QM_TRANS_CHECK)});
@@ -64,7 +64,7 @@ float ReadAmount(const char* szAmount)
 
 } // namespace
 
-// ---- Sentences.
+// ---- What the user is told.
 
 TEST(QMTransactionEntryFlow, TheFirstFaultOfTheOrderIsTold)
 {
@@ -90,7 +90,7 @@ TEST(QMTransactionEntryFlow, ACategoryHasNoSentence)
     EXPECT_EQ(QMFaultSentence(512), nullptr);
 }
 
-// ---- Reading and judging.
+// ---- Reading and validating.
 
 TEST(QMTransactionEntryFlow, NumbersAreUnsignedDecimals)
 {
@@ -335,7 +335,8 @@ TEST(QMTransactionEntryFlow, AnEntryThatIsAddedMakesRoomForTheNext)
     EXPECT_STREQ(next.sAmount.GetText(), "0.00");
     EXPECT_STREQ(next.sMemo.GetText(), "");
     EXPECT_EQ(next.boxes, QMEntryBoxes());
-    // As it comes it has no amount, which is why a run of entries ends with Cancel.
+    // The next entry has no amount yet and would be refused. That is why a run of entries ends with
+    // Cancel.
     EXPECT_STREQ(entry.Accept(next), g_szBadAmount);
 }
 
@@ -352,7 +353,8 @@ TEST(QMTransactionEntryFlow, WithoutACallersFunctionEveryProperEntryIsAccepted)
     entry.ApplyBoxes(fields.boxes);
     ASSERT_EQ(entry.Accept(fields), nullptr);
     EXPECT_TRUE(entry.Commit());
-    // Nobody made it ready for the next: it comes back as a check that shows the stored type.
+    // The caller did not prepare the next entry. So it comes back as a check that shows the stored
+    // type.
     const QMEntryFields next = entry.BeginNext();
     EXPECT_EQ(next.lType, QM_TRANS_CHECK);
     EXPECT_STREQ(next.sDescription.GetText(), "Direct Debit - Rent");

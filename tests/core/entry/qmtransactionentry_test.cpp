@@ -11,14 +11,15 @@
 
 namespace {
 
-// ---- The rules once more, stated as plainly as they can be.
+// ---- The rules, stated a second time as simply as possible.
 
 bool TakesTags(int32_t lType)
 {
     return lType == 0 || lType == 5 || lType == 8 || lType == 10;
 }
 
-// A box by its letter: T, E, V, C. A text holds the letters of those that are on, in that order.
+// Each box has a letter: T, E, V, C. A text holds the letters of the boxes that are on, in that
+// order.
 QMEntryBoxes BoxesFrom(const std::string& sOn)
 {
     const auto Has = [&](char c) { return sOn.find(c) != std::string::npos; };
@@ -31,8 +32,8 @@ std::string LettersOf(const QMEntryBoxes& boxes)
            (boxes.bVoided ? "V" : "") + (boxes.bCleared ? "C" : "");
 }
 
-// Pressing a box that is on turns it off and nothing else. Pressing one that is off turns it on
-// and those off that it shuts out.
+// Pressing a box that is on turns only that box off. Pressing one that is off turns it on, and
+// turns those off that exclude it.
 std::string PressPlainly(const std::string& sOn, char cBox)
 {
     if (sOn.find(cBox) != std::string::npos) {
@@ -51,7 +52,7 @@ std::string PressPlainly(const std::string& sOn, char cBox)
     return sResult;
 }
 
-// As a user's press of a real box does it.
+// Presses a box as a user does.
 std::string Press(QMTransactionEntry& entry, const std::string& sOn, char cBox)
 {
     QMEntryBoxes boxes = BoxesFrom(sOn);
@@ -64,7 +65,7 @@ std::string Press(QMTransactionEntry& entry, const std::string& sOn, char cBox)
     return LettersOf(boxes);
 }
 
-// Every state that boxes can be in, the forbidden ones too.
+// Every state that the boxes can be in, also those that the rules forbid.
 std::vector<std::string> AllStates()
 {
     std::vector<std::string> states;
@@ -82,7 +83,7 @@ uint32_t FlagsFor(const std::string& sOn)
            (boxes.bCleared ? 0U : 16U);
 }
 
-// The fields of an entry on show with another type's radio button on.
+// The fields of the current entry after the user pressed the radio button of another type.
 QMEntryFields PressType(QMTransactionEntry& entry, int32_t lType)
 {
     QMEntryFields fields = entry.Begin();
@@ -147,7 +148,7 @@ TEST(QMTransactionEntry, ATypePressedShowsItsNumberAndDescription)
             const QMEntryFields fields = PressType(entry, lPressed);
             const std::string& sStored = g_typeLabels[static_cast<size_t>(lStored)];
             const std::string& sPressed = g_typeLabels[static_cast<size_t>(lPressed)];
-            // A check's description is that of the stored type, even of a deposit.
+            // The description of a check is that of the stored type, also when a deposit is stored.
             const std::string sExpected = lPressed != 0  ? sPressed
                                           : lStored == 0 ? "Rent"
                                                          : sStored + " - Rent";
@@ -185,7 +186,7 @@ TEST(QMTransactionEntry, BoxesFollowEverySequenceOfFourPressesFromEveryState)
             QMTransactionEntry entry(args.block);
             std::string sOn = LettersOf(entry.Begin().boxes);
             std::string sPressed = sStart + ":";
-            // Shorter sequences are the beginnings of these.
+            // These cover all shorter sequences, which are their beginnings.
             for (int nRest = nSequence, nPress = 0; nPress < 4; ++nPress, nRest /= 4) {
                 const char cBox = sBoxes[static_cast<size_t>(nRest % 4)];
                 sPressed += cBox;

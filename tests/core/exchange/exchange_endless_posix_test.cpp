@@ -1,5 +1,5 @@
-// The stores with which the writers never come to an end. Each is written in a process of its own,
-// which the system ends once it has worked for a while; whole exports of this size take no time.
+// Exports that never end. Each runs in a process of its own, which the system kills after it has
+// worked for a while. An export of this size that ends takes no time worth mentioning.
 #include <gtest/gtest.h>
 
 #include <sys/time.h>
@@ -17,7 +17,7 @@ namespace {
 constexpr uint32_t uVoided = QM_TRANS_FLAG_VOIDED | QM_TRANS_FLAG_NOT_CLEARED;
 constexpr int32_t lUnknownType = 12;
 
-// Does not return before the export does.
+// Returns only when the export does.
 void ExportForAWhile(const std::string& sPath, const std::vector<QMTransaction>& records)
 {
     QMTransactionStore store;

@@ -1,4 +1,4 @@
-// Files as other programs write them: what is read of them, and what is passed over.
+// Files as other programs write them: what is read of them, and what is ignored.
 #include <gtest/gtest.h>
 
 #include <string>

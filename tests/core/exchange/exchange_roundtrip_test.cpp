@@ -1,4 +1,4 @@
-// What survives the way out of an account and back, for random accounts.
+// What survives an export and the import after it, for random accounts.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -22,7 +22,7 @@ std::string RandomText(std::mt19937& random, const std::string& sCharacters, siz
     return sText;
 }
 
-// Proper entries, dates in order and none before 2000, texts of these characters.
+// Valid entries in the order of their dates, none before 2000, with texts of these characters.
 std::vector<QMTransaction> RandomAccount(std::mt19937& random, const std::string& sCharacters)
 {
     constexpr uint32_t aTags[] = {0, 1, 2, 4};
@@ -43,20 +43,20 @@ std::vector<QMTransaction> RandomAccount(std::mt19937& random, const std::string
         VCopyText(record.szCategory, RandomText(random, sCharacters, 127).c_str());
         records.push_back(record);
     }
-    // A voided one at the end keeps QIF from being written.
+    // With a voided transaction at the end, QIF cannot be written.
     if (records.back().HasFlag(QM_TRANS_FLAG_VOIDED)) {
         records.back().lFlags = QM_TRANS_FLAG_NOT_CLEARED;
     }
     return records;
 }
 
-// Only a check's number is seen and written.
+// Only checks have a number that is shown and written.
 uint32_t ReadNumber(const QMTransaction& record)
 {
     return record.lType == QM_TRANS_CHECK ? record.lNumber : 0;
 }
 
-// What the payee column of the text formats gives back as the description.
+// The description that the payee column of a text format gives back.
 std::string ReadDescription(const QMTransaction& record)
 {
     const std::string sText = record.szDescription;
@@ -76,7 +76,7 @@ std::vector<std::string> TextsOf(const std::vector<QMTransaction>& records)
     return texts;
 }
 
-// Letters that no name of a type begins with, so that no check's payee reads as one.
+// No name of a type begins with these letters, so the payee of a check is never taken for a type.
 const char szPlain[] = "bghjkmnoqsuvxyz 0123456789.-/\xE9";
 
 } // namespace

@@ -291,7 +291,7 @@ std::string Quoted(const std::string& sText, char cQuote)
     return sQuoted + cQuote;
 }
 
-// A register of random records as a bank of that dialect would write it.
+// Random records, written as a bank of that dialect would write them.
 class RandomBank
 {
 public:

@@ -16,7 +16,7 @@ namespace {
 
 constexpr uint32_t uMarked = QM_TRANS_FLAG_IMPORT | QM_TRANS_FLAG_NOT_CLEARED;
 
-// The plain statement of a merge: Add for one after the other.
+// The rule of a merge: Add, one transaction after the other.
 void MergeOneByOne(const QMTransactionStore& from, QMTransactionStore& into)
 {
     from.ForEach([&](const QMTransaction& transaction) {

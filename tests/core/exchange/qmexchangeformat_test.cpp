@@ -44,7 +44,7 @@ std::string SettledDates(const std::string& sDate, const std::string& sCleared)
     return DateText(transaction.dtCleared);
 }
 
-// Makes records of lines and opens what is protected.
+// Makes a record of each line, and makes protected members public.
 class Format : public QMExchangeFormat
 {
 public:
@@ -59,7 +59,7 @@ public:
     QMTransaction& GetPending() { return txPending; }
     int32_t CountTemporary() const { return storeTemp.GetCount(); }
 
-    // What a payee makes of the pending record: its type and its description.
+    // The type and the description of the record after it was given this payee.
     std::string Payee(const std::string& sPayee)
     {
         ParsePayee(sPayee.c_str());

@@ -26,7 +26,7 @@ void Fill(QMTransactionStore& store)
     AddTo(store, MakeTransaction(QM_TRANS_DEPOSIT, "3/15/2004", 250.0F));
 }
 
-// Takes so many pieces and refuses the rest.
+// Accepts a number of pieces and refuses all others.
 struct CountingSink : QMByteSink
 {
     explicit CountingSink(int n) : nTaken(n) {}
@@ -91,7 +91,7 @@ TEST(QMExportTo, RefusesWhatIsNoFormat)
     }
 }
 
-// Exporting to a path cannot tell this.
+// An export to a path does not notice this.
 TEST(QMExportTo, TellsWhetherTheFileTookEverything)
 {
     const TemporaryFolder folder;

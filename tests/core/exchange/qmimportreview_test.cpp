@@ -17,7 +17,7 @@ constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
 
 using Widths = int32_t[QM_IMPORT_COUNT];
 
-// As a list is made.
+// The widths that a new list has.
 constexpr Widths aDefaultWidths = {50, 30, 55, 50, 250, 60, 60, 240, 240, 256};
 
 QMImportColumn ColumnAt(size_t uIndex)
@@ -190,8 +190,8 @@ TEST(QMImportReview, TogglesOneRowsClearedState)
               (std::vector<uint32_t>{uNotCleared, QM_TRANS_FLAG_TAX | uNotCleared, uNotCleared}));
 }
 
-// An account holds no voided transaction that is cleared; the review lets one be made, since what
-// comes in is taken as it stands.
+// In an account no voided transaction is cleared. The review lets the user make one, because
+// imported transactions are taken as they are.
 TEST(QMImportReview, TogglesAVoidedOneToo)
 {
     QMTransactionStore store;

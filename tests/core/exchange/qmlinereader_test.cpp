@@ -17,7 +17,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// Notes each line as "NUMBER:TEXT", a blank one as "NUMBER" alone.
+// Notes each line as "NUMBER:TEXT", and a blank line as "NUMBER".
 class Notes : public QMLineReader
 {
 public:
@@ -27,7 +27,7 @@ public:
         if (szText != nullptr) {
             EXPECT_EQ(szText[lLength], '\0');
             sNote += ":" + std::string(szText, static_cast<size_t>(lLength));
-            // A line is the reader's to write over, up to its end and no further.
+            // The reader may overwrite a line, up to its end and not beyond.
             memset(szText, '\n', static_cast<size_t>(lLength));
         } else {
             EXPECT_EQ(lLength, 0);
@@ -89,8 +89,8 @@ std::string FileOf(const Kind& kind, std::string sText)
     return kind.sMark + (IsWide(kind) ? Wide(sText, kind.encoding == QM_TEXT_UTF16_BIG) : sText);
 }
 
-// The reader once more, as plain as can be: blocks of 128 bytes from where the line begins, one
-// character after the other, and the position set back behind each line end.
+// The reader written a second time, as simply as possible: it reads blocks of 128 bytes from the
+// beginning of the line, looks at one character after the other, and seeks to the end of the line.
 class PlainReader
 {
 public:
@@ -304,7 +304,7 @@ TEST(LineReader, TakesTheLowHalfOfUtf16AndAsksAboutTheRest)
     EXPECT_EQ(LinesOf("\xFF\xFE\xE9\0\xAC\x20"
                       "a\0"s),
               Lines{"1:\xE9?a"});
-    // These are no line ends.
+    // These characters end no line.
     EXPECT_EQ(LinesOf("\xFE\xFF\x0A\x0B\x0D\x0C\0a"s), Lines{"1:??a"});
 }
 
@@ -320,7 +320,7 @@ TEST(LineReader, DeliversTheZeroesOfAFileWithoutMarkAndEndsTheOthersThere)
 
 TEST(LineReader, ReadsLineEndsOnEachSideOfABlock)
 {
-    // One block and two, in units of one byte and of two.
+    // Texts of one block and of two, with characters of one byte and of two.
     constexpr size_t aLengths[] = {61,  62,  63,  64,  65,  125, 126, 127, 128,
                                    129, 130, 189, 191, 192, 254, 255, 256, 257};
     for (const Kind& kind : aKinds) {
@@ -344,13 +344,13 @@ TEST(LineReader, LosesTheLineThatReachesIntoAnOddBlockOfUtf16)
         const auto Read = [&](const std::string& sText) {
             return LinesOf(FileOf(kind, sText) + '\0');
         };
-        // The block holds everything, the line ends included.
+        // One block holds everything, with the line ends.
         EXPECT_EQ(Read("one\ntwo\n"), Lines{"(refused)"});
         const std::string sFull(63, 'a');
-        // One whole block, its line end in it, and then the odd one.
+        // One whole block with the line end in it, and then the block with the odd byte.
         EXPECT_EQ(Read(sFull + "\n"), Lines{"1:" + sFull});
         EXPECT_EQ(Read(sFull + "\ntwo\n"), Lines{"1:" + sFull});
-        // The line end itself lies in the odd block.
+        // The line end is in the block with the odd byte.
         EXPECT_EQ(Read(sFull + "a\n"), Lines{"(refused)"});
     }
 }

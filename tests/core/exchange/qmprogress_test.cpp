@@ -1,4 +1,4 @@
-// Imports and exports that are watched, and given up.
+// Imports and exports that somebody watches and may stop.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// Goes on for so many steps.
+// Stops the work after a number of steps.
 struct CountingProgress : QMProgress
 {
     explicit CountingProgress(int n) : nSteps(n) {}

@@ -1,4 +1,5 @@
-// Writers into sinks and readers from sources, whatever the pieces in which the bytes come and go.
+// Writers into sinks and readers from sources. The result must not depend on the pieces in which
+// the bytes come.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -32,7 +33,7 @@ std::string Written(const std::string& sText)
     return sink.sBytes;
 }
 
-// A document whose records are of many lengths, so that pieces end at any place of them.
+// A document with records of many lengths, so that a piece may end at any place within a record.
 std::string LongDocument(int nRecords, const std::string& sBreak)
 {
     std::string sText = "<q>";

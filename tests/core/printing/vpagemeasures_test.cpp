@@ -1,4 +1,4 @@
-// The measures of a page, from those of the printer and the screen.
+// The measures of a page, computed from those of the printer and the screen.
 
 #include "printing/vpagemeasures.h"
 

@@ -33,7 +33,7 @@ TEST(VLayOutPreview, PutsThePaperOnItsGround)
 
 TEST(VLayOutPreview, DropsFractions)
 {
-    // 571.2 and 739.2; seven tenths as a float are a little less than that.
+    // 571.2 and 739.2. The float nearest to 0.7 is a little less than 0.7.
     EXPECT_EQ(VLayOutPreview({816, 1056}, 0.7F).sizePicture, (VSize{571 + 40, 739 + 40}));
     EXPECT_EQ(VLayOutPreview({10, 10}, 0.7F).sizePicture, (VSize{46, 46}));
     EXPECT_EQ(VLayOutPreview({10, 10}, 0.3F).sizePicture, (VSize{43, 43}));

@@ -1,4 +1,4 @@
-// The tiles in which a page goes to a printer that refuses the whole.
+// The tiles in which a page goes to a printer that refuses the whole page.
 
 #include "printing/vprinttiles.h"
 
@@ -7,7 +7,7 @@
 #include <climits>
 #include <vector>
 
-// Prints as the numbers of a tile, for failing tests.
+// Prints the numbers of a tile in the message of a failing test.
 void PrintTo(const VPrintTile& t, std::ostream* pOut)
 {
     *pOut << t.x << "," << t.y << " " << t.w << "x" << t.h << " from " << t.sx << "," << t.sy << " "
@@ -70,15 +70,16 @@ TEST(VForEachPrintTile, CoversAnyPageOfEqualResolutionsOnce)
     }
 }
 
-// The strip at the right edge goes by the vertical resolution, and that stays so.
+// Kept: the strip at the right edge goes by the vertical resolution.
 TEST(VForEachPrintTile, KeptTheRightStripIsMissedWithUnequalResolutions)
 {
-    // Three columns by the horizontal resolution, six by the vertical one: never.
+    // Three columns by the horizontal resolution and six by the vertical one: the strip is never
+    // drawn.
     const VPrintTiling never = {{200, 100}, {96, 96}, {650, 100}, {312, 96}};
     for (const VPrintTile& tile : TilesOf(never)) {
         EXPECT_NE(tile.w, 50);
     }
-    // Six columns and three: beside the third one, in the middle of the page.
+    // Six columns and three: the strip is drawn beside the third column, in the middle of the page.
     const VPrintTiling early = {{100, 200}, {96, 96}, {650, 200}, {624, 96}};
     const std::vector<VPrintTile> tiles = TilesOf(early);
     ASSERT_EQ(tiles.size(), 7U);

@@ -20,7 +20,7 @@ TEST(VScrollBars, OneThatTakesTheRoomMakesTheOtherNeeded)
     const VScrollBars vertical = {false, true};
     EXPECT_EQ(VMoreScrollBars(vertical, {85, 100}, {90, 200}), (VScrollBars{true, true}));
     EXPECT_EQ(VMoreScrollBars(vertical, {85, 100}, {85, 200}), vertical);
-    // None that is shown goes again.
+    // A bar that is shown is not hidden again.
     EXPECT_EQ(VMoreScrollBars(vertical, {500, 500}, {85, 200}), vertical);
 }
 
@@ -44,7 +44,7 @@ TEST(VScrollTo, StaysBetweenZeroAndTheMaximum)
     EXPECT_EQ(VScrollTo({790, 1000, 200, 10}, VScrollRequest::PageForward), 800);
     EXPECT_EQ(VScrollTo({790, 1000, 200, 10}, VScrollRequest::Thumb, 900), 800);
     EXPECT_EQ(VScrollTo({790, 1000, 200, 10}, VScrollRequest::Thumb, -1), 0);
-    // Without a bar there is nowhere to go.
+    // Without a bar nothing scrolls.
     for (int n = 0; n <= static_cast<int>(VScrollRequest::End); ++n) {
         EXPECT_EQ(VScrollTo({0, 0, 200, 10}, static_cast<VScrollRequest>(n), 50), 0) << n;
     }

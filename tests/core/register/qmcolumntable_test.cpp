@@ -21,7 +21,7 @@ struct ExpectedColumn
     bool bShownByDefault;
 };
 
-// In the order on screen; the marks of the first and the eighth have pictures for headings.
+// In the order on the screen. The first and the eighth column have pictures as headings.
 const ExpectedColumn aExpected[] = {
     {"", QMAlignment::Centre, 512, &H::lWidthCleared, &H::bShowCleared, 30, true},
     {"Date", QMAlignment::Right, 1, &H::lWidthDate, &H::bShowDate, 55, true},
@@ -92,7 +92,7 @@ TEST(QMColumnTable, NewAccountShowsEverythingButTheCategory)
     EXPECT_EQ(table.GetListIndex(QM_ENTRY_FILLER), 9);
 }
 
-// One table takes all settings in turn, so what an earlier one left behind would show.
+// One table takes all settings in turn, so that anything left over from an earlier one would show.
 TEST(QMColumnTable, EverySetOfVisibleColumnsIsCountedFromZero)
 {
     QMColumnTable table;
@@ -145,7 +145,7 @@ TEST(QMColumnTable, WidthThatWasSetStaysUntilTheNextLoad)
 
 namespace {
 
-// The ten columns by the bits of a set, with these widths.
+// The ten columns, visible by the bits of a set, with these widths.
 QMAccountHeader HeaderOf(uint32_t uSet, const int32_t (&anWidths)[10])
 {
     QMAccountHeader header = {};
@@ -156,7 +156,7 @@ QMAccountHeader HeaderOf(uint32_t uSet, const int32_t (&anWidths)[10])
     return header;
 }
 
-// Which column owns each pixel, drawn out pixel by pixel; the filler has what is behind the end.
+// The column at each pixel, computed pixel by pixel. Pixels after the last column are the filler's.
 std::vector<QMColumn> OwnersOf(uint32_t uSet, const int32_t (&anWidths)[10])
 {
     std::vector<QMColumn> owners;
@@ -172,7 +172,7 @@ std::vector<QMColumn> OwnersOf(uint32_t uSet, const int32_t (&anWidths)[10])
 
 TEST(QMColumnTable, PixelBelongsToTheVisibleColumnThatIsDrawnThere)
 {
-    // One of no width, and neighbours of one pixel.
+    // A column without width, and columns of one pixel beside it.
     constexpr int32_t anWidths[10] = {3, 5, 0, 7, 1, 1, 2, 4, 6, 3};
     QMColumnTable table;
     for (uint32_t uSet = 0; uSet < 1024; ++uSet) {
@@ -209,7 +209,7 @@ TEST(QMColumnTable, WidthsOfTheMomentDecideAboutPixels)
     EXPECT_EQ(table.FindColumnAt(30), QM_ENTRY_DATE);
     table.SetWidth(QM_ENTRY_CLEARED, 10);
     EXPECT_EQ(table.FindColumnAt(29), QM_ENTRY_DATE);
-    // The filler's own width has no say.
+    // The width of the filler has no influence.
     table.SetWidth(QM_ENTRY_FILLER, 50);
     EXPECT_EQ(table.FindColumnAt(5000), QM_ENTRY_FILLER);
 }
@@ -234,7 +234,7 @@ TEST(QMColumnTable, NoColumnIsNotShown)
 {
     QMAccountHeader header = QMDefaultHeader();
     header.bShowCategory = 1;
-    // The filler's mask among them, and several bits at once.
+    // Also the mask of the filler, and masks of several columns.
     for (const uint32_t uColumn : {0U, 3U, 1023U, 1024U, 0x80000000U, 0xFFFFFFFFU}) {
         EXPECT_FALSE(QMIsColumnShown(header, uColumn)) << uColumn;
     }

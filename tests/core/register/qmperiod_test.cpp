@@ -18,7 +18,7 @@ struct Year
     bool bLeap;
 };
 
-// A fourth year is a leap year, a hundredth is not, a four hundredth is.
+// A fourth year is a leap year, a hundredth is not, and a four hundredth is one again.
 const Year aYears[] = {{2003, false}, {2004, true},  {1999, false}, {2000, true}, {1900, false},
                        {2100, false}, {2400, true},  {1601, false}, {1604, true}, {1800, false},
                        {9999, false}, {9996, true},  {1, false},    {4, true},    {2023, false},

@@ -7,7 +7,7 @@
 #include <climits>
 #include <random>
 
-// For texts of failing tests.
+// For the messages of failing tests.
 void PrintTo(const QMPrintPage& page, std::ostream* pOut)
 {
     *pOut << "columns " << page.firstColumn << " to " << page.lastColumn << ", rows "
@@ -58,7 +58,7 @@ TEST(QMPrintPlan, AllColumnsHiddenIsOneStrip)
 
 TEST(QMPrintPlan, RowsGoOnUntilTheLimit)
 {
-    // The table begins at 21: seven rows end at 91, an eighth would at 101.
+    // The table begins at 21. Seven rows end at 91, and an eighth would end at 101.
     EXPECT_EQ(PagesOf(Measures({30}, 7)), (Pages{{0, 0, 0, 6}}));
     EXPECT_EQ(PagesOf(Measures({30}, 8)), (Pages{{0, 0, 0, 6}, {0, 0, 7, 7}}));
     QMPrintMeasures measures = Measures({30}, 8);
@@ -86,7 +86,7 @@ TEST(QMPrintPlan, NamesAndNumbersTakeTheirLine)
 
 TEST(QMPrintPlan, NeighboursShareALineOfTheWidth)
 {
-    // The third begins at 1 + 33 + 33.
+    // The third column begins at 1 + 33 + 33.
     EXPECT_EQ(PagesOf(Measures({34, 34, 33}, 0)), (Pages{{0, 2, 0, -1}}));
     EXPECT_EQ(PagesOf(Measures({34, 34, 34}, 0)), (Pages{{0, 1, 0, -1}, {2, 2, 0, -1}}));
 }
@@ -100,7 +100,7 @@ TEST(QMPrintPlan, PagesGoDownTheFirstStripThenDownTheNext)
 TEST(QMPrintPlan, AFirstColumnTooWideLeavesTheFirstStripEmpty)
 {
     EXPECT_EQ(PagesOf(Measures({200, 30}, 1)), (Pages{{0, -1, 0, 0}, {0, 0, 0, 0}, {1, 1, 0, 0}}));
-    // Hidden columns before it are the empty strip's.
+    // Hidden columns before it belong to the empty strip.
     EXPECT_EQ(PagesOf(Measures({-1, -1, 200}, 0)), (Pages{{0, 1, 0, -1}, {2, 2, 0, -1}}));
 }
 

@@ -13,7 +13,7 @@ constexpr uint32_t uAll = QM_ACCNT_DISPLAY_ALL;
 constexpr uint32_t uMonth = QM_ACCNT_DISPLAY_CURRENT_MONTH;
 constexpr uint32_t uRange = QM_ACCNT_DISPLAY_DATE_RANGE;
 
-// Six cleared deposits, two in each of three months; every sum of theirs is another one.
+// Six cleared deposits, two in each of three months. Every sum of some of them is different.
 struct MonthsRegister : TestRegister
 {
     MonthsRegister()
@@ -27,7 +27,7 @@ struct MonthsRegister : TestRegister
         Show();
     }
 
-    // Shows only what lies in the period.
+    // Only transactions in the period are shown.
     void Filter(const std::string& sFrom, const std::string& sTo)
     {
         SetHeaderPeriod(uRange, sFrom, sTo);
@@ -37,7 +37,7 @@ struct MonthsRegister : TestRegister
     Texts Balances() const { return rows.GetColumn("Balance"); }
 };
 
-// The header's period, such as "4 1/1/2004 1/31/2004", as the document tells it.
+// The period in the header, such as "4 1/1/2004 1/31/2004".
 std::string PeriodOf(const TestRegister& reg)
 {
     uint32_t uSelection = 99;
@@ -47,7 +47,7 @@ std::string PeriodOf(const TestRegister& reg)
     return std::to_string(uSelection) + " " + DateText(dtFrom) + " " + DateText(dtTo);
 }
 
-// Calls SetPeriod; returns the two dates as they come back.
+// Calls SetPeriod and returns the two dates that it sets.
 std::string SetPeriod(TestRegister& reg, uint32_t uSelection, const std::string& sFrom,
                       const std::string& sTo, bool bReload = false)
 {
@@ -228,8 +228,8 @@ TEST(QMRegisterPeriod, RefreshFromBehindTheLastShownWritesNothing)
     EXPECT_FALSE(reg.model.RefreshRows(6, QM_COLUMN_ALL, false));
 }
 
-// The place of the first row is the one found by the refresh before, so a period that changed
-// without new rows is written where the old rows say.
+// The refresh uses the place of the first row that the refresh before it found. When the period
+// changes and the rows are not made anew, the texts go where the old rows are.
 TEST(QMRegisterPeriod, RefreshCountsItsRowsFromTheFirstShownOfTheRefreshBefore)
 {
     MonthsRegister reg;
@@ -351,7 +351,8 @@ TEST(QMRegisterPeriod, AllChosenTwiceMarksOnce)
     EXPECT_EQ(reg.document.TakeTitles(), Texts());
 }
 
-// With all shown, the header's dates follow the store without counting as a change of the user's.
+// When all is shown, the dates in the header follow the store. That does not count as a change by
+// the user.
 TEST(QMRegisterPeriod, AllTakesNewDatesWithoutMarking)
 {
     MonthsRegister reg;

@@ -1,4 +1,5 @@
-// Small random accounts: the register against the rules stated once more, plainly and slowly.
+// Small random accounts: the register compared with its rules, which are stated a second time,
+// simply and slowly.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -52,8 +53,7 @@ double CentsOf(float fAmount)
     return strtod(Print("%.2f", static_cast<double>(fAmount)).c_str(), nullptr);
 }
 
-// The register as a few plain rules over its transactions, everything worked out anew whenever it
-// is asked for.
+// The rules of the register. Every answer is computed anew from the transactions.
 class PlainRegister
 {
 public:
@@ -205,8 +205,8 @@ private:
     uint32_t uVisible = 0;
 };
 
-// One register, changed and refreshed at random, beside its plain counterpart; a third one writes
-// into a table.
+// A register that is changed and refreshed at random, its rules beside it, and a third register
+// that writes into a table.
 class RandomWalk
 {
 public:
@@ -272,7 +272,7 @@ private:
                           static_cast<uint16_t>(1 + Below(3)), static_cast<uint16_t>(1 + Below(9)));
     }
 
-    // Whatever does not touch the order of the store.
+    // All changes that leave the order of the store as it is.
     void FillIn(QMTransactionFields& fields)
     {
         fields.lType = Below(15) == 0 ? static_cast<int32_t>(Below(2)) * 13 - 1

@@ -17,8 +17,8 @@ constexpr uint32_t uExpense = QM_TRANS_FLAG_EXPENSE;
 constexpr uint32_t uTax = QM_TRANS_FLAG_TAX;
 constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
 
-// A check, a deposit and a withdrawal with a balance of -10, 15 and 14, all but the first one
-// cleared; every column shown.
+// A check, a deposit and a withdrawal with the balances -10, 15 and 14. The check is not cleared.
+// Every column is shown.
 struct MixedRegister : TestRegister
 {
     MixedRegister()
@@ -31,7 +31,7 @@ struct MixedRegister : TestRegister
     }
 };
 
-// The log of a refresh, sorted: the order of the columns within a row is nobody's business.
+// The calls of a refresh, sorted: the order of the columns within a row does not matter.
 Texts SortedLog(TestRegister& reg, int32_t lFrom, uint32_t uMask)
 {
     EXPECT_TRUE(reg.model.RefreshRows(lFrom, uMask, false));
@@ -40,7 +40,7 @@ Texts SortedLog(TestRegister& reg, int32_t lFrom, uint32_t uMask)
     return log;
 }
 
-// Description of the only row of a register after a refresh.
+// The only row of a register after a refresh, as a text.
 std::string OnlyRow(TestRegister& reg)
 {
     EXPECT_TRUE(reg.model.RefreshRows(0, QM_COLUMN_ALL, false));
@@ -95,7 +95,7 @@ TEST(QMRegisterRefresh, TypeOutsideTheTableHasEmptyTextsAndNoAmountCells)
     EXPECT_EQ(OnlyRow(reg), "Balance='' Category='' Date='' Description='' Memo='' Number='' 37");
 }
 
-// What stood in the two amount cells stays when a type turns invalid.
+// When a type becomes invalid, the two amount cells keep their texts.
 TEST(QMRegisterRefresh, AmountCellsFollowTheTypeAsLongAsItIsKnown)
 {
     TestRegister reg;

@@ -34,8 +34,8 @@ Texts StatusOf(const QMRegisterModel& model, const QMDate& date = QMMakeDate(200
     return panes.GetTexts();
 }
 
-// Lets each operation of a run on three deposits fail in turn: the run must answer false and ask
-// nothing more of the list. Returns how many operations the run has.
+// Lets each operation of a run on three deposits fail in turn. The run must then return false and
+// call nothing more of the list. Returns the number of operations of the run.
 int FailEachOperationOf(const std::function<bool(TestRegister&)>& run)
 {
     for (int nBefore = 0;; ++nBefore) {

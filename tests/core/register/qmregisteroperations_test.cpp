@@ -16,7 +16,7 @@ namespace {
 
 constexpr uint32_t uNotCleared = QM_TRANS_FLAG_NOT_CLEARED;
 
-// A user who answers as told and remembers what was said.
+// A user who gives prepared answers and remembers what was said.
 class ScriptedUser : public QMRegisterView
 {
 public:
@@ -47,7 +47,7 @@ public:
 
 struct WorkingRegister : TestRegister
 {
-    // Five transactions, one a day; the amounts tell them apart in every sum.
+    // Five transactions on five days. Their amounts can be told apart in every sum.
     WorkingRegister()
     {
         Add(QM_TRANS_DEPOSIT, "1/1/2004", 100, 0, "one");
@@ -64,7 +64,7 @@ struct WorkingRegister : TestRegister
         Show();
     }
 
-    // By their descriptions, in the store's order.
+    // The descriptions, in the order of the store.
     Texts Stored()
     {
         Texts texts;
@@ -79,7 +79,7 @@ struct WorkingRegister : TestRegister
     QMRegisterOperations operations{document, rows, model, user};
 };
 
-// Types one transaction into the dialog and leaves it.
+// Types one transaction into the dialog and closes it.
 std::function<bool(QMTransactionDialogArgs&)> TypeOne(const QMTransaction& typed, bool& bAccepted)
 {
     return [&typed, &bAccepted](QMTransactionDialogArgs& args) {
@@ -119,7 +119,7 @@ TEST(QMRegisterOperations, EditListsAreInOrderOfArrivalOrAlphabetical)
         reg.operations.SetSortEditLists(bSort);
         reg.user.onDialog = [bSort](QMTransactionDialogArgs& args) {
             const QMEditItem* pFirst = args.lstDescription.First();
-            // Checks alone have a payee of their own; the last comes first.
+            // Only checks have a payee. The newest one comes first.
             EXPECT_EQ(args.lstDescription.GetCount(), 2);
             EXPECT_STREQ(pFirst->GetText(), "four");
             EXPECT_STREQ(QMEditList::Next(pFirst)->GetText(), "two");
@@ -215,7 +215,7 @@ TEST(QMRegisterOperations, EntryBeforeThePeriodLeavesTheListAndMovesWhereItsRows
     EXPECT_EQ(DescribeRows(reg.rows.GetRows()), before);
     EXPECT_EQ(reg.model.GetFirstShown(), 3);
 
-    // What the user then edits or removes is what the row shows.
+    // What the user then edits or removes is the transaction that the row shows.
     reg.rows.SetSelection({1});
     std::string sEdited;
     reg.user.onDialog = [&](QMTransactionDialogArgs& args) {
@@ -243,7 +243,8 @@ TEST(QMRegisterOperations, FirstEntryOfAnEmptyPeriodHasARowOfItsOwn)
     EXPECT_EQ(reg.model.GetFirstShown(), 5);
 }
 
-// After each step the definition holds: the first transaction of the period, 0 when there is none.
+// After each step the first shown transaction is the first one of the period, or 0 when there is
+// none.
 TEST(QMRegisterOperations, FirstShownIsTrueAfterEveryAdditionAndRemoval)
 {
     WorkingRegister reg;
@@ -265,7 +266,8 @@ TEST(QMRegisterOperations, FirstShownIsTrueAfterEveryAdditionAndRemoval)
         EXPECT_TRUE(reg.operations.AddFromDialog(typed));
         EXPECT_EQ(reg.model.GetFirstShown(), firstInFebruary()) << szDate;
     }
-    // One selected row after the other; two together remove a transaction before the period.
+    // Removes one selected row after the other. Removing two together would remove a transaction
+    // before the period.
     for (const std::set<int32_t>& rows :
          std::vector<std::set<int32_t>>{{0}, {1, 2}, {1}, {0}, {0}}) {
         if (reg.rows.GetRowCount() > *rows.rbegin()) {
@@ -305,10 +307,10 @@ TEST(QMRegisterOperations, InALaterPeriodTheSelectionGoesByThePositionInTheStore
     EXPECT_TRUE(reg.operations.AddFromDialog(typed));
     EXPECT_EQ(reg.rows.GetColumn("Description"),
               (Texts{"new", "Direct Debit - three", "four", "Withdrawal - five"}));
-    // Position 2 of the store: the row is two below the new one.
+    // Position 2 of the store is taken as row 2, which is two rows below the new one.
     EXPECT_EQ(reg.rows.GetSelectedRow(), 2);
 
-    // And where there is no such row the selection stays.
+    // When there is no such row the selection stays.
     QMTransaction last = MakeTransaction(QM_TRANS_FEE, "2/29/2004", 5);
     EXPECT_TRUE(reg.operations.AddFromDialog(last));
     EXPECT_EQ(reg.rows.GetSelectedRow(), 2);
@@ -374,7 +376,8 @@ TEST(QMRegisterOperations, ChangedDateTakesTheTransactionAndTheSelectionToItsPla
         return true;
     };
     EXPECT_TRUE(reg.operations.EditTransactions());
-    // Sorting copies one after the other: of a day, the one that stood further up comes first.
+    // Sorting adds copies one after the other. So of one day, the transaction that was further up
+    // comes first.
     EXPECT_EQ(reg.Stored(), (Texts{"two", "three", "one", "four", "five"}));
     EXPECT_EQ(reg.rows.GetSelectedRow(), 2);
     EXPECT_TRUE(reg.document.IsModified());
@@ -479,7 +482,7 @@ TEST(QMRegisterOperations, InALaterPeriodTheRefreshIsGivenARowForAPosition)
     reg.rows.TakeLog();
     EXPECT_TRUE(reg.operations.RemoveTransactions());
     EXPECT_EQ(reg.Stored(), (Texts{"one", "two", "three", "five"}));
-    // From position 1 on, which lies in front of the period: every row is written.
+    // Position 1 is before the period, so every row is written.
     EXPECT_EQ(reg.rows.GetColumn("Description"),
               (Texts{"Direct Debit - three", "Withdrawal - five"}));
     EXPECT_EQ(reg.rows.GetSelectedRow(), 1);
@@ -489,8 +492,9 @@ TEST(QMRegisterOperations, InALaterPeriodSelectedRowsAreSkippedAndAnEarlierTrans
 {
     WorkingRegister reg;
     reg.ShowFebruary();
-    // Positions 2, 3 and 4. The first is 2; behind row 2 nothing is selected, which makes position
-    // 1, and behind row 1 comes row 2, which is position 4.
+    // The rows show the positions 2, 3 and 4. The first selected one is at position 2. After row 2
+    // there is no other, which gives position 1; the next row after row 1 is row 2, which is
+    // position 4.
     reg.rows.SetSelection({0, 1, 2});
     EXPECT_TRUE(reg.operations.RemoveTransactions());
     EXPECT_EQ(reg.Stored(), (Texts{"one", "three"}));
@@ -633,8 +637,8 @@ TEST(QMRegisterOperations, InALaterPeriodTheOfferLooksAtTheWrongTransactions)
 {
     WorkingRegister reg;
     reg.ShowFebruary();
-    // A direct debit and a check: both may have the tag. From the second on the walk steps two too
-    // far, onto the withdrawal.
+    // A direct debit and a check are selected, and both may have the tag. From the second one on
+    // the walk goes two positions too far, to the withdrawal.
     reg.rows.SetSelection({0, 1});
     EXPECT_FALSE(reg.operations.CanToggleTag(QM_TRANS_FLAG_TAX));
     EXPECT_TRUE(reg.operations.ToggleTag(QM_TRANS_FLAG_TAX));
@@ -649,7 +653,7 @@ TEST(QMRegisterOperations, GridLinesGoWithTheHeaderAndMakeRoomForShading)
     reg.Header().bGridLines = 0;
     reg.Header().bShadedLines = 0;
     reg.Show();
-    // The list begins with its own lines, whatever the header says.
+    // The list starts with its own grid lines, whatever the header says.
     EXPECT_EQ(reg.rows.GetLineFlags(), QM_GRID_SHADED | QM_GRID_VERTICAL);
     reg.operations.ToggleGridLines();
     EXPECT_EQ(reg.Header().bGridLines, 1);

@@ -1,4 +1,4 @@
-// Rows that come and go between others, against a plain list of rows.
+// Inserting and deleting rows, compared with a simple list of rows.
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ struct PlainRow
 using PlainRows = std::vector<PlainRow>;
 using Numbers = std::vector<int32_t>;
 
-// The table and the plain rows, changed alike.
+// The table and the simple rows. Every change is made to both.
 class BothTables
 {
 public:
@@ -59,7 +59,7 @@ public:
         m_rows[static_cast<size_t>(lRow)].cells[static_cast<size_t>(lColumn)] = sText;
     }
 
-    // One after another, each by the numbers that the ones before it left.
+    // Deletes one row after another. Each number is that of the row after the deletions before it.
     void Delete(const Numbers& rows)
     {
         m_table.DeleteRows(rows.data(), static_cast<int32_t>(rows.size()));
@@ -102,7 +102,7 @@ std::string TextOf(const Numbers& rows)
     return sText;
 }
 
-// Numbers in any order, equal ones and those of no row among them.
+// Numbers in any order, also equal ones and numbers of no row.
 Numbers AnyNumbers(std::mt19937& random, int32_t lRows)
 {
     Numbers rows(random() % 8);
@@ -135,7 +135,7 @@ TEST(QMRowTableRows, InsertedRowIsEmpty)
     EXPECT_EQ(tables.GetTable().GetDecoration(2), 0U);
 }
 
-// Up to three numbers in every order, rising, equal and falling, inside the table and outside.
+// Up to three numbers in every order, inside the table and outside.
 TEST(QMRowTableRows, EveryShortListOfNumbersDeletesOneAfterAnother)
 {
     constexpr int32_t lRows = 4;
@@ -216,7 +216,7 @@ TEST(QMRowTableRows, FallingNumbersOfHalfAMillionRowsGoInOnePass)
         ASSERT_TRUE(table.AppendRow());
         ASSERT_TRUE(table.SetCellText(lRow, 0, std::to_string(lRow)));
     }
-    // Every other row. One by one they would move a million million bytes.
+    // Every other row. Deleting them one by one would move a million million bytes.
     Numbers odd;
     for (int32_t lRow = lRows - 1; lRow > 0; lRow -= 2) {
         odd.push_back(lRow);

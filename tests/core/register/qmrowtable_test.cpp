@@ -14,7 +14,7 @@ namespace {
 // The table takes its texts from blocks of this size.
 constexpr size_t uBlockSize = 1 << 20;
 
-// What a table should hold: rows of texts, nothing clever about them.
+// What the table must hold, in simple containers.
 using PlainRows = std::vector<std::vector<std::string>>;
 
 // All columns shown.
@@ -49,7 +49,7 @@ PlainRows ContentsOf(const QMRowTable& table)
     return rows;
 }
 
-// Same contents, without printing megabytes when they differ.
+// Whether both hold the same. Does not print megabytes when they differ.
 void ExpectSame(const QMRowTable& table, const PlainRows& expected)
 {
     ASSERT_EQ(static_cast<size_t>(table.GetRowCount()), expected.size());
@@ -59,7 +59,7 @@ void ExpectSame(const QMRowTable& table, const PlainRows& expected)
     }
 }
 
-// A text that no other row, column or round has.
+// A text that is different for each row, column and round.
 std::string TextFor(int32_t lRow, int32_t lColumn, int nRound, size_t uLength)
 {
     std::string sText =
@@ -68,7 +68,8 @@ std::string TextFor(int32_t lRow, int32_t lColumn, int nRound, size_t uLength)
     return sText;
 }
 
-// Writes every cell, in both the table and the plain rows, with lengths that lengthOf() gives.
+// Writes every cell, in the table and in the simple rows. lengthOf() gives the lengths of the
+// texts.
 template <class F>
 void WriteAll(QMRowTable& table, PlainRows& rows, int nRound, F lengthOf)
 {
@@ -189,7 +190,7 @@ TEST(QMRowTable, TextMayHoldAnyBytes)
     EXPECT_EQ(table.GetCellText(0, 0), sText);
 }
 
-// Every length meets every way in which a text can fill the last unit of its room.
+// Each length of text meets each number of bytes that may be in use in the last unit of its room.
 TEST(QMRowTable, NeighboursStayWhenATextGrowsByOneOrShrinksByOne)
 {
     QMRowTable table;
@@ -232,8 +233,8 @@ TEST(QMRowTable, LongTextsStayApartAcrossTheBordersOfBlocks)
     }
 }
 
-// Texts of one length in a row, so that over all lengths they end at, before and beyond the end of
-// a block by every number of bytes.
+// Texts of one length in a row. Over all lengths they end before, at and after the end of a block
+// by every number of bytes.
 TEST(QMRowTable, TextsMayEndExactlyWhereABlockEnds)
 {
     for (size_t uLength = 32740; uLength < 32780; ++uLength) {
@@ -355,7 +356,7 @@ TEST(QMRowTable, TextsComeBackAfterDeletingAndFillingAgain)
     }
 }
 
-// No block of memory may be had while the texts, several blocks' worth of them, are written over.
+// While the texts, which take several blocks, are written over, no block of memory can be had.
 TEST(QMRowTable, WritingTheSameRowsAgainAndAgainTakesNoMoreMemory)
 {
     const std::string sLong(100, 'l');
@@ -380,7 +381,8 @@ TEST(QMRowTable, WritingTheSameRowsAgainAndAgainTakesNoMoreMemory)
     EXPECT_GE(uWritten, 5 * uBlockSize);
 }
 
-// The counterpart of the test above: texts without a place of their own do meet the refusal.
+// The opposite of the test above: texts that do not fit in their old place notice that memory is
+// refused.
 TEST(QMRowTable, WithoutMemoryTextsStayAsTheyWere)
 {
     const std::string sLong(60000, 'l');

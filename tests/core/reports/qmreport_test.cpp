@@ -1,4 +1,5 @@
-// Every report against its rules written a second time, and the cases that those rules single out.
+// Every report compared with its rules, which are written a second time, and the cases that these
+// rules treat in a special way.
 #include "reports/qmreport.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +24,8 @@ ReportOrder OrderOf(uint32_t uKind, const char* szFrom = "1/1/2004",
     return order;
 }
 
-// Draws by the program and by the rules, on copies, and compares; returns what was drawn.
+// Draws by the program and by the rules, each on a copy, and compares the two. Returns what was
+// drawn.
 ReportDrawing DrawBoth(const QMAccountData& account, const ReportOrder& order)
 {
     QMAccountData expectedCopy;
@@ -37,7 +39,7 @@ ReportDrawing DrawBoth(const QMAccountData& account, const ReportOrder& order)
     return drawing;
 }
 
-// The text of each act that draws one.
+// The texts of those calls that draw one.
 std::vector<std::string> TextsOf(const ReportDrawing& drawing)
 {
     std::vector<std::string> texts;
@@ -56,14 +58,14 @@ bool Has(const ReportDrawing& drawing, const std::string& sText)
     return std::find(texts.begin(), texts.end(), sText) != texts.end();
 }
 
-// The text drawn last before the closing blank lines, which is a total.
+// The last text before the blank lines at the end. It is a total.
 std::string LastText(const ReportDrawing& drawing)
 {
     const auto texts = TextsOf(drawing);
     return texts.empty() ? "" : texts.back();
 }
 
-// How many texts stand behind one, and which: the n-th behind it.
+// The n-th text after a given one; empty when there is none.
 std::string Behind(const ReportDrawing& drawing, const std::string& sText, ptrdiff_t n = 1)
 {
     const auto texts = TextsOf(drawing);
@@ -157,7 +159,7 @@ TEST(Report, FailsForAnUnsetDateOrAnUnknownKind)
 
 TEST(Report, FailsWhereItsHeightHasNoNumber)
 {
-    // A font of such a height makes every line too high.
+    // With a font of this height every line is too high.
     class Huge : public ReportRecorder
     {
     public:
@@ -244,7 +246,7 @@ TEST(Statement, BeginsAtTheFirstTransactionInTheRangeClearedOrNot)
     const ReportDrawing drawing =
         DrawBoth(account, OrderOf(QM_REPORT_STATEMENT, "3/1/2004", "3/31/2004"));
     EXPECT_EQ(Behind(drawing, "Beginning Balance", 2), "100.00");
-    // With the first in the range there is nothing before it.
+    // When the first transaction is in the range, there is nothing before it.
     const ReportDrawing all = DrawBoth(account, OrderOf(QM_REPORT_STATEMENT));
     EXPECT_EQ(Behind(all, "Beginning Balance", 2), "0.00");
 }
@@ -368,7 +370,7 @@ TEST(GroupedReport, ReadsTheRoundedTotalForParentheses)
         AddTo(account.store, Entry(QM_TRANS_CHECK, "1/7/2004", f, 0, "", "Loan"));
     }
     AddTo(account.store, Entry(QM_TRANS_DEPOSIT, "1/8/2004", 0.3F, 0, "", "Loan"));
-    // The sum of the two is a little more than the one.
+    // The sum of the two, as doubles, is a little more than the third.
     EXPECT_LT(0.3 - (0.1 + 0.2), 0);
     EXPECT_EQ(LastText(DrawBoth(account, OrderOf(QM_REPORT_MEMO))), "0.00");
 }

@@ -134,7 +134,8 @@ TEST(ReportCut, IsMadeBetweenLines)
     ASSERT_TRUE(QMCutReport(13 * 100, 13 * 30 + 12, 13, cut));
     EXPECT_EQ(cut.lStep, 13 * 30);
     EXPECT_EQ(cut.lPages, 4);
-    // One line more than fits goes to the next page whole, and an exact multiple has an empty page.
+    // A line that does not fit goes whole to the next page. A report that fills its pages exactly
+    // gets an empty page.
     ASSERT_TRUE(QMCutReport(13 * 30, 13 * 30, 13, cut));
     EXPECT_EQ(cut.lPages, 2);
     ASSERT_TRUE(QMCutReport(13 * 29, 13 * 30, 13, cut));

@@ -1,4 +1,4 @@
-// The page setup as it is stored.
+// The page setup, as the settings store it.
 
 #include "settings/qmpagesetup.h"
 

@@ -13,14 +13,14 @@
 
 namespace {
 
-// One slot: its text, or nothing where none can be read.
+// One slot: its text, or nothing when it cannot be read.
 using Slot = std::optional<std::string>;
 using Slots = std::array<Slot, QM_RECENT_COUNT>;
 
 constexpr size_t uLast = QM_RECENT_COUNT - 1;
 const Slot unreadable;
 
-// Slots in memory that keep to the rules of the registry.
+// Slots in memory that behave like values in the registry.
 class MemorySlots : public QMRecentSlots
 {
 public:
@@ -35,7 +35,7 @@ public:
         return slot.has_value();
     }
 
-    // An empty text removes a value.
+    // Writing an empty text removes the value.
     void Write(int nSlot, const char* szText) override
     {
         m_slots.at(static_cast<size_t>(nSlot)) = *szText == '\0' ? unreadable : Slot(szText);
@@ -54,7 +54,7 @@ Slots Fresh()
     return slots;
 }
 
-// These texts in front, and free slots behind them.
+// These texts, and free slots after them.
 Slots Holding(const std::vector<Slot>& texts)
 {
     Slots slots = Fresh();
@@ -71,7 +71,7 @@ std::string Describe(const Slots& slots)
     return sText;
 }
 
-// ---- The plain model: what each operation makes of all slots at once.
+// ---- The model: what each operation makes of all slots at once.
 
 bool EqualsNoCase(const std::string& a, const std::string& b)
 {
@@ -148,8 +148,8 @@ int CountIn(const Slots& slots)
     return QMRecentList(memory).GetCount();
 }
 
-// Whether list and model agree about every operation on these slots. Cheap enough for hundreds of
-// thousands of them.
+// Whether the list and the model agree about every operation on these slots. Fast enough for
+// hundreds of thousands of calls.
 bool AgreesOn(const Slots& slots, const std::vector<std::string>& paths)
 {
     bool bAgrees = CountIn(slots) == CountOf(slots);
@@ -161,7 +161,7 @@ bool AgreesOn(const Slots& slots, const std::vector<std::string>& paths)
     return bAgrees;
 }
 
-// Every state that adding and removing these paths leads to from here.
+// Every state that can be reached from here by adding and removing these paths.
 std::set<Slots> ReachableFrom(const Slots& start, const std::vector<std::string>& paths)
 {
     std::set<Slots> reached = {start};
@@ -250,7 +250,7 @@ TEST(QMRecentList, RemovingWhatIsNotThereChangesNothing)
 TEST(QMRecentList, LettersOfAnySizeAreTheSameFile)
 {
     const Slots slots = Holding({"C:\\A.qmk", "c:\\b.qmk", "c:\\c.qmk"});
-    // The spelling is that of the last time.
+    // The list shows the spelling of the last time.
     EXPECT_EQ(AfterAdding(slots, "C:\\B.QMK"), Holding({"C:\\B.QMK", "C:\\A.qmk", "c:\\c.qmk"}));
     EXPECT_EQ(AfterRemoving(slots, "c:\\a.QMK"), Holding({"c:\\b.qmk", "c:\\c.qmk"}));
 }
@@ -272,8 +272,7 @@ TEST(QMRecentList, GapEndsTheListAndIsMovedLikeAFile)
     EXPECT_EQ(CountIn(AfterRemoving(slots, "a")), 0);
 }
 
-// Paths are compared in any letters, so that a file may not be called by the word for none; the
-// end of the list is that very word alone.
+// Paths are compared without regard to case. Only the exact word for a free slot ends the list.
 TEST(QMRecentList, WordForAFreeSlotIsExact)
 {
     EXPECT_EQ(CountIn(Holding({"empty", "EMPTY", "Empty "})), 3);
@@ -286,7 +285,7 @@ TEST(QMRecentList, UnreadableSlotIsNotMovedAndEndsTheList)
     const Slots slots = Holding({"a", unreadable, "c"});
     EXPECT_EQ(CountIn(slots), 1);
     EXPECT_EQ(CountIn(Holding({unreadable, "b"})), 0);
-    // The one behind it stays where it is as well as moving on.
+    // The path after it stays in its place and also moves up.
     EXPECT_EQ(AfterAdding(slots, "d"), Holding({"d", "a", "c", "c"}));
     EXPECT_EQ(AfterRemoving(slots, "a"), Holding({"a", "c"}));
 }
@@ -315,7 +314,7 @@ TEST(QMRecentList, NothingReadableIsFilledFromTheTop)
     EXPECT_EQ(AfterAdding(first, "b"), slots);
 }
 
-// An empty name is never given; it would take the value on top away.
+// The program never gives an empty name. It would remove the value at the top.
 TEST(QMRecentList, EmptyNameRemovesTheTop)
 {
     EXPECT_EQ(AfterAdding(Holding({"a"}), ""), Holding({unreadable, "a"}));
@@ -373,7 +372,7 @@ TEST(QMRecentList, LongRandomUseOfMoreFilesThanSlotsFollowsThePlainModel)
         const Slots expected = bAdd ? WithAdded(slots, sPath) : WithRemoved(slots, sPath);
         slots = bAdd ? AfterAdding(slots, sPath) : AfterRemoving(slots, sPath);
         ASSERT_EQ(Describe(slots), Describe(expected)) << n;
-        // Files in front, each once, and free slots behind them.
+        // These files, each once, and free slots after them.
         const std::set<Slot> files(slots.begin(), slots.begin() + CountIn(slots));
         ASSERT_EQ(files.size(), static_cast<size_t>(CountIn(slots)));
         ASSERT_EQ(std::count(slots.begin(), slots.end(), Slot("Empty")),

@@ -145,7 +145,7 @@ TEST(QMCopyParticulars, CopiesWhatThePagesEditAndNothingElse)
     EXPECT_EQ(into.bReadOnly, 'A');
     EXPECT_EQ(into.bReserved, 0);
     EXPECT_STREQ(into.szPassword, "");
-    // All that is behind the holder's fields is the register's look.
+    // The fields after those of the holder are the look of the register.
     const QMAccountHeader empty = {};
     EXPECT_EQ(memcmp(&into.bGridLines, &empty.bGridLines,
                      sizeof into - offsetof(QMAccountHeader, bGridLines)),

@@ -14,7 +14,7 @@ std::vector<std::string> g_asked;
 bool IsThere(const char* szPath)
 {
     g_asked.emplace_back(szPath);
-    // As Windows does it, blanks behind a name do not count.
+    // Blanks after a name do not count, as in Windows.
     std::string sPath = szPath;
     while (!sPath.empty() && sPath.back() == ' ') {
         sPath.pop_back();
@@ -87,7 +87,7 @@ TEST(QMProgramOfCommand, LeavesOutWhatFollowsThePercentSign)
 
 TEST(QMProgramOfCommand, CutsBlanksAndUnprintablesAtTheEnd)
 {
-    // Asked with a blank at its end, this system says yes.
+    // This system says that a name with a blank at its end exists.
     EXPECT_EQ(ProgramOf("c:\\a.exe   %1", {"c:\\a.exe"}), "c:\\a.exe");
     EXPECT_EQ(ProgramOf("c:\\a.exe\x01\x7F", {"c:\\a.exe\x01\x7F"}), "c:\\a.exe");
 }

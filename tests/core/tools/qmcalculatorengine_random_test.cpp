@@ -1,4 +1,4 @@
-// The calculator against the second statement of its rules, key by key.
+// The calculator compared with the second statement of its rules, key by key.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr unsigned long long uUsualKeys = 200'000;
 
-// A long run is asked for by QUILLMARK_CALCULATOR_KEYS=NUMBER.
+// QUILLMARK_CALCULATOR_KEYS=NUMBER in the environment asks for a long run.
 unsigned long long KeysToPress()
 {
     const char* szKeys = getenv("QUILLMARK_CALCULATOR_KEYS");
@@ -23,7 +23,7 @@ unsigned long long KeysToPress()
     return uKeys == 0 ? uUsualKeys : uKeys;
 }
 
-// The sign of what is not a number depends on how the compiler arranges a sum.
+// The sign of a NaN depends on the order in which the compiler adds.
 bool IsSame(double a, double b)
 {
     return (std::isnan(a) && std::isnan(b)) || (a == b && std::signbit(a) == std::signbit(b));
@@ -43,7 +43,7 @@ bool Agree(const QMCalculatorEngine& engine, const CalculatorState& state)
            engine.HasMemory() == (state.dKept != 0);
 }
 
-// Mostly digits in some sequences, mostly operators in others.
+// Some sequences have mostly digits, others mostly operators.
 char RandomKey(std::mt19937_64& random, unsigned uDigits)
 {
     constexpr size_t uKeys = sizeof szCalculatorKeys - 1;
@@ -52,7 +52,8 @@ char RandomKey(std::mt19937_64& random, unsigned uDigits)
     return szCalculatorKeys[uKey];
 }
 
-// The keys of a sequence up to the first that the two disagree on; empty when they agree on all.
+// The keys of a sequence up to the first one after which the two disagree; empty when they always
+// agree.
 std::string FirstDisagreement(std::mt19937_64& random, size_t uLength)
 {
     QMCalculatorEngine engine;
@@ -76,14 +77,14 @@ TEST(QMCalculatorEngineRandom, AgreesWithASecondStatementOfItsRules)
     const unsigned long long uKeys = KeysToPress();
     std::mt19937_64 random(20040314);
     for (unsigned long long uPressed = 0; uPressed < uKeys;) {
-        // Some are long enough to leave the range of numbers.
+        // Some are long enough to overflow.
         const auto uLength = static_cast<size_t>(1 + random() % (random() % 50 == 0 ? 1000 : 60));
         ASSERT_EQ(FirstDisagreement(random, uLength), "") << "after " << uPressed << " keys";
         uPressed += uLength;
     }
 }
 
-// A statement that could not disagree would be none.
+// Shows that the comparison can fail.
 TEST(QMCalculatorEngineRandom, NoticesARuleThatIsNotKept)
 {
     QMCalculatorEngine engine;

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Presses keys by their letters (see szCalculatorKeys) and gives the text on show.
+// Presses the keys of these letters (see szCalculatorKeys) and returns the text on the display.
 class Calculator
 {
 public:
@@ -94,7 +94,7 @@ TEST(QMCalculatorEngine, SurvivesNumbersWithoutEnd)
     EXPECT_EQ(Shown(std::string(309, '9')), "inf");
     EXPECT_EQ(Shown(std::string(309, '9') + "b").substr(0, 3), "inf")
         << "nothing to read in \"in\"";
-    // The longest text that there is.
+    // The longest text that the display can have.
     const std::string sLong = Shown(std::string(308, '9') + ".12345678901234");
     EXPECT_EQ(sLong.size(), 308U + 1 + 14);
     EXPECT_EQ(Shown(std::string(309, '9') + "*0=").find("nan") != std::string::npos, true);
@@ -217,7 +217,7 @@ TEST(QMCalculatorEngine, TakesBackADigitBehindThePointOnce)
     EXPECT_EQ(Shown("1.25b3"), "1.203");
 }
 
-// Kept: only the point goes, and comes again.
+// Kept: the first Back on a whole number removes only the point, and the point comes back.
 TEST(QMCalculatorEngine, TakesNothingBackFromAWholeNumber)
 {
     EXPECT_EQ(Shown("12b"), "12.");
@@ -227,7 +227,7 @@ TEST(QMCalculatorEngine, TakesNothingBackFromAWholeNumber)
               "-12.");
 }
 
-// Kept: what is read back is what was on show.
+// Kept: Back reads the number that is on the display, which shows six digits.
 TEST(QMCalculatorEngine, LosesDigitsOfALongNumberByBack)
 {
     Calculator calculator;

@@ -1,5 +1,5 @@
-// Writes its command line, as Windows gives it, into the file PROGRAM.txt beside itself. The file
-// gets its name last, so that who waits for it finds it whole.
+// Writes its command line, as Windows gives it, into the file PROGRAM.txt beside itself. It writes
+// another file first and renames it, so that a test that waits for PROGRAM.txt finds it complete.
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// A library that the viewer's entry point is not in.
+// A library without the entry point of the help viewer.
 
 extern "C" __declspec(dllexport) int Nothing()
 {

@@ -1,4 +1,4 @@
-// How the stand-in for the viewer of help was called.
+// How the stand-in for the help viewer was called.
 #pragma once
 
 #include <windows.h>
@@ -6,14 +6,15 @@
 struct ViewerCalls
 {
     int nCount;
-    // Of the last call.
+    // The arguments of the last call.
     HWND hWindow;
     char szFile[512];
     UINT uCommand;
     DWORD_PTR uData;
 };
 
-// The stand-in exports one under this name, besides its entry point, which has the ordinal 14 only.
+// The stand-in exports a function of this name that returns the calls. Its entry point has only the
+// ordinal 14, as the viewer's.
 #define VIEWER_CALLS "Calls"
-// What its entry point answers.
+// What its entry point returns.
 #define VIEWER_ANSWER 0x1234
