@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "resources/resource.h"
-#include "toolkit/vapplication.h"
 #include "toolkit/vmessages.h"
 
 namespace {
@@ -65,7 +64,7 @@ bool QMImportDialog::OnInitDialog()
     if (!VDialog::OnInitDialog() || !AttachControls() || !MakeList() || !InsertRows()) {
         return false;
     }
-    ShowIcon();
+    ShowIcon(IDI_QUILLMARK);
     // Without WS_CLIPCHILDREN the dialog would erase the area of the list at each new size, and
     // flicker.
     SetLong(GWL_STYLE, GetLong(GWL_STYLE) | WS_CLIPCHILDREN);
@@ -73,15 +72,6 @@ bool QMImportDialog::OnInitDialog()
     LayOut(client.GetWidth(), client.GetHeight());
     FocusList();
     return true;
-}
-
-// Windows shows its own icon in the caption of a sizable dialog that has none.
-void QMImportDialog::ShowIcon()
-{
-    HANDLE hIcon = LoadImageA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(IDI_QUILLMARK),
-                              IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
-                              GetSystemMetrics(SM_CYSMICON), LR_SHARED);
-    Send(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(hIcon));
 }
 
 bool QMImportDialog::AttachControls()

@@ -25,7 +25,6 @@ public:
     LRESULT OnSize(UINT uType, int nWidth, int nHeight) override;
 
 private:
-    void ShowIcon();
     bool AttachControls();
     bool MakeList();
     bool InsertRows();

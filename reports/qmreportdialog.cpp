@@ -66,6 +66,7 @@ bool QMReportDialog::OnInitDialog()
     VString sTitle("Reports - ");
     sTitle.Append(m_szAccountName);
     SetText(sTitle.GetText());
+    ShowIcon(IDI_QUILLMARK);
     if (!AttachControls()) {
         return false;
     }

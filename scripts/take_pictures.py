@@ -276,6 +276,54 @@ def calculator(program: Program, picture: Picture) -> None:
     picture.take(program, "Calculator")
 
 
+def run_report(program: Program, *keys: str) -> str:
+    """Opens the reports, presses keys in the box of types, and runs. Returns the dialog's title."""
+    title = "Reports - .*"
+    program.press(*TOOLS_MENU, "r")
+    program.wait_for(title)
+    program.press(*keys, "alt+r")
+    return title
+
+
+# From the box of types to the first date, whose focus chooses the dates: the whole of a year.
+TO_THE_DATES = ("Tab", "Tab", "Tab", "Tab")
+
+
+@scene()
+def report_statement(program: Program, picture: Picture) -> None:
+    picture.take(program, run_report(program, *TO_THE_DATES))
+
+
+@scene()
+def report_category(program: Program, picture: Picture) -> None:
+    # The box of categories is one stop more.
+    picture.take(program, run_report(program, "Down", "Down", "Down", "Down", "Tab",
+                                     *TO_THE_DATES))
+
+
+@scene()
+def report_notcleared(program: Program, picture: Picture) -> None:
+    picture.take(program, run_report(program, "End", *TO_THE_DATES))
+
+
+@scene(width=1000, height=720)
+def report_preview(program: Program, picture: Picture) -> None:
+    """Needs a printer."""
+    title = "Print Preivew - Quillmark Report"
+    run_report(program, *TO_THE_DATES)
+    program.press("alt+v")
+    program.wait_for(title)
+    picture.take(program, title)
+
+
+@scene(files=())
+def report_pdf(_: Program, picture: Picture) -> None:
+    wine(str(BIN / "qmktool.exe"), "report", r"C:\Accounts\household.qmk", "--kind", "statement",
+         "--from", "1/1/2004", "--to", "12/31/2004", "--pdf", r"C:\Accounts\statement.pdf")
+    run("pdftoppm", "-r", "80", "-f", "1", "-l", "1", "-png", "-singlefile",
+        str(ACCOUNTS / "statement.pdf"), str(picture.path.with_suffix("")))
+
+
 def take(name: str, folder: Path) -> None:
     width, height, flags, files, function = SCENES[name]
     program = Program(width, height, flags, files)

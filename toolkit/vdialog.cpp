@@ -108,6 +108,14 @@ void VDialog::LimitItemText(int nId, int nCharacters)
     SendItem(nId, bCombo ? CB_LIMITTEXT : EM_LIMITTEXT, static_cast<WPARAM>(nCharacters));
 }
 
+void VDialog::ShowIcon(UINT uId)
+{
+    HANDLE hIcon =
+        LoadImageA(GetApplication().GetResourceModule(), MAKEINTRESOURCEA(uId), IMAGE_ICON,
+                   GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+    Send(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(hIcon));
+}
+
 void VDialog::FocusItem(int nId)
 {
     Send(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetItem(nId)), TRUE);

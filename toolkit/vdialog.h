@@ -64,6 +64,10 @@ public:
     // button follows.
     void FocusItem(int nId);
 
+    // Puts an icon of the resources into the caption. Windows shows its own in that of a sizable
+    // dialog that has none.
+    void ShowIcon(UINT uId);
+
 protected:
     void SetModal(bool bModal) { m_bModal = bModal; }
 

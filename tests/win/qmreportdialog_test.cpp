@@ -20,6 +20,7 @@ TEST_F(QMReportDialogTest, OpensForAnEmptyAccount)
     Run([&](HWND hDialog) {
         EXPECT_EQ(Text(m_dialog.GetText()), "Reports - book.qmk");
         EXPECT_EQ(SizeInUnits(hDialog), "450x350");
+        EXPECT_NE(SendMessageA(hDialog, WM_GETICON, ICON_SMALL, 0), 0);
         const std::vector<std::string> kinds = {
             "Statement of Account", "Transaction Type", "Description",   "Memo",       "Category",
             "Tax Deductions",       "Expenses",         "Voided Checks", "Not Cleared"};
