@@ -149,7 +149,8 @@ void PdfSurface::FillBox(Page& page, float fLeft, int32_t y, float fWidth, int32
 
 void PdfSurface::PutFill(const VRect& rect, uint32_t crColor)
 {
-    if (Page* pPage = PageAt(rect.top)) {
+    Page* pPage = PageAt(rect.top);
+    if (pPage != nullptr && m_layer == PdfLayer::Shades) {
         FillBox(*pPage, static_cast<float>(rect.left), rect.top,
                 static_cast<float>(rect.GetWidth()), rect.GetHeight(), GrayOf(crColor));
     }
@@ -158,7 +159,7 @@ void PdfSurface::PutFill(const VRect& rect, uint32_t crColor)
 void PdfSurface::PutText(std::string_view text, const VRect& rect, QMReportAlign align)
 {
     Page* pPage = PageAt(rect.top);
-    if (pPage == nullptr || text.empty()) {
+    if (pPage == nullptr || text.empty() || m_layer != PdfLayer::Ink) {
         return;
     }
     const float fWidth = WidthOf(text);
@@ -195,7 +196,7 @@ void PdfSurface::ShowText(Page& page, const std::string& sText, float fX, int32_
 void PdfSurface::PutLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2)
 {
     Page* pPage = PageAt(y1);
-    if (pPage == nullptr || y1 != y2) {
+    if (pPage == nullptr || m_layer != PdfLayer::Ink || y1 != y2) {
         return; // reports draw none but level ones
     }
     const float fGray = m_pen == QMReportPen::Rule ? GrayOf(QM_REPORT_RULE_COLOR) : 0;
@@ -207,7 +208,7 @@ void PdfSurface::PutColumn(int32_t x, int32_t y1, int32_t y2)
 {
     const float fGray = m_pen == QMReportPen::Rule ? GrayOf(QM_REPORT_RULE_COLOR) : 0;
     int32_t y = std::max(y1, 0);
-    while (y < y2 && m_cut.lStep > 0) {
+    while (y < y2 && m_cut.lStep > 0 && m_layer == PdfLayer::Ink) {
         const int32_t yEnd = std::min(y2, (y / m_cut.lStep + 1) * m_cut.lStep);
         if (Page* pPage = PageAt(y)) {
             FillBox(*pPage, static_cast<float>(x), y, 1, yEnd - y, fGray);

@@ -9,6 +9,14 @@
 #include "reports/qmreportcut.h"
 #include "reports/qmreportsurface.h"
 
+// A report is drawn once for each, the shades first: a viewer may round a shade's edge up to a
+// whole dot, which would then cover the rule beside it.
+enum class PdfLayer
+{
+    Shades,
+    Ink, // everything else
+};
+
 class PdfSurface : public QMReportSurface
 {
 public:
@@ -19,6 +27,9 @@ public:
     // Makes the pages, all of one size in pixels of 96 to the inch. The report's pixel rows from
     // page number times step on go lTop below a page's edge.
     void MakePages(const QMReportCut& cut, int32_t lWidth, int32_t lHeight, int32_t lTop);
+
+    // What of the drawing from now on comes into the file; everything else is left out.
+    void SelectLayer(PdfLayer layer) { m_layer = layer; }
 
     // False once the library refused something; there is no file then.
     bool IsSound() const;
@@ -43,7 +54,6 @@ private:
         HPDF_Page hPage = nullptr;
         QMReportFont font = QMReportFont::Standard;
         float fFillGray = 0;
-        float fStrokeGray = 0;
     };
 
     Page* PageAt(int32_t y);
@@ -58,6 +68,7 @@ private:
     HPDF_Font m_hNormal = nullptr;
     HPDF_Font m_hBold = nullptr;
     float m_fPoints;
+    PdfLayer m_layer = PdfLayer::Ink;
     std::vector<Page> m_pages;
     QMReportCut m_cut;
     int32_t m_lPageHeight = 0;

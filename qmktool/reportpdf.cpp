@@ -58,7 +58,13 @@ bool DrawPages(PdfSurface& surface, QMReport& report, uint32_t uKind, const Repo
         return false;
     }
     surface.MakePages(cut, paper.lWidth, paper.lHeight, lMargin);
-    return surface.IsSound() && report.Draw(surface, page, margins);
+    for (const PdfLayer layer : {PdfLayer::Shades, PdfLayer::Ink}) {
+        surface.SelectLayer(layer);
+        if (!surface.IsSound() || !report.Draw(surface, page, margins)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace

@@ -204,6 +204,22 @@ TEST(Report, AWideAmountWidensTheAmountColumnOnly)
     DrawBoth(account, OrderOf(QM_REPORT_NOT_CLEARED));
 }
 
+TEST(Report, EveryKindHasADateColumnForTheWordsDateCleared)
+{
+    QMAccountData account;
+    AddTo(account.store, Entry(QM_TRANS_CHECK, "5/5/2004", 10, 4));
+    const int32_t lWidth = RecordedExtent(QMReportFont::Normal, "Date Cleared").lWidth;
+    for (uint32_t uKind = 0; uKind < QM_REPORT_KIND_COUNT; ++uKind) {
+        ReportRecorder recorder;
+        QMReport report(account);
+        report.SetRange(MakeDate("1/1/2004"), MakeDate("12/31/2004"));
+        report.SetGroup(QM_REPORT_ALL_GROUPS);
+        VRect page = {0, 0, 651, 0};
+        ASSERT_TRUE(report.Measure(uKind, recorder, page, {}));
+        EXPECT_EQ(report.GetLayout().lDateWidth, lWidth) << uKind;
+    }
+}
+
 TEST(Report, ALongDescriptionRunsOnUnderTheAmount)
 {
     QMAccountData account;
