@@ -5,6 +5,24 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+# Two builds of one commit give the same bytes, and none tells the folder that it was built in.
+add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+
+# A hostile file that finds a mistake in a program meets memory that it can neither foresee nor
+# execute. scripts/check_binaries.py holds the programs against this.
+if(WIN32)
+  # What came after Windows 7 is not declared.
+  add_compile_definitions(_WIN32_WINNT=0x0601 WINVER=0x0601)
+  # The linker strips the programs, since strip would write the time of day into them.
+  add_link_options(-s LINKER:--no-insert-timestamp LINKER:--dynamicbase LINKER:--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_link_options(LINKER:--high-entropy-va)
+  endif()
+elseif(NOT QUILLMARK_SANITIZE)
+  set(QUILLMARK_HARDENING -fPIE -fstack-protector-strong -D_FORTIFY_SOURCE=2)
+  add_link_options(LINKER:-z,relro LINKER:-z,now)
+endif()
+
 if(QUILLMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
@@ -18,6 +36,7 @@ function(quillmark_options target)
     # GCC 12 sees an overlap in std::string's operator+ where there is none (GCC bug 105651).
     target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
   endif()
+  target_compile_options(${target} PRIVATE ${QUILLMARK_HARDENING})
   target_compile_definitions(${target} PRIVATE
     "$<$<COMPILE_LANGUAGE:CXX>:QUILLMARK_VERSION=\"${PROJECT_VERSION}\">")
 endfunction()
@@ -50,6 +69,10 @@ endfunction()
 # One precompiled header, test_support's, serves all of them.
 function(quillmark_test_options target)
   target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0 -g0>)
+  if(NOT WIN32)
+    # The guards of the C library need an optimizing compiler.
+    target_compile_options(${target} PRIVATE -U_FORTIFY_SOURCE)
+  endif()
   if(NOT target STREQUAL "test_support")
     target_precompile_headers(${target} REUSE_FROM test_support)
     return()
