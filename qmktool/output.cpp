@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "qmktool/toolerror.h"
+#include "qmktool/toolstream.h"
 
 void Output::AddPrintable(std::string_view text)
 {
@@ -23,16 +24,16 @@ void Output::Format(const char* szFormat, ...)
     Add(szText);
 }
 
-void Output::Flush()
+void Output::Flush(size_t uSize)
 {
-    const size_t uWritten = fwrite(m_sBuffer.data(), 1, m_sBuffer.size(), stdout);
-    m_bFailed = m_bFailed || uWritten < m_sBuffer.size();
-    m_sBuffer.clear();
+    const bool bWritten = WriteToStream(stdout, std::string_view(m_sBuffer).substr(0, uSize));
+    m_bFailed = m_bFailed || !bWritten;
+    m_sBuffer.erase(0, uSize);
 }
 
 int Output::Finish()
 {
-    Flush();
+    Flush(m_sBuffer.size());
     if (fflush(stdout) != 0 || m_bFailed) {
         WriteError("cannot write to standard output");
         return QM_EXIT_REFUSED;

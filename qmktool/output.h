@@ -39,10 +39,12 @@ private:
     void FlushWhenFull()
     {
         if (m_sBuffer.size() >= uFlushSize) {
-            Flush();
+            // A stream gets whole lines, as long as there are any.
+            const size_t uLines = m_sBuffer.rfind('\n') + 1;
+            Flush(uLines > 0 ? uLines : m_sBuffer.size());
         }
     }
-    void Flush();
+    void Flush(size_t uSize);
 
     std::string m_sBuffer;
     bool m_bFailed = false;

@@ -2,9 +2,10 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <vector>
+#include <string>
 
 #include "qmktool/output.h"
+#include "qmktool/toolstream.h"
 
 void WriteError(const char* szFormat, ...)
 {
@@ -14,13 +15,14 @@ void WriteError(const char* szFormat, ...)
     va_copy(measured, arguments);
     const int nLength = vsnprintf(nullptr, 0, szFormat, measured);
     va_end(measured);
-    std::vector<char> text(static_cast<size_t>(nLength < 0 ? 0 : nLength) + 1);
-    vsnprintf(text.data(), text.size(), szFormat, arguments);
+    // vsnprintf ends the text with a zero byte of its own.
+    std::string sText(static_cast<size_t>(nLength < 0 ? 0 : nLength), '\0');
+    vsnprintf(sText.data(), sText.size() + 1, szFormat, arguments);
     va_end(arguments);
-    for (char& c : text) {
-        c = IsControl(c) && c != '\0' ? '?' : c;
+    for (char& c : sText) {
+        c = IsControl(c) ? '?' : c;
     }
-    fprintf(stderr, "qmktool: %s\n", text.data());
+    WriteToStream(stderr, "qmktool: " + sText + "\n");
 }
 
 int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy)
