@@ -3,7 +3,8 @@
 # and socket are below one folder. Each document that it prints becomes FOLDER/out/JOB-QUEUE.pdf,
 # beside a JOB-QUEUE.txt of four lines: its title, the copies, the options,
 # the number of its pages. Where FOLDER/out/pictures exists, its pages become pictures too,
-# JOB-QUEUE-PAGE.pgm with 96 dots per inch.
+# JOB-QUEUE-PAGE.pgm with 96 dots per inch. A document whose title begins with "unread" is thrown
+# away.
 # Usage: cups.sh [--stoppable] FOLDER
 # Prints what programs need in their environment, then an empty line once the spooler is ready, and
 # ends it when its own standard input ends.
@@ -72,7 +73,9 @@ write_backend() {
 [ $# -ge 5 ] || { echo 'file tests-pdf "Unknown" "PDF files of tests"'; exit 0; }
 to=${DEVICE_URI#*:}/$1-$PRINTER
 [ $# -lt 6 ] || exec <"$6"
-gs -q -dBATCH -dNOPAUSE -dSAFER -dDoNumCopies -sDEVICE=pdfwrite -sOutputFile="$to.part" - >&2 || exit 1
+case $3 in unread*) exec cat >/dev/null ;; esac
+gs -q -dBATCH -dNOPAUSE -dSAFER -dDoNumCopies -sDEVICE=pdfwrite -sOutputFile="$to.part" - >&2 ||
+    exit 1
 pages=$(pdfinfo "$to.part" | sed -n 's/^Pages: *//p')
 [ ! -e "${to%/*}/pictures" ] || pdftoppm -r 96 -gray "$to.part" "$to"
 printf '%s\n%s\n%s\n%s\n' "$3" "$4" "$5" "$pages" >"$to.text"
