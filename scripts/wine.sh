@@ -35,8 +35,9 @@ original=$repo/build/wine-$preset
 export WINEPREFIX=$original${QUILLMARK_WINE_SLOT:+-$QUILLMARK_WINE_SLOT}
 export WINEARCH=$preset
 export WINEDEBUG=-all
-# No offers to download Mono and Gecko, no menu entries in the user's home.
-export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
+# No offers to download Mono and Gecko, no menu entries in the user's home. A viewer of help that a
+# test puts in the way of Wine's own is taken.
+export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d;hhctrl.ocx=n,b'
 # The code page of Windows programs follows the locale, and results must not follow the machine.
 export LC_ALL=C.UTF-8
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/win/classesroot.h"
-#include "tests/win/ddeserver.h"
+#include "tests/support/ddeserver_win.h"
 #include "tests/win/standinfiles.h"
 
 namespace {

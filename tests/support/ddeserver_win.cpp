@@ -1,4 +1,4 @@
-#include "tests/win/ddeserver.h"
+#include "tests/support/ddeserver_win.h"
 
 #include <windows.h>
 
