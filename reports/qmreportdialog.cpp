@@ -273,11 +273,13 @@ void QMReportDialog::OnRun()
     m_kindCurrent = static_cast<uint32_t>(m_cboType.GetSelection());
     if (!ReadDateRange()) {
         MessageBox(GetHandle(), szReversed, MB_ICONINFORMATION);
+        FocusItem(IDC_REPORT_FROM);
         return;
     }
     const QMReportInfo* pInfo = QMGetReportInfo(m_kindCurrent);
     if (pInfo == nullptr) {
         MessageBox(GetHandle(), "Please select a report.", MB_ICONINFORMATION);
+        FocusItem(IDC_REPORT_TYPE);
         return;
     }
     if (pInfo->drawer == QMReportDrawer::Grouped) {

@@ -114,14 +114,19 @@ bool QMSetPasswordDialog::IsNewGiven()
     switch (QMJudgeNewPassword(GetItemText(IDC_PW_NEW).GetText(),
                                GetItemText(IDC_PW_NEWAGAIN).GetText())) {
         case QMNewPassword::None:
-            return MessageBox(GetHandle(),
-                              "Both new password enteries are empty.\n"
-                              "Do you want password protection turned off?",
-                              MB_YESNO | MB_ICONQUESTION) == IDYES;
+            if (MessageBox(GetHandle(),
+                           "Both new password enteries are empty.\n"
+                           "Do you want password protection turned off?",
+                           MB_YESNO | MB_ICONQUESTION) == IDYES) {
+                return true;
+            }
+            break;
         case QMNewPassword::Differ:
             ShowRefusal(GetHandle(), "New password entries do not match.");
-            return false;
+            break;
         default:
             return true;
     }
+    FocusItem(IDC_PW_NEW);
+    return false;
 }

@@ -159,6 +159,25 @@ TEST(QMPasswordDialog, StaysOpenAfterAWrongEntry)
     EXPECT_EQ(entries.GetSentences(), Sentences{g_szWrong});
 }
 
+TEST(QMPasswordDialog, SelectsAWrongEntry)
+{
+    ModalDriver driver;
+    driver.Next([](HWND hDialog) {
+        Type(hDialog, IDC_PW_CURRENT, "wrong");
+        SetFocus(GetDlgItem(hDialog, IDOK));
+        Press(hDialog, IDOK);
+    });
+    driver.Next(AnswerBox(IDOK));
+    driver.Again([](HWND hDialog) {
+        EXPECT_EQ(FocusedId(hDialog), IDC_PW_CURRENT);
+        const auto uSelection =
+            static_cast<DWORD>(SendDlgItemMessageA(hDialog, IDC_PW_CURRENT, EM_GETSEL, 0, 0));
+        EXPECT_EQ(uSelection, static_cast<DWORD>(MAKELONG(0, 5)));
+        Press(hDialog, IDCANCEL);
+    });
+    EXPECT_EQ(Ask("abc"), IDCANCEL);
+}
+
 TEST(QMPasswordDialog, EndsWithTheThirdWrongEntry)
 {
     for (int nOpening = 0; nOpening < 2; ++nOpening) {
@@ -273,6 +292,46 @@ TEST(QMSetPasswordDialog, StaysOpenWhenProtectionIsToStay)
     Entries entries;
     entries.Enter({"abc", "", ""}).Answer(IDNO).Enter({nullptr, "new", "new"});
     EXPECT_EQ(Set("abc", IDOK), "new");
+}
+
+// The text is selected, so that the next try replaces it.
+TEST(QMSetPasswordDialog, LeavesTheFocusInTheFieldThatIsMeant)
+{
+    const auto ExpectSelected = [](HWND hDialog, int nId) {
+        EXPECT_EQ(FocusedId(hDialog), nId);
+        DWORD uBegin = 99;
+        DWORD uEnd = 0;
+        SendDlgItemMessageA(hDialog, nId, EM_GETSEL, reinterpret_cast<WPARAM>(&uBegin),
+                            reinterpret_cast<LPARAM>(&uEnd));
+        EXPECT_EQ(uBegin, 0U) << nId;
+        EXPECT_EQ(uEnd, ItemText(hDialog, nId).size()) << nId;
+    };
+    const auto Try = [](HWND hDialog, const char* szCurrent, const char* szNew,
+                        const char* szAgain) {
+        Type(hDialog, IDC_PW_CURRENT, szCurrent);
+        Type(hDialog, IDC_PW_NEW, szNew);
+        Type(hDialog, IDC_PW_NEWAGAIN, szAgain);
+        SetFocus(GetDlgItem(hDialog, IDC_PW_NEWAGAIN));
+        Press(hDialog, IDOK);
+    };
+    ModalDriver driver;
+    driver.Next([&](HWND hDialog) { Try(hDialog, "wrong", "new", "new"); });
+    driver.Next(AnswerBox(IDOK));
+    driver.Again([&](HWND hDialog) {
+        ExpectSelected(hDialog, IDC_PW_CURRENT);
+        Try(hDialog, "abc", "new", "now");
+    });
+    driver.Next(AnswerBox(IDOK));
+    driver.Again([&](HWND hDialog) {
+        ExpectSelected(hDialog, IDC_PW_NEW);
+        Try(hDialog, "abc", "", "");
+    });
+    driver.Next(AnswerBox(IDNO));
+    driver.Again([&](HWND hDialog) {
+        ExpectSelected(hDialog, IDC_PW_NEW);
+        Press(hDialog, IDCANCEL);
+    });
+    EXPECT_EQ(Set("abc", IDCANCEL), "before");
 }
 
 TEST(QMSetPasswordDialog, RefusesEntriesThatDiffer)

@@ -146,6 +146,7 @@ TEST_F(QMReportDialogTest, RefusesAReversedRange)
     m_driver.Again([&](HWND hDialog) {
         EXPECT_FALSE(IsEnabled(hDialog, IDC_REPORT_PRINT));
         EXPECT_EQ(Height(), 0);
+        EXPECT_EQ(FocusedId(hDialog), IDC_REPORT_FROM) << "the date to begin with";
         Press(hDialog, IDCANCEL);
     });
     EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
@@ -160,7 +161,10 @@ TEST_F(QMReportDialogTest, AsksForAReport)
         Press(hDialog, IDC_REPORT_RUN);
     });
     m_driver.Next(AnswerBox(IDOK, &sSentence));
-    m_driver.Again([&](HWND hDialog) { Press(hDialog, IDOK); });
+    m_driver.Again([&](HWND hDialog) {
+        EXPECT_EQ(FocusedId(hDialog), IDC_REPORT_TYPE);
+        Press(hDialog, IDOK);
+    });
     EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
     EXPECT_EQ(sSentence, "Please select a report.");
 }
