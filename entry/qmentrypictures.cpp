@@ -1,6 +1,7 @@
 #include "entry/qmentrypictures.h"
 
 #include "resources/resource.h"
+#include "toolkit/vcolors.h"
 #include "toolkit/vdrawingsurface.h"
 
 namespace {
@@ -37,11 +38,12 @@ bool QMEntryPictures::LoadSigns()
 void QMEntryPictures::DrawSigns(VDrawingSurface& surface) const
 {
     VMemorySurface picture(surface);
+    // Both leave the dialog's ground where a sign is white. MERGEPAINT makes its strokes light.
+    const DWORD uRop = VIsDark(GetSysColor(COLOR_BTNFACE)) ? MERGEPAINT : SRCAND;
     for (int i = 0; i < nSigns; ++i) {
         const VSelectScope scope(picture, m_aSigns[i].GetHandle());
-        // SRCAND leaves the dialog's background where the sign is white.
         surface.BitBlt(aSignPlaces[i].x, aSignPlaces[i].y, m_aSigns[i].GetWidth(),
-                       m_aSigns[i].GetHeight(), picture, 0, 0, SRCAND);
+                       m_aSigns[i].GetHeight(), picture, 0, 0, uRop);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "register/qmgridlist.h"
 
 #include "resources/resource.h"
+#include "toolkit/vcolors.h"
 #include "toolkit/vrect_win.h"
 
 namespace {
@@ -10,8 +11,8 @@ constexpr COLORREF crShade = 0xEBEBEB;
 
 // Raster operations for the marks, which are dark strokes on white. SRCAND lets a plain row show
 // through the white. On a selected row MERGEPAINT does that and makes the strokes light.
-constexpr DWORD uRopPlain = SRCAND;
-constexpr DWORD uRopSelected = MERGEPAINT;
+constexpr DWORD uRopDark = SRCAND;
+constexpr DWORD uRopLight = MERGEPAINT;
 
 // When only the selection or the focus of a row changes, the list of Wine 8 does not paint this
 // many pixels at the row's left end.
@@ -55,6 +56,7 @@ QMGridList::QMGridList() : m_linePen(PS_SOLID, 1, crLine), m_shadeBrush(crShade)
 
 bool QMGridList::OnCreate()
 {
+    m_bSystemColors = VNeedsSystemColors();
     return m_markTax.Load(IDB_MARK_TAX) && m_markExpense.Load(IDB_MARK_EXPENSE) &&
            m_markVoided.Load(IDB_MARK_VOIDED) && m_markCleared.Load(IDB_MARK_CLEARED) &&
            m_linePen.GetHandle() != nullptr && m_shadeBrush.GetHandle() != nullptr;
@@ -253,11 +255,15 @@ void QMGridList::FillCell(const NMLVCUSTOMDRAW& draw, int nRow)
     surface.Attach(draw.nmcd.hdc, false);
     const VRect rect = GetCell(nRow, draw.iSubItem).rect;
     if (GetItemState(nRow, LVIS_SELECTED) != 0) {
-        const bool bFocused = ::GetFocus() == GetHandle();
-        surface.FillRect(rect, GetSysColorBrush(bFocused ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
+        surface.FillRect(rect, GetSysColorBrush(GetSelectionColor()));
     } else if (IsShaded() && IsOdd(nRow)) {
         surface.FillRect(rect, m_shadeBrush.GetHandle());
     }
+}
+
+int QMGridList::GetSelectionColor() const
+{
+    return ::GetFocus() == GetHandle() ? COLOR_HIGHLIGHT : COLOR_BTNFACE;
 }
 
 QMGridList::Cell QMGridList::GetCell(int nRow, int nColumn) const
@@ -317,8 +323,15 @@ void QMGridList::DrawMark(VDrawingSurface& surface, const Cell& cell, const VBit
     const int y = cell.rect.top + (cell.rect.GetHeight() - nHeight) / 2;
     VMemorySurface picture(surface);
     const VSelectScope scope(picture, mark.GetHandle());
-    const bool bSelected = GetItemState(cell.nRow, LVIS_SELECTED) != 0;
-    surface.BitBlt(x, y, nWidth, nHeight, picture, 0, 0, bSelected ? uRopSelected : uRopPlain);
+    surface.BitBlt(x, y, nWidth, nHeight, picture, 0, 0,
+                   HasLightMarks(cell.nRow) ? uRopLight : uRopDark);
+}
+
+bool QMGridList::HasLightMarks(int nRow) const
+{
+    const bool bSelected = GetItemState(nRow, LVIS_SELECTED) != 0;
+    return m_bSystemColors ? VIsDark(GetSysColor(bSelected ? GetSelectionColor() : COLOR_WINDOW))
+                           : bSelected;
 }
 
 void QMGridList::DrawCellLines(VDrawingSurface& surface, const Cell& cell)

@@ -30,8 +30,8 @@ public:
     void SetLineFlag(uint32_t uBit, bool bOn);
     uint32_t GetLineFlags() const { return m_nGridFlags; }
     void SetBalanceColors(COLORREF crPositive, COLORREF crNegative);
-    // Paints balances in the system's own colour of text, and shades no row, as long as it is set:
-    // for users who need high contrast.
+    // Paints balances in the system's own colour of text, shades no row, and paints marks light or
+    // dark as the ground asks, as long as it is set. OnCreate sets it where VNeedsSystemColors.
     void SetSystemColors(bool bSystemColors);
 
     // Sets the list indices of the columns that are painted in a special way; -1 for one that the
@@ -55,6 +55,9 @@ private:
     void DrawHorizontals(VDrawingSurface& surface, int nFrom, int nRowHeight);
     void DrawEmptyVerticals(VDrawingSurface& surface);
     bool IsShaded() const;
+    bool HasLightMarks(int nRow) const;
+    // The colour of the system (COLOR_) for the ground of a selected row.
+    int GetSelectionColor() const;
     COLORREF BalanceColor(bool bPositive) const;
     LRESULT BeforeCell(NMLVCUSTOMDRAW& draw);
     void FillCell(const NMLVCUSTOMDRAW& draw, int nRow);

@@ -8,6 +8,7 @@
 #include "register/qmregisterpages.h"
 #include "resources/resource.h"
 #include "toolkit/vapplication.h"
+#include "toolkit/vcolors.h"
 #include "toolkit/vmdiframewindow.h"
 #include "toolkit/vmessages.h"
 #include "tools/qmpassworddialog.h"
@@ -29,16 +30,6 @@ public:
 private:
     VMDIFrameWindow& m_frame;
 };
-
-// Whether the user has asked for high contrast: then the account's colours may not be readable on
-// the system's ground.
-bool IsHighContrast()
-{
-    HIGHCONTRASTA contrast = {};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0 &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
 
 bool IsSameFont(const LOGFONTA& a, const LOGFONTA& b)
 {
@@ -136,10 +127,10 @@ bool QMRegisterWindow::OnCreate()
 void QMRegisterWindow::ShowFont(COLORREF crText)
 {
     m_list.Send(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetHandle()), TRUE);
-    const bool bHighContrast = IsHighContrast();
-    m_list.SetSystemColors(bHighContrast);
+    const bool bSystemColors = VNeedsSystemColors();
+    m_list.SetSystemColors(bSystemColors);
     m_list.Send(LVM_SETTEXTCOLOR, 0,
-                static_cast<LPARAM>(bHighContrast ? GetSysColor(COLOR_WINDOWTEXT) : crText));
+                static_cast<LPARAM>(bSystemColors ? GetSysColor(COLOR_WINDOWTEXT) : crText));
 }
 
 void QMRegisterWindow::FollowSystemColors()

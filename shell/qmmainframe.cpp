@@ -16,6 +16,12 @@ bool IsLimited(uint32_t uPeriod)
     return uPeriod > QM_ACCNT_DISPLAY_ALL && uPeriod <= QM_ACCNT_DISPLAY_DATE_RANGE;
 }
 
+BOOL CALLBACK PassOnSystemColors(HWND hWnd, LPARAM /*lParam*/)
+{
+    SendMessageA(hWnd, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
+}
+
 } // namespace
 
 QMMainFrame::QMMainFrame(const char* szArguments) : m_sArguments(szArguments)
@@ -305,6 +311,10 @@ LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
     if (uMessage == QM_ORDERS_MESSAGE) {
         RunOrders();
         return 0;
+    }
+    if (uMessage == WM_SYSCOLORCHANGE) {
+        // Windows tells it to windows of the screen alone, and common controls keep copies.
+        EnumChildWindows(hWnd, &PassOnSystemColors, 0);
     }
     if (uMessage == WM_SYSCOLORCHANGE || uMessage == WM_SETTINGCHANGE) {
         for (QMRegisterWindow* pDocument : m_apChildren) {

@@ -8,6 +8,14 @@
 
 namespace {
 
+// Wine 8 makes each brush of the system at its first use, and anew after its colour has changed.
+void MakeSystemBrushes()
+{
+    for (int nColor = 0; nColor <= COLOR_MENUBAR; ++nColor) {
+        GetSysColorBrush(nColor);
+    }
+}
+
 class ObjectCountCheck : public testing::EmptyTestEventListener
 {
     void OnTestIterationStart(const testing::UnitTest&, int nIteration) override
@@ -15,12 +23,17 @@ class ObjectCountCheck : public testing::EmptyTestEventListener
         m_bChecks = nIteration > 0;
     }
 
-    void OnTestStart(const testing::TestInfo&) override { m_before = CountObjects(); }
+    void OnTestStart(const testing::TestInfo&) override
+    {
+        MakeSystemBrushes();
+        m_before = CountObjects();
+    }
 
     void OnTestEnd(const testing::TestInfo&) override
     {
         if (m_bChecks) {
             PumpAll();
+            MakeSystemBrushes();
             const ObjectCounts after = CountObjects();
             EXPECT_EQ(after.uGdi, m_before.uGdi) << "GDI objects left behind";
             EXPECT_EQ(after.uUser, m_before.uUser) << "windows, menus or tables left behind";

@@ -23,19 +23,22 @@ BITMAPINFOHEADER Header(int nWidth, int nHeight)
 
 } // namespace
 
-Picture::Picture(const VWindow& window)
+Picture::Picture(const VWindow& window) : Picture(window.GetHandle()) {}
+
+Picture::Picture(HWND hWnd)
 {
-    const VRect area = window.GetClientRect();
-    if (!Make(area.GetWidth(), area.GetHeight())) {
+    RECT area = {};
+    GetClientRect(hWnd, &area);
+    if (!Make(area.right, area.bottom)) {
         return;
     }
-    const VClientSurface screen(window.GetHandle());
+    const VClientSurface screen(hWnd);
     VMemorySurface paper(screen);
     const VSelectScope scope(paper, m_bitmap.GetHandle());
     // A list that paints into a buffer does not erase its background before.
     paper.FillRect({0, 0, m_nWidth, m_nHeight}, GetSysColorBrush(COLOR_WINDOW));
-    window.Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.GetHandle()),
-                PRF_CLIENT | PRF_ERASEBKGND);
+    SendMessageA(hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.GetHandle()),
+                 PRF_CLIENT | PRF_ERASEBKGND);
     GdiFlush();
 }
 

@@ -16,6 +16,7 @@ class Picture
 public:
     // Lets the window paint its client area, with its background, into memory.
     explicit Picture(const VWindow& window);
+    explicit Picture(HWND hWnd);
     // Takes a bitmap of the resources.
     explicit Picture(UINT uId);
     // Takes a picture of an image list; an empty one when there is none of that index.

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "resources/resource.h"
+#include "tests/support/readability_win.h"
 #include "tests/win/dialog_support.h"
 #include "tests/win/support.h"
 #include "toolkit/vdatepicker.h"
@@ -114,6 +115,23 @@ TEST(QMEntryPictures, TheLibrarySaysItsVersion)
 {
     // Some systems have a library that can do what version 6 can and reports a lower version.
     EXPECT_GE(QMEntryPictures::GetLibraryVersion(), 5);
+}
+
+// Dark strokes could not be seen on a dialog's ground that is dark.
+TEST(QMEntryPictures, SignsAreLightOnADarkGround)
+{
+    const ScopedDarkColors dark;
+    QMEntryPictures pictures;
+    ASSERT_TRUE(pictures.LoadSigns());
+    Canvas canvas;
+    canvas.m_surface.PatBlt(0, 0, 492, 309, BLACKNESS);
+    pictures.DrawSigns(canvas.m_surface);
+    const auto At = [&](int x, int y) { return GetPixel(canvas.m_surface.GetHandle(), x, y); };
+    for (const POINT sign : {POINT{166, 206}, POINT{166, 226}, POINT{298, 211}, POINT{298, 237}}) {
+        const VRect around = {sign.x - 6, sign.y - 6, sign.x + 18, sign.y + 18};
+        EXPECT_EQ(GroundOf(At, around), 0U);
+        EXPECT_GT(ContrastIn(At, around), fReadable) << sign.x << ", " << sign.y;
+    }
 }
 
 TEST(QMEntryPictures, SignsAreDrawnAtTheirPlacesAndNowhereElse)

@@ -8,6 +8,7 @@
 
 #include "register/qmrowlist.h"
 #include "resources/resource.h"
+#include "tests/support/readability_win.h"
 #include "tests/win/picture.h"
 #include "tests/win/support.h"
 
@@ -438,6 +439,33 @@ TEST_F(QMGridListTest, MarksOnASelectedRowAreLight)
     ExpectMark(page, 0, nCleared, IDB_MARK_CLEARED, crGround, true);
     ExpectMark(page, 1, nTag, IDB_MARK_EXPENSE, crGround, true);
     ExpectMark(page, 1, nCleared, IDB_MARK_VOIDED, crGround, true);
+}
+
+TEST_F(QMGridListTest, MarksOnADarkGroundAreLightWhetherTheRowIsSelectedOrNot)
+{
+    const ScopedDarkColors dark;
+    AddRows({QM_DECOR_TAX | QM_DECOR_CLEARED, QM_DECOR_EXPENSE | QM_DECOR_VOIDED});
+    m_list.Send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    m_list.SetSystemColors(true);
+    m_list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+    const Picture page(m_list);
+    page.Save("grid_dark");
+    const COLORREF crGround = GetSysColor(COLOR_WINDOW);
+    ASSERT_EQ(crGround, 0U);
+    ExpectMark(page, 0, nTag, IDB_MARK_TAX, crGround, true);
+    ExpectMark(page, 0, nCleared, IDB_MARK_CLEARED, crGround, true);
+    ExpectMark(page, 1, nTag, IDB_MARK_EXPENSE, GetSysColor(COLOR_BTNFACE), true);
+    ExpectMark(page, 1, nCleared, IDB_MARK_VOIDED, GetSysColor(COLOR_BTNFACE), true);
+}
+
+// Where high contrast has a light ground, a selected row may have a light one, too.
+TEST_F(QMGridListTest, MarksInTheSystemsColorsAreDarkOnALightSelection)
+{
+    AddRows({QM_DECOR_TAX, 0});
+    m_list.SetSystemColors(true);
+    m_list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+    const Picture page(m_list);
+    ExpectMark(page, 0, nTag, IDB_MARK_TAX, GetSysColor(COLOR_BTNFACE), false);
 }
 
 TEST_F(QMGridListTest, ASelectedRowOfTheListWithTheFocusIsHighlightedInItsWholeWidth)
