@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "resources/resource.h"
 #include "tests/win/dialog_support.h"
 #include "tests/win/support.h"
+#include "toolkit/vdrawingsurface.h"
+#include "toolkit/vgdiobjects.h"
 #include "toolkit/vrect_win.h"
 #include "toolkit/vregkey.h"
 
@@ -73,6 +77,35 @@ protected:
         key.WriteText(g_szValue, szText);
     }
     VRect Place() const { return m_calculator.GetWindowRect(); }
+
+    // Lets the window paint onto white paper, whose middle is that of the window. Returns what
+    // OnPaint returns, and in drawn the part of the paper that is no longer white, as seen from the
+    // window's client area.
+    bool PaintOnPaper(VRect& drawn)
+    {
+        constexpr int nMargin = 64;
+        const VRect area = m_calculator.GetClientRect();
+        const int nWidth = area.GetWidth() + 2 * nMargin;
+        const int nHeight = area.GetHeight() + 2 * nMargin;
+        const VClientSurface screen(nullptr);
+        VMemorySurface paper(screen);
+        VBitmap bitmap;
+        bitmap.Attach(CreateCompatibleBitmap(screen.GetHandle(), nWidth, nHeight));
+        const VSelectScope scope(paper, bitmap.GetHandle());
+        paper.PatBlt(0, 0, nWidth, nHeight, WHITENESS);
+        SetViewportOrgEx(paper.GetHandle(), nMargin, nMargin, nullptr);
+        const bool bPainted = m_calculator.OnPaint(paper);
+        drawn = {nWidth, nHeight, -nMargin, -nMargin};
+        for (int y = -nMargin; y < nHeight - nMargin; ++y) {
+            for (int x = -nMargin; x < nWidth - nMargin; ++x) {
+                if (GetPixel(paper.GetHandle(), x, y) != 0xFFFFFF) {
+                    drawn = {std::min(drawn.left, x), std::min(drawn.top, y),
+                             std::max(drawn.right, x + 1), std::max(drawn.bottom, y + 1)};
+                }
+            }
+        }
+        return bPainted;
+    }
 
     static HACCEL MakeTable()
     {
@@ -335,4 +368,31 @@ TEST_F(QMCalculatorTest, NotesNoPlaceWhileItIsMinimized)
     ShowWindow(m_calculator.GetHandle(), SW_MINIMIZE);
     PumpAll();
     EXPECT_EQ(Stored(), "0100 0100");
+}
+
+TEST_F(QMCalculatorTest, DrawsItsIconInTheMiddleWhileItIsMinimized)
+{
+    ASSERT_TRUE(Open());
+    // The area of 32 by 32 in full, so that its place can be told.
+    const std::vector<BYTE> mask(32 * 4, 0);
+    const std::vector<BYTE> picture(32 * 4, 0);
+    HICON hIcon = CreateIcon(GetModuleHandleA(nullptr), 32, 32, 1, 1, mask.data(), picture.data());
+    ASSERT_NE(hIcon, nullptr);
+    ASSERT_EQ(GetSystemMetrics(SM_CXICON), 32);
+    VRect drawn;
+    EXPECT_FALSE(PaintOnPaper(drawn)) << "no icon, not minimized";
+    m_calculator.Send(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(hIcon));
+    EXPECT_FALSE(PaintOnPaper(drawn)) << "not minimized";
+    EXPECT_TRUE(drawn.IsEmpty()) << "what is left to the default is not touched";
+    ShowWindow(m_calculator.GetHandle(), SW_MINIMIZE);
+    PumpAll();
+    ASSERT_TRUE(IsIconic(m_calculator.GetHandle()));
+    EXPECT_TRUE(PaintOnPaper(drawn));
+    const VRect area = m_calculator.GetClientRect();
+    const int nLeft = (area.GetWidth() - 32 + 1) / 2;
+    const int nTop = (area.GetHeight() - 32 + 1) / 2;
+    EXPECT_EQ(drawn, (VRect{nLeft, nTop, nLeft + 32, nTop + 32}));
+    m_calculator.Send(WM_SETICON, ICON_BIG, 0);
+    EXPECT_FALSE(PaintOnPaper(drawn)) << "minimized, but without an icon";
+    DestroyIcon(hIcon);
 }
