@@ -5,55 +5,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <fstream>
 #include <string>
-#include <vector>
 
 #include "tests/e2e/process.h"
 #include "tests/e2e/program.h"
+#include "tests/e2e/screen.h"
 #include "tests/e2e/settingsstore.h"
 
 namespace {
-
-// The pixels of the screen, four bytes each, the uppermost line first.
-std::vector<char> GrabScreen(int nWidth, int nHeight, BITMAPINFO& info)
-{
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = nWidth;
-    info.bmiHeader.biHeight = -nHeight;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    std::vector<char> pixels(static_cast<size_t>(nWidth) * static_cast<size_t>(nHeight) * 4);
-    HDC hScreen = GetDC(nullptr);
-    HDC hMemory = CreateCompatibleDC(hScreen);
-    HBITMAP hBitmap = CreateCompatibleBitmap(hScreen, nWidth, nHeight);
-    HGDIOBJ hOld = SelectObject(hMemory, hBitmap);
-    BitBlt(hMemory, 0, 0, nWidth, nHeight, hScreen, 0, 0, SRCCOPY);
-    SelectObject(hMemory, hOld);
-    GetDIBits(hMemory, hBitmap, 0, static_cast<UINT>(nHeight), pixels.data(), &info,
-              DIB_RGB_COLORS);
-    DeleteObject(hBitmap);
-    DeleteDC(hMemory);
-    ReleaseDC(nullptr, hScreen);
-    return pixels;
-}
-
-void WritePicture(const std::string& sPath)
-{
-    BITMAPINFO info = {};
-    const std::vector<char> pixels =
-        GrabScreen(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), info);
-    BITMAPFILEHEADER header = {};
-    memcpy(&header.bfType, "BM", 2);
-    header.bfOffBits = sizeof header + sizeof info.bmiHeader;
-    header.bfSize = header.bfOffBits + static_cast<DWORD>(pixels.size());
-    std::ofstream file(sPath, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(&header), sizeof header);
-    file.write(reinterpret_cast<const char*>(&info.bmiHeader), sizeof info.bmiHeader);
-    file.write(pixels.data(), static_cast<std::streamsize>(pixels.size()));
-}
 
 // Saves a picture at the first failure of each test, in the folder e2e-pictures beside the
 // program's folder.
@@ -76,7 +35,7 @@ public:
         for (char& c : m_sName) {
             c = c == '/' ? '-' : c;
         }
-        WritePicture(sFolder + m_sName + ".bmp");
+        ScreenPicture().Save(sFolder + m_sName + ".bmp");
         m_sName.clear();
     }
 
