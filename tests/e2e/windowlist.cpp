@@ -166,21 +166,36 @@ void WindowList::SelectRow(int nRow) const
 
 // ---- The mouse.
 
-LPARAM WindowList::CellPoint(int nRow, int nColumn) const
+VRect WindowList::CellInClient(int nRow, int nColumn) const
 {
     RemoteMemory memory(m_hProcess, sizeof(RECT));
     // The record says what is wanted: all of the row (LVIR_BOUNDS).
     RECT row = {LVIR_BOUNDS, 0, 0, 0};
     memory.Write(0, &row, sizeof row);
     if (SendTo(m_hList, LVM_GETITEMRECT, AsIndex(nRow), memory.AsParameter()) == 0) {
-        FailTest("no row " + std::to_string(nRow) + " to click in");
+        FailTest("no row " + std::to_string(nRow) + " in the list");
     }
     memory.Read(0, &row, sizeof row);
     int nX = row.left;
     for (int i = 0; i < nColumn; ++i) {
         nX += GetColumnWidth(i);
     }
-    return MAKELPARAM(nX + GetColumnWidth(nColumn) / 2, (row.top + row.bottom) / 2);
+    return {nX, row.top, nX + GetColumnWidth(nColumn), row.bottom};
+}
+
+VRect WindowList::GetCellRect(int nRow, int nColumn) const
+{
+    const VRect cell = CellInClient(nRow, nColumn);
+    POINT origin = {0, 0};
+    ClientToScreen(m_hList, &origin);
+    return {cell.left + origin.x, cell.top + origin.y, cell.right + origin.x,
+            cell.bottom + origin.y};
+}
+
+LPARAM WindowList::CellPoint(int nRow, int nColumn) const
+{
+    const VRect cell = CellInClient(nRow, nColumn);
+    return MAKELPARAM((cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2);
 }
 
 void WindowList::Click(int nRow, int nColumn, WPARAM uHeld) const

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "base/vrect.h"
+
 class WindowList
 {
 public:
@@ -34,6 +36,8 @@ public:
     std::vector<int> GetSelectedRows() const;
     int GetFocusedRow() const;
     bool IsRowVisible(int nRow) const;
+    // Where a cell is on the screen.
+    VRect GetCellRect(int nRow, int nColumn) const;
     // Selects and focuses only this row, as a click does.
     void SelectRow(int nRow) const;
     // Sets the state bits of uMask in a row; -1 means all rows.
@@ -59,6 +63,7 @@ private:
         int nFormat;
     };
     Heading ReadHeading(int nColumn) const;
+    VRect CellInClient(int nRow, int nColumn) const;
     LPARAM CellPoint(int nRow, int nColumn) const;
     void PostDoubleClick(LPARAM lPoint) const;
 
