@@ -209,6 +209,94 @@ std::string NameOfDamage(const testing::TestParamInfo<Damage>& test)
 
 INSTANTIATE_TEST_SUITE_P(All, DamagedSettingsTest, testing::ValuesIn(aDamages), NameOfDamage);
 
+// ---- The same damage to every value of every key at once.
+
+struct Absurdity
+{
+    const char* szName;
+    DWORD uType;
+    std::string sBytes;
+};
+
+const Absurdity aAbsurdities[] = {
+    {"AllBitsSet", REG_DWORD, NumberBytes(0xFFFFFFFE)},
+    {"HighestBit", REG_DWORD, NumberBytes(0x80000000)},
+    {"GreatestNumber", REG_DWORD, NumberBytes(0x7FFFFFFF)},
+    {"Zero", REG_DWORD, NumberBytes(0)},
+    {"NumberOfOneByte", REG_DWORD, std::string("\x01", 1)},
+    {"NumberOfEightBytes", REG_QWORD, std::string(8, '\xFF')},
+    {"NoBytesOfANumber", REG_DWORD, ""},
+    {"NoBytesOfAText", REG_SZ, ""},
+    {"EmptyText", REG_SZ, std::string(1, '\0')},
+    {"Words", REG_SZ, std::string("none of your business", 22)},
+    {"TextWithoutAnEnd", REG_SZ, "0010 0010 0600 0400"},
+    {"HugeNumbersAsText", REG_SZ,
+     std::string("99999999999 99999999999 99999999999 99999999999", 48)},
+    {"NegativeNumbersAsText", REG_SZ,
+     std::string("-2147483648 -2147483648 -2147483648 -2147483648", 48)},
+    {"Formats", REG_SZ, std::string("%s%s%n%d %d%%x", 15)},
+    {"TextOf5000", REG_SZ, std::string(5000, 'd') + std::string(1, '\0')},
+    {"TextThatAsksForMore", REG_EXPAND_SZ, std::string("%PATH%%PATH%%PATH%", 19)},
+    {"ManyTexts", REG_MULTI_SZ, std::string("one\0two\0\0", 10)},
+    {"Bytes", REG_BINARY, std::string(3000, '\x80')},
+    {"NoTypeAtAll", REG_NONE, ""},
+};
+
+class AbsurdSettingsTest : public E2ETest, public testing::WithParamInterface<Absurdity>
+{
+protected:
+    // Replaces every value that a first start has made.
+    static void SpoilAll(const Absurdity& absurdity)
+    {
+        int nSpoilt = 0;
+        for (const std::string& sLine : AllSettings()) {
+            const size_t uName = sLine.find('|') + 1;
+            const std::string sKey = sLine.substr(0, uName - 1);
+            const std::string sName = sLine.substr(uName, sLine.find('|', uName) - uName);
+            WriteSettingBytes(sKey.c_str(), sName.c_str(), absurdity.uType, absurdity.sBytes);
+            ++nSpoilt;
+        }
+        EXPECT_EQ(nSpoilt, 23) << "those of the three keys";
+    }
+
+    // Opens what reads settings of its own, and closes it again.
+    void Visit(UINT uCommand, const std::string& sCaption) const
+    {
+        m_program.Post(uCommand);
+        const DialogWindow dialog = AwaitDialog(m_program, sCaption);
+        dialog.Close();
+        dialog.AwaitEnd();
+        m_program.Settle();
+    }
+};
+
+TEST_P(AbsurdSettingsTest, DoNotKeepTheProgramFromWorking)
+{
+    const std::string sPath = CopySample();
+    m_program.Open();
+    m_program.Close();
+    SpoilAll(GetParam());
+    m_program.Open({sPath});
+    m_program.AwaitActive(sPath);
+    EXPECT_EQ(ActiveList().GetRowCount(), 447);
+    Visit(IDM_TOOLS_OPTIONS, "Options - household.qmk");
+    Visit(IDM_TOOLS_CALCULATOR, "Calculator");
+    Visit(IDM_FILE_OPEN, "Open");
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    EXPECT_EQ(m_program.Close(), 0U);
+    // And once more, with what that run has left.
+    m_program.Open({sPath});
+    m_program.AwaitActive(sPath);
+    EXPECT_EQ(m_program.Close(), 0U);
+}
+
+std::string NameOfAbsurdity(const testing::TestParamInfo<Absurdity>& test)
+{
+    return test.param.szName;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, AbsurdSettingsTest, testing::ValuesIn(aAbsurdities), NameOfAbsurdity);
+
 TEST_F(SettingsTest, EveryValueOfAWrongTypeAtOnceLeavesTheDefaults)
 {
     m_program.Open();
