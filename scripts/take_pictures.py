@@ -3,7 +3,8 @@
 
 Each scene starts the 64-bit program under Wine with settings of its own and copies of the samples,
 presses keys, and saves what the frame then shows, in true colour. Needs a build of preset win64,
-and the packages xdotool, x11-utils, imagemagick and xvfb (scripts/setup.sh window pictures).
+and the packages xdotool, x11-utils, imagemagick and xvfb (scripts/setup.sh window pictures), with
+those of scripts/cups.sh for what is printed (scripts/setup.sh test).
 
 Usage: take_pictures.py [-o FOLDER] [SCENE...]   (without SCENE: all of them)
        take_pictures.py --list
@@ -105,6 +106,9 @@ class Program:
                   "Options - General": ("REG_DWORD", "10")}  # no splash, no file from last time
         for name, (kind, value) in values.items():
             wine("reg", "add", SETTINGS + r"\Settings", "/v", name, "/t", kind, "/d", value, "/f")
+        # Only a very first start writes the usual margins.
+        wine("reg", "add", SETTINGS + r"\Page Setup", "/v", "Margins", "/t", "REG_SZ",
+             "/d", "0750 0750 0750 0750", "/f")
         shutil.rmtree(ACCOUNTS, ignore_errors=True)
         ACCOUNTS.mkdir(parents=True)
         shutil.copy(REPO / "samples" / "household.qmk", ACCOUNTS)
@@ -179,6 +183,31 @@ class Program:
         self.press("Return")
 
 
+class Printer:
+    """A printer of our own, ended with the object's `end`."""
+
+    FOLDER = REPO / "build" / "cups-pictures"
+
+    def __init__(self) -> None:
+        self._server = subprocess.Popen([str(REPO / "scripts" / "cups.sh"), str(self.FOLDER)],
+                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        for line in self._server.stdout:
+            if not line.strip():
+                return
+            name, _, value = line.strip().partition("=")
+            os.environ[name] = value
+        sys.exit("take_pictures: there is no printer")
+
+    def end(self) -> None:
+        self._server.stdin.close()
+        self._server.wait()
+
+    @classmethod
+    def printed(cls) -> set[Path]:
+        """The documents so far."""
+        return {path.with_suffix(".pdf") for path in (cls.FOLDER / "out").glob("*.txt")}
+
+
 class Picture:
     def __init__(self, path: Path) -> None:
         self.path = path
@@ -190,6 +219,15 @@ class Picture:
         # The pointer stands where nothing follows it.
         run("xdotool", "mousemove", "1270", "1010")
         program.settle()
+        self.take_place((left, top, width, height))
+
+    def take_at_once(self, program: Program, title: str) -> None:
+        """The same for a window that waits for nobody."""
+        program.wait_for(title)
+        self.take_place(program.place_of(title))
+
+    def take_place(self, place: tuple[int, int, int, int]) -> None:
+        left, top, width, height = place
         run("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage",
             "-strip", "-type", "TrueColor", "-define", "png:color-type=2",
             "-define", "png:compression-level=9", str(self.path))
@@ -308,7 +346,6 @@ def report_notcleared(program: Program, picture: Picture) -> None:
 
 @scene(width=1000, height=720)
 def report_preview(program: Program, picture: Picture) -> None:
-    """Needs a printer."""
     title = "Print Preivew - Quillmark Report"
     run_report(program, *TO_THE_DATES)
     program.press("alt+v")
@@ -322,6 +359,69 @@ def report_pdf(_: Program, picture: Picture) -> None:
          "--from", "1/1/2004", "--to", "12/31/2004", "--pdf", r"C:\Accounts\statement.pdf")
     run("pdftoppm", "-r", "80", "-f", "1", "-l", "1", "-png", "-singlefile",
         str(ACCOUNTS / "statement.pdf"), str(picture.path.with_suffix("")))
+
+
+PREVIEW = "Print Preivew.*"
+
+
+def preview(program: Program, *keys: str) -> None:
+    program.press("alt+f", "v")
+    program.wait_for(PREVIEW)
+    program.press(*keys)
+
+
+@scene(width=1000, height=720)
+def print_preview(program: Program, picture: Picture) -> None:
+    preview(program)
+    picture.take(program, PREVIEW)
+
+
+@scene(width=1000, height=720)
+def print_preview_large(program: Program, picture: Picture) -> None:
+    preview(program, "shift+Tab", "End")  # from the Close button to the scales, the last of them
+    picture.take(program, PREVIEW)
+
+
+@scene(width=1000, height=720)
+def print_preview_strip(program: Program, picture: Picture) -> None:
+    """The second half of the sample's 14 pages shows the columns that the first has no room for."""
+    preview(program, "shift+Tab", "shift+Tab", "shift+Tab", "shift+Tab")  # to the page box
+    program.type("8")
+    program.press("Return")
+    picture.take(program, PREVIEW)
+
+
+@scene()
+def page_setup(program: Program, picture: Picture) -> None:
+    program.press("alt+f", "g")
+    title = "Page Setup|Setup Page"  # Wine 8 words it otherwise than Windows
+    program.wait_for(title)
+    picture.take(program, title)
+
+
+def begin_printing(program: Program) -> None:
+    program.press("ctrl+p")
+    program.wait_for("Print")
+    run("xdotool", "key", "--clearmodifiers", "Return")
+
+
+@scene()
+def print_progress(program: Program, picture: Picture) -> None:
+    begin_printing(program)
+    picture.take_at_once(program, "Printing.*")
+
+
+@scene()
+def printed_page(program: Program, picture: Picture) -> None:
+    before = Printer.printed()
+    begin_printing(program)
+    end = time.monotonic() + LIMIT_S
+    while not (new := Printer.printed() - before):
+        if time.monotonic() > end:
+            sys.exit("take_pictures: nothing was printed")
+        time.sleep(PAUSE_S)
+    run("pdftoppm", "-r", "80", "-f", "1", "-l", "1", "-png", "-singlefile",
+        str(new.pop()), str(picture.path.with_suffix("")))
 
 
 def take(name: str, folder: Path) -> None:
@@ -350,11 +450,13 @@ def main() -> None:
     # So that an end from outside ends the program and the display too.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     screen = Screen()
+    printer = Printer()
     try:
         run(str(WINE), "--prepare", "win64")
         for name in words.scenes or SCENES:
             take(name, words.folder)
     finally:
+        printer.end()
         screen.end()
 
 
