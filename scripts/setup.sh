@@ -22,7 +22,7 @@ declare -rA PACKAGES=(
             g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
             fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin
             cups printer-driver-cups-pdf poppler-utils"
-    [pictures]="graphviz librsvg2-bin xdotool"
+    [pictures]="chromium graphviz librsvg2-bin xdotool"
     [bench]="libbenchmark-dev"
     [fuzz]="clang libclang-rt-14-dev"
     [debootstrap]="debootstrap mount"

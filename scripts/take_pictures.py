@@ -2,9 +2,10 @@
 """Takes the pictures in docs/images from the running program.
 
 Each scene starts the 64-bit program under Wine with settings of its own and copies of the samples,
-presses keys, and saves what the frame then shows, in true colour. Needs a build of preset win64,
-and the packages xdotool, x11-utils, imagemagick and xvfb (scripts/setup.sh window pictures), with
-those of scripts/cups.sh for what is printed (scripts/setup.sh test).
+presses keys, and saves what the frame then shows, in true colour. A browser draws topics of the
+help. Needs a build of preset win64, and the packages chromium, xdotool, x11-utils, imagemagick and
+xvfb (scripts/setup.sh window pictures), with those of scripts/cups.sh for what is printed
+(scripts/setup.sh test).
 
 Usage: take_pictures.py [-o FOLDER] [SCENE...]   (without SCENE: all of them)
        take_pictures.py --list
@@ -21,6 +22,7 @@ import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import time
 from collections.abc import Callable
 from pathlib import Path
@@ -292,18 +294,62 @@ def two_accounts(program: Program, picture: Picture) -> None:
     picture.take(program)
 
 
+# Where a click is on the tab of a sheet's page. Wine 8 does not know Ctrl+Tab in a sheet.
+TABS = ((38, 40), (90, 40), (142, 40))
+
+
+def take_page(program: Program, picture: Picture, title: str, page: int) -> None:
+    """Saves a page of a sheet, counted from 0."""
+    program.wait_for(title)
+    program.click(*TABS[page], title)
+    picture.take(program, title)
+
+
+def take_options(program: Program, picture: Picture, page: int) -> None:
+    program.press(*TOOLS_MENU, "o")
+    take_page(program, picture, "Options.*", page)
+
+
 @scene(width=1000, height=640)
 def options(program: Program, picture: Picture) -> None:
-    program.press(*TOOLS_MENU, "o")
-    program.wait_for("Options.*")
-    picture.take(program, "Options.*")
+    take_options(program, picture, 0)
+
+
+@scene(width=1000, height=640)
+def options_printing(program: Program, picture: Picture) -> None:
+    take_options(program, picture, 1)
+
+
+@scene(width=1000, height=640)
+def options_display(program: Program, picture: Picture) -> None:
+    take_options(program, picture, 2)
+
+
+def take_account_information(program: Program, picture: Picture, page: int) -> None:
+    program.press("F10", "Right", "Down", "Up", "Up", "Up", "Up", "Return")
+    take_page(program, picture, "Account Information.*", page)
 
 
 @scene(width=1000, height=640)
 def account_information(program: Program, picture: Picture) -> None:
-    program.press("F10", "Right", "Down", "Up", "Up", "Up", "Up", "Return")
-    program.wait_for("Account Information.*")
-    picture.take(program, "Account Information.*")
+    take_account_information(program, picture, 0)
+
+
+@scene(width=1000, height=640)
+def account_information_bank(program: Program, picture: Picture) -> None:
+    take_account_information(program, picture, 1)
+
+
+@scene(width=1000, height=640)
+def account_information_holder(program: Program, picture: Picture) -> None:
+    take_account_information(program, picture, 2)
+
+
+@scene(width=1000, height=640)
+def set_password(program: Program, picture: Picture) -> None:
+    program.press("F10", "Right", "Down", "Up", "Up", "Up", "Return")
+    program.wait_for("Set Password")
+    picture.take(program, "Set Password")
 
 
 @scene(width=1000, height=640)
@@ -424,14 +470,38 @@ def printed_page(program: Program, picture: Picture) -> None:
         str(new.pop()), str(picture.path.with_suffix("")))
 
 
+# Topics of the help as a browser shows them.
+TOPICS = {"help-topic": "qm_gettingstarted.htm"}
+
+
+def take_topic(name: str, folder: Path) -> None:
+    """Lets a browser draw a page of the help, which wants the pictures beside its own folder."""
+    with tempfile.TemporaryDirectory() as stage:
+        shutil.copytree(REPO / "help" / "html", Path(stage, "html"))
+        shutil.copytree(REPO / "docs" / "images", Path(stage, "images"))
+        picture = Path(stage, "picture.png")
+        run("chromium", "--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars",
+            f"--user-data-dir={stage}/profile", f"--screenshot={picture}",
+            "--window-size=820,1000", f"file://{stage}/html/{TOPICS[name]}")
+        run("convert", str(picture), "-strip", "-type", "TrueColor", "-define",
+            "png:color-type=2", "-define", "png:compression-level=9", str(folder / f"{name}.png"))
+
+
 def take(name: str, folder: Path) -> None:
+    if name in TOPICS:
+        take_topic(name, folder)
+    else:
+        take_scene(name, folder)
+    print(f"{folder / name}.png")
+
+
+def take_scene(name: str, folder: Path) -> None:
     width, height, flags, files, function = SCENES[name]
     program = Program(width, height, flags, files)
     try:
         function(program, Picture(folder / f"{name}.png"))
     finally:
         program.end()
-    print(f"{folder / name}.png")
 
 
 def main() -> None:
@@ -441,9 +511,9 @@ def main() -> None:
     parser.add_argument("scenes", nargs="*", metavar="SCENE")
     words = parser.parse_args()
     if words.list:
-        print("\n".join(SCENES))
+        print("\n".join([*SCENES, *TOPICS]))
         return
-    unknown = [name for name in words.scenes if name not in SCENES]
+    unknown = [name for name in words.scenes if name not in SCENES and name not in TOPICS]
     if unknown:
         parser.error(f"there is no scene '{unknown[0]}'")
     words.folder.mkdir(parents=True, exist_ok=True)
@@ -453,7 +523,7 @@ def main() -> None:
     printer = Printer()
     try:
         run(str(WINE), "--prepare", "win64")
-        for name in words.scenes or SCENES:
+        for name in words.scenes or [*SCENES, *TOPICS]:
             take(name, words.folder)
     finally:
         printer.end()
