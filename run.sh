@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Opens an account in the program, under Wine, and returns when its window is closed.
 # Usage: ./run.sh [FILE.qmk]   (without FILE: a copy of the sample to try things with)
-# Without a display it starts one of its own, says where a picture of the window is, and ends.
+# Without a display it starts one of its own, saves a picture of the window, prints where, and ends.
 set -euo pipefail
 
 repo=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -26,7 +26,7 @@ choose_file() {
         [[ -e $sample ]] || cp "$repo/samples/household.qmk" "$sample"
         file=$sample
     fi
-    # The program takes a comma for the end of a name.
+    # In the program's arguments a comma ends a name.
     [[ $file != *,* ]] || die "the program cannot open a file with a comma in its path: '$file'"
 }
 
@@ -52,11 +52,11 @@ start_screen() {
     local number
     coproc SCREEN { exec Xvfb -displayfd 1 -screen 0 1280x960x24 -nolisten tcp 2>/dev/null; }
     screen=$SCREEN_PID
-    read -r number <&"${SCREEN[0]}" || die "no display could be started"
+    read -r number <&"${SCREEN[0]}" || die "Xvfb could not start a display"
     export DISPLAY=:$number
 }
 
-# The window shows when the screen has more than one colour and no longer changes.
+# The window is complete when the screen has more than one colour and no longer changes.
 take_picture() {
     local before='' now='' tries
     mkdir -p "$(dirname "$picture")"

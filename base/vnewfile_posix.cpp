@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "base/vfile_posix.h"
+#include "base/vnewname.h"
 
 namespace {
 
@@ -62,21 +63,15 @@ VFileFault VNewFile::Create(const char* szPath, bool bReplace)
 {
     Parts& parts = *m_pParts;
     parts.bReplace = bReplace;
-    VFileFault fault = parts.TestPresent(szPath);
+    const VFileFault fault = parts.TestPresent(szPath);
     if (fault != VFileFault::None) {
         return fault;
     }
     parts.sPath = FinalPath(szPath);
-    fault = VFileFault::Exists;
-    for (int nTry = 1; nTry <= VNewNameTries && fault == VFileFault::Exists; ++nTry) {
-        const VString sNew =
-            VNewNameBeside(parts.sPath.GetText(), static_cast<uint32_t>(getpid()), nTry);
-        fault = parts.file.Open(sNew.GetText(), O_WRONLY | O_CREAT | O_EXCL, 0666);
-        if (fault == VFileFault::None) {
-            parts.sNew = sNew;
-        }
-    }
-    return fault == VFileFault::Exists ? VFileFault::Other : fault;
+    return VOpenNewBeside(parts.sPath.GetText(), static_cast<uint32_t>(getpid()), parts.sNew,
+                          [&](const char* szName) {
+                              return parts.file.Open(szName, O_WRONLY | O_CREAT | O_EXCL, 0666);
+                          });
 }
 
 VFileFault VNewFile::Write(const void* pBytes, size_t uSize)

@@ -1,6 +1,7 @@
 #include "base/vnewfile.h"
 
 #include "base/vfile_win.h"
+#include "base/vnewname.h"
 
 namespace {
 
@@ -46,21 +47,15 @@ VNewFile::~VNewFile()
 VFileFault VNewFile::Create(const char* szPath, bool bReplace)
 {
     Parts& parts = *m_pParts;
-    VFileFault fault = TestPresent(szPath, bReplace);
+    const VFileFault fault = TestPresent(szPath, bReplace);
     if (fault != VFileFault::None) {
         return fault;
     }
     parts.bReplace = bReplace;
     parts.sPath = szPath;
-    fault = VFileFault::Exists;
-    for (int nTry = 1; nTry <= VNewNameTries && fault == VFileFault::Exists; ++nTry) {
-        const VString sNew = VNewNameBeside(szPath, GetCurrentProcessId(), nTry);
-        fault = parts.file.Open(sNew.GetText(), GENERIC_WRITE, CREATE_NEW);
-        if (fault == VFileFault::None) {
-            parts.sNew = sNew;
-        }
-    }
-    return fault == VFileFault::Exists ? VFileFault::Other : fault;
+    return VOpenNewBeside(szPath, GetCurrentProcessId(), parts.sNew, [&](const char* szName) {
+        return parts.file.Open(szName, GENERIC_WRITE, CREATE_NEW);
+    });
 }
 
 VFileFault VNewFile::Write(const void* pBytes, size_t uSize)

@@ -10,11 +10,11 @@ preset=${1:?usage: build.sh PRESET [TARGET...]}
 shift
 log=build/logs/build-$preset.log
 stamp=build/$preset/.configured
-# What was configured on a machine without GoogleTest knows no tests.
+# A folder that was configured before GoogleTest was installed has no tests.
 [[ ! -d /usr/src/googletest ]] || stamp+=-with-tests
 export CMAKE_BUILD_PARALLEL_LEVEL=${CMAKE_BUILD_PARALLEL_LEVEL:-$(nproc)}
 
-# Ninja itself runs CMake again for a changed CMakeLists.txt, but knows nothing of the presets.
+# Ninja runs CMake again when a CMakeLists.txt has changed, but not when the presets have.
 configure() {
     [[ $stamp -nt CMakePresets.json ]] && return
     cmake --preset "$preset" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON && touch "$stamp"

@@ -15,8 +15,8 @@ from compiledsources import REPO
 # What each folder may include: the whole architecture. An arrow that is not here is an error, and
 # so is a folder that is not here. "portable" stands for the folders in PORTABLE.
 #
-# The portability check sees to the rest: what qmktool, fuzz, bench and tests/core include of a
-# folder with a Windows half is that folder's portable half.
+# The portability check does the rest: of a folder with a Windows half, qmktool, fuzz, bench and
+# tests/core may include only the portable half.
 PORTABLE = "base account settings printing entry tools register exchange reports"
 ROOMS = {
     "base": "",
@@ -39,7 +39,7 @@ ROOMS = {
     "bench": PORTABLE,
     "tests/support": PORTABLE,
     "tests/core": f"{PORTABLE} tests/support resources",
-    # The program from outside: what it is made of for Windows is not at hand there.
+    # These tests see the program from outside, so they may not include its Windows classes.
     "tests/e2e": f"{PORTABLE} tests/support resources",
     "tests/win": f"{PORTABLE} tests/support resources toolkit help shell",
 }
@@ -64,7 +64,7 @@ def sources(root: Path) -> Iterator[Path]:
 def problems_in(root: Path, name: Path) -> Iterator[tuple[int, str]]:
     room = room_of(name)
     if room not in ROOMS:
-        # What is compiled into every test program before all else includes nothing of ours.
+        # A header that every test program includes first. It includes nothing of this repository.
         if room or name.parts[0] != "tests":
             yield 0, f"stands in a folder that {Path(__file__).name} does not know"
         return

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Finds platform code in files that are to be portable. Prints each place; exit code 1 if any.
+"""Finds platform code in files that must be portable. Prints each place; exit code 1 if any.
 
 Portable is what a build for this machine compiles, headers included, and all that stands in the
 folders without a Windows half. The build chooses between files named *_win.* and *_posix.*, so that

@@ -1,7 +1,7 @@
 # For scripts that provide a source package of Debian's, fetched from where this machine gets its
 # packages: to be sourced from the repository's folder. Such a script defines fetch_version VERSION,
-# which fetches that version and unpacks it in the current folder, and calls provide_sources. Changes
-# nothing on the machine.
+# which fetches that version and unpacks it in the current folder, and calls provide_sources.
+# Changes nothing on the machine.
 
 # on_sources COMMAND...: apt's command with lists and a cache of its own and no places but those of
 # sources.

@@ -11,8 +11,8 @@ rm -rf "$stage"
 mkdir -p "$stage/images"
 cp -r "$repo"/help/html "$repo"/help/quillmark.hh? "$stage"
 cp "$repo"/docs/images/*.png "$stage/images"
-# chmcmd finds the files of a project from the folder that it stands in. It warns of a missing file
-# and goes on; what it made then is taken away.
+# chmcmd finds the files of a project from the folder that it stands in. It only warns of a
+# missing file. Then its output is removed.
 if ! log=$(cd "$stage" && chmcmd --no-html-scan quillmark.hhp 2>&1) || [[ $log == *Warning* ]]; then
     echo "$log" >&2
     exit 1

@@ -22,7 +22,7 @@ check() {
     fi
 }
 
-# What was found well laid out is not looked at again until it or the rules change.
+# A file that was in good order is not checked again before it or the rules change.
 check_format() {
     local clean=build/layout-clean began=build/layout-began
     mkdir -p build

@@ -31,7 +31,7 @@ from pathlib import Path
 
 PROGRAM_LIMIT_S = 1200
 TOOL_TEST_LIMIT_S = 300
-# More than these failures are no accident.
+# So many failures are not accidental. They are not tried again.
 SECOND_TRIES = 5
 
 
@@ -59,7 +59,7 @@ RUN_LINE = re.compile(r"^\[ RUN      \] (\S+)$")
 END_LINE = re.compile(r"^\[(       OK |  FAILED  |  SKIPPED )\] (\S+?),? .*\(\d+ ms\)$")
 
 
-# What Wine says of a program that crashed or damaged its heap.
+# What Wine prints about a program that crashed or damaged its heap.
 DAMAGE = re.compile(r"wine: Unhandled|:err:heap:|:err:seh:.*(exception|overflow)")
 
 
@@ -76,13 +76,13 @@ def blocks_of(output: str) -> tuple[dict[str, str], str, str]:
     for line in output.splitlines():
         begin, end = RUN_LINE.match(line), END_LINE.match(line)
         if begin:
-            # What a program says while it ends belongs to the test that started it.
+            # What a program prints while it ends belongs to the test that started it.
             if ended and is_damage("\n".join(lines)):
                 blocks[ended] += "\n" + "\n".join(lines)
             running, lines = begin[1], []
         lines.append(line)
         if end and end[2] == running:
-            # A program that repeats its tests tells of each several times.
+            # A program that repeats its tests reports each of them several times.
             blocks[running] = "\n".join([blocks[running], *lines] if running in blocks else lines)
             running, ended, lines = "", running, []
     return blocks, running, "\n".join(lines)
@@ -98,7 +98,7 @@ def skip_reason(case: ElementTree.Element) -> str:
 def report_results(report: Path, blocks: dict[str, str]) -> Results:
     """The results as the program's own XML report tells them."""
     results = Results()
-    # A message may hold any byte, whatever encoding the report claims.
+    # A message may contain any byte, whatever encoding the report names.
     tree = ElementTree.fromstring(report.read_text(encoding="latin-1"))
     for case in tree.iter("testcase"):
         name = f"{case.get('classname')}.{case.get('name')}"
@@ -117,7 +117,7 @@ def report_results(report: Path, blocks: dict[str, str]) -> Results:
 
 
 def crash_results(blocks: dict[str, str]) -> Results:
-    """The results of a program that died before it wrote its report, as far as it came."""
+    """The results of a program that died before it wrote its report, up to where it came."""
     results = Results()
     for name, text in blocks.items():
         lines = text.splitlines()
@@ -134,12 +134,12 @@ def crash_results(blocks: dict[str, str]) -> Results:
 
 def run_program(command: list[str], folder: Path, ring: str,
                 part: dict[str, str] | None = None) -> Results:
-    """Runs a GoogleTest program. One that dies, hangs or has no tests is a failure of its own."""
+    """Runs a GoogleTest program. If it dies, hangs or runs no test, that counts as a failure."""
     report = folder / f"{ring}.xml"
     log = folder / f"{ring}.log"
     report.unlink(missing_ok=True)
     ending = ""
-    # A file, not a pipe: what the program leaves running must not keep us waiting.
+    # A file, not a pipe: with a pipe, this would wait for programs that are left running.
     with open(log, "wb") as stream:
         try:
             code = subprocess.run(
@@ -170,7 +170,7 @@ def run_program(command: list[str], folder: Path, ring: str,
 
 
 def run_parts(commands: list[list[str]], folder: Path, ring: str) -> Results:
-    """Shares the tests of a program out among several of its kind, which run side by side."""
+    """Divides the tests of a program among several runs of it, which go side by side."""
     if len(commands) == 1:
         return run_program(commands[0], folder, ring)
     parts = [{"GTEST_TOTAL_SHARDS": str(len(commands)), "GTEST_SHARD_INDEX": str(index)}
@@ -288,7 +288,7 @@ def main() -> int:
     parser.add_argument("--counts", type=Path, required=True, help="file to append the counts to")
     options = parser.parse_args()
 
-    # Ended from outside, it must still end the program that it waits for.
+    # When this script is killed, it must first end the program that it waits for.
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     began = time.monotonic()
     options.counts.parent.mkdir(parents=True, exist_ok=True)

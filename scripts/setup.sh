@@ -32,7 +32,7 @@ declare -rA PACKAGES=(
 )
 log=build/logs/setup.log
 service_policy=/usr/sbin/policy-rc.d
-# Debian's tools for administrators are not on every caller's path.
+# Debian's tools for administrators may not be on the caller's path.
 export PATH=$PATH:/usr/sbin:/sbin
 
 die() {
@@ -49,13 +49,13 @@ missing_of() {
     done
 }
 
-# One source of many may be out of reach and yet not needed; the installation will tell.
+# One of several sources may be out of reach and not be needed. The installation will show that.
 update_index() {
     apt-get update || { sleep 5 && apt-get update; } || echo "the package index is incomplete"
 }
 
-# A service that comes with a package must not run here because of us. Debian asks this file before
-# it starts one; where the machine has such a rule of its own, that one decides.
+# A service that comes with a package must not start here. Debian asks this file before it starts
+# one. If the machine has such a file already, that one decides.
 forbid_services() {
     [[ ! -e $service_policy ]] || return 0
     trap 'rm -f "$service_policy"' EXIT
@@ -91,6 +91,6 @@ for group in "$@"; do
     packages+=("${names[@]}")
 done
 provide "${packages[@]}"
-# What is built for Windows needs it.
+# The Windows builds need both.
 [[ " $* " != *" test "* && " $* " != *" window "* ]] || { scripts/expat.sh && scripts/libharu.sh; }
 [[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install

@@ -3,11 +3,10 @@
 
 Usage: testrun.py [RING...]   (without RING: all of them; "quick": the QUICK ones)
 
-What only one thing at a time may use is a lane: a thread that takes its jobs in order. Lane "build"
-builds the presets, and is polite: what it leaves the processor for are the lanes "console" and
-"window", whose rings start as soon as their presets are built. Tests of windows mostly wait, so
-that several parts of such a ring run side by side, each with a Wine prefix and a display of its
-own.
+A lane is a thread that does its jobs one after the other. Lane "build" builds the presets, with a
+lower priority ("nice") than the lanes "console" and "window", whose rings start as soon as their
+presets are built. Tests of windows mostly wait. So several parts of such a ring run side by side,
+each with a Wine prefix and a display of its own.
 
 To add a ring, add a row to RINGS: with `program`, the name of a GoogleTest program below
 build/PRESET/bin, or with `command`, a script that prints what it found and appends a line "PASSED
@@ -57,7 +56,7 @@ class Ring:
     debug: str = ""  # the variable that puts Wine's checking heap under what is tested
 
 
-# What wine.sh gives to the program that it runs, and e2e_tests to the programs that it starts.
+# Variables for the program that wine.sh runs, and for the programs that e2e_tests starts.
 OWN_DEBUG, PROGRAM_DEBUG = "QUILLMARK_WINE_DEBUG", "QUILLMARK_PROGRAM_DEBUG"
 
 # A spooler that nobody listens for is a machine without a printer.
@@ -67,7 +66,7 @@ PRINTERS_APART = (
     Apart("*PrinterThatVanishes*", servers=("stoppable printer",)),
 )
 
-# Lanes take their rings in this order.
+# Each lane runs its rings in this order.
 RINGS = {
     "core": Ring(("native",), program="core_tests", tool=True),
     "win-win64": Ring(("win64",), "window", program="win_tests",
@@ -84,7 +83,7 @@ RINGS = {
     "lint": Ring((), "build", command=("scripts/lint.sh",)),
 }
 QUICK = ("core", "lint")
-# A printer of the tests' own, shared by all: a test finds its document by the title. And one that a
+# A printer for the tests, shared by all of them: a test finds its document by the title. And one that a
 # test may stop: its tests run one after another.
 SERVERS: dict[str, tuple[str, ...]] = {
     "printer": ("scripts/cups.sh", "build/cups"),
@@ -97,7 +96,7 @@ BUILD_ORDER = ("win64", "win32", "native", "native-asan")
 
 # Parts of a ring of windows.
 PARTS = 2 * (os.cpu_count() or 1)
-# Finds use after free that Wine's ordinary heap hides. Of all else Wine tells what went wrong.
+# Finds use after free, which Wine's ordinary heap hides. Wine also reports other errors.
 CHECKING_HEAP = "fixme-all,warn+heap"
 # An error that a sanitizer finds must not look like a refusal, whose code is 1.
 SANITIZERS = {
@@ -192,7 +191,7 @@ class Job:
             began = time.monotonic()
             self.code, self.processor = self.work()
             self.seconds = time.monotonic() - began
-        except Exception:  # nobody may wait for it in vain
+        except Exception:  # other jobs wait for this one
             traceback.print_exc()
         finally:
             self.done.set()
@@ -246,8 +245,8 @@ class TestRun:
         return f":{number}"
 
     def start_slot(self, preset: str, number: int) -> dict[str, str]:
-        """A Wine prefix with its services running, and a display. Number 0 is the preset's own
-        prefix, for programs without windows; all others are copies of it."""
+        """A Wine prefix with running services, and a display. Number 0 is the prefix of the preset
+        itself, for programs without windows. All others are copies of it."""
         environment = {"QUILLMARK_WINE_SLOT": str(number) if number else "",
                        "DISPLAY": self.start_screen()}
         self.held.append((preset, environment))
@@ -308,7 +307,7 @@ class TestRun:
         for server in self.servers.values():
             if server is not None:
                 server.child.stdin.close()
-        # Wine's services are nobody's children. They end before their displays.
+        # Wine's services are not children of this process. They must end before their displays.
         for preset, environment in self.held:
             subprocess.run(["scripts/wine.sh", "--end", preset], env=os.environ | environment,
                            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,

@@ -27,11 +27,11 @@ from compiledsources import REPO, compile_entries, headers_in
 
 MEMORY = REPO / "build" / "tidy"
 GROUPS = REPO / "build" / "tidy-groups"
-# More in a group save little and make one processor wait for the other.
+# A larger group saves little, and one processor would wait for the other.
 LARGEST_GROUP = 8
 NOISE = re.compile(
     r"^(\d+ warnings? (generated|treated as error)|Suppressed \d+|Use -header-filter)")
-# What the sources of a folder may differ in, and what means nothing to Clang.
+# Options in which the sources of a folder may differ, and options that Clang does not know.
 OWN_OPTIONS = re.compile(r"-o|-c|-include|-Winvalid-pch|-fpch-preprocess|-mstackrealign")
 INNER_NAME = re.compile(r"^(?!namespace|using namespace|#|//|[{}])[^\s(=\[{;][^(=\[{;]*?(\w+)\s*"
                         r"(?:[(=\[{;:]|$)", re.MULTILINE)
@@ -54,7 +54,7 @@ class Source:
 
     @property
     def inner_names(self) -> set[str]:
-        """The names that it has for itself, and that others must not have beside it."""
+        """The names that are only its own. No other source in the same group may have them."""
         text = self.path.read_text(encoding="utf-8", errors="replace")
         inner = "".join(INNER_PART.findall(text))
         return set(INNER_NAME.findall(inner)) | set(MACRO.findall(text))
@@ -96,7 +96,7 @@ def options_of(entry: dict[str, str]) -> tuple[str, ...]:
 
 
 def sources_of(builds: list[Path]) -> list[Source]:
-    # The tests' own sources take several times as long as all others, for their macros' sake.
+    # The sources of the tests would take several times as long as all others, because of the macros.
     found: dict[Path, Source] = {}
     for build in builds:
         for entry in compile_entries(build):
@@ -107,7 +107,7 @@ def sources_of(builds: list[Path]) -> list[Source]:
 
 
 def groups_of(sources: list[Source]) -> list[list[Source]]:
-    """Puts those together that have a folder and options in common and no names of their own."""
+    """Groups sources of the same folder and options, as long as their own names are different."""
     groups: list[tuple[object, set[str], list[Source]]] = []
     for source in sources:
         kind, names = (source.path.parent, source.options), source.inner_names
@@ -146,7 +146,7 @@ def check_group(group: list[Source]) -> list[tuple[Source, str]]:
         together.write_text("".join(lines), encoding="utf-8")
         if not check_file(together, group[0].options):
             return [(source, "") for source in group]
-    # By themselves they tell more: whose it is, or that they only do not fit together.
+    # One by one they show which source it is, or that they only cannot be checked together.
     return list(check_alone(group))
 
 

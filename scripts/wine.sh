@@ -7,10 +7,10 @@
 #        wine.sh --hold PRESET      keeps Wine's services running until standard input ends
 #        wine.sh --end PRESET       ends what is still running in the prefix
 # PRESET is win32 or win64. A program runs on the display of DISPLAY, or on one of its own.
-# The environment may say more:
-#   QUILLMARK_WINE_HELD=1   somebody holds the services, and the display where one is needed
-#   QUILLMARK_WINE_SLOT=N   a copy of the prefix, build/wine-PRESET-N, for what runs side by side
-#   QUILLMARK_WINE_DEBUG    what Wine tells on standard error (its WINEDEBUG); nothing by default
+# Variables of the environment:
+#   QUILLMARK_WINE_HELD=1   another process keeps the services running, and the display
+#   QUILLMARK_WINE_SLOT=N   use a copy of the prefix, build/wine-PRESET-N, to run side by side
+#   QUILLMARK_WINE_DEBUG    WINEDEBUG for the program; by default Wine reports nothing
 set -euo pipefail
 
 repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -35,10 +35,10 @@ original=$repo/build/wine-$preset
 export WINEPREFIX=$original${QUILLMARK_WINE_SLOT:+-$QUILLMARK_WINE_SLOT}
 export WINEARCH=$preset
 export WINEDEBUG=-all
-# No offers to download Mono and Gecko, no menu entries in the user's home. A viewer of help that a
-# test puts in the way of Wine's own is taken.
+# Wine must not offer to download Mono and Gecko, nor write menu entries into the user's home. A help
+# viewer that a test puts in the way of Wine's own is used.
 export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d;hhctrl.ocx=n,b'
-# The code page of Windows programs follows the locale, and results must not follow the machine.
+# The locale decides the code page of Windows programs. Results must not depend on the machine.
 export LC_ALL=C.UTF-8
 
 in_wine() {
@@ -69,16 +69,17 @@ link_fonts() {
 make_prefix() {
     local log=$repo/build/logs/wine-$preset.log
     mkdir -p "$repo/build/logs"
-    link_fonts >"$log" 2>&1 </dev/null || echo "wine.sh: Wine's fonts are not there, see $log" >&2
-    in_wine wine wineboot -i >>"$log" 2>&1 </dev/null || die "no prefix could be made, see $log"
+    link_fonts >"$log" 2>&1 </dev/null || echo "wine.sh: Wine's fonts are missing, see $log" >&2
+    in_wine wine wineboot -i >>"$log" 2>&1 </dev/null ||
+        die "Wine could not make its prefix, see $log"
     # In a desktop of Wine's own, captions are drawn and windows activated without a window manager.
     in_wine wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$log" 2>&1
     in_wine wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x900 /f \
         >>"$log" 2>&1
-    # A program that crashes ends, with its story on standard error and no box to answer.
+    # A program that crashes ends at once. Wine writes the cause to standard error and shows no box.
     in_wine wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
         >>"$log" 2>&1
-    # What runs by now knows nothing of the desktop.
+    # Programs of Wine that run already do not use the new desktop.
     in_wine wineserver -k || true
 }
 
@@ -123,12 +124,12 @@ start_services() {
     [[ -n ${QUILLMARK_WINE_HELD:-} ]] || in_wine wine hostname >/dev/null 2>&1 </dev/null || true
 }
 
-# Of what the build makes, two programs open no window.
+# Of the programs that the build makes, these two open no window.
 is_windowed() {
     [[ -f $1 && ${1##*/} != core_tests.exe && ${1##*/} != qmktool.exe ]]
 }
 
-# Ends the services too: they are of no use without their display, and would say so.
+# Ends the services too. Without their display they only print errors.
 end_display() {
     in_wine wineserver -k || true
     kill "$1" || true
@@ -143,14 +144,14 @@ run_on_own_display() {
     coproc SCREEN { exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>/dev/null; }
     # shellcheck disable=SC2064
     trap "end_display $SCREEN_PID" EXIT
-    read -r number <&"${SCREEN[0]}" || die "no display could be started"
+    read -r number <&"${SCREEN[0]}" || die "Xvfb could not start a display"
     DISPLAY=:$number start_services
     DISPLAY=:$number WINEDEBUG=${QUILLMARK_WINE_DEBUG:-$WINEDEBUG} in_wine wine "$@" || status=$?
     exit "$status"
 }
 
 run() {
-    [[ $# -gt 0 ]] || die "which program?"
+    [[ $# -gt 0 ]] || die "the name of a program is missing"
     require_wine
     prepare
     if [[ -z ${DISPLAY:-}${QUILLMARK_WINE_HELD:-} ]] && is_windowed "$1"; then

@@ -12,7 +12,7 @@ trial=$repo/build/apt-i386
 log=$repo/build/logs/wine32.log
 loader=/usr/lib/wine/wine
 added=
-# Debian's tools for administrators are not on every caller's path.
+# Debian's tools for administrators may not be on the caller's path.
 export PATH=$PATH:/usr/sbin:/sbin
 
 die() {
@@ -26,7 +26,7 @@ trial_apt() {
         -o Dir::State::lists="$trial/lists" -o Dir::Cache="$trial/cache" "$@"
 }
 
-# An architecture more changes the whole machine, so it is added only after a rehearsal went well.
+# Adding an architecture changes the whole machine. So it is added only after a trial succeeded.
 rehearse() {
     mkdir -p "$trial/lists/partial" "$trial/cache/archives/partial"
     trial_apt -o APT::Update::Error-Mode=any update &&
@@ -47,7 +47,7 @@ install_on_machine() {
     apt-get update && install_package && added=
 }
 
-# Takes back what an installation began and did not finish, whatever ended it.
+# Undoes an installation that did not finish, whatever the reason.
 take_back_architecture() {
     [[ -z $added ]] || dpkg --remove-architecture i386 || true
     added=
@@ -75,9 +75,9 @@ use_proxy_of_apt() {
     [[ -z $proxy || $proxy == DIRECT ]] || export http_proxy=${http_proxy:-$proxy}
 }
 
-# Finds the command that gives its command mounts of its own, which end with the last process that
-# sees them, so that nothing is left to unmount however a run ends. In a chroot they cannot be made
-# private, and do only where none is shared.
+# Finds the command that runs another command with mounts of its own. They end with the last process
+# that sees them, so that nothing is left to unmount, however a run ends. In a chroot mounts cannot
+# be made private; there this works only when no mount is shared.
 find_namespace() {
     namespace=(unshare --mount)
     "${namespace[@]}" true 2>/dev/null && return
@@ -89,7 +89,7 @@ install_root() {
     local source
     source=$(mirror) || { echo "no mirror of $(codename) is known to apt"; return 1; }
     use_proxy_of_apt
-    find_namespace || { echo "mounts of a process's own cannot be had here"; return 1; }
+    find_namespace || { echo "this machine does not allow a process mounts of its own"; return 1; }
     "$repo/scripts/setup.sh" debootstrap || return 1
     rm -rf --one-file-system "$root.new"
     "${namespace[@]}" debootstrap --arch=i386 --variant=minbase \
@@ -115,7 +115,7 @@ install() {
     echo "setup: i386 packages do not fit this machine; making a 32-bit Debian under build/"
     install_root >>"$log" 2>&1 </dev/null && return
     rm -rf --one-file-system "$root"
-    die "no 32-bit Wine can be had: $(tail -n1 "$log") (more in ${log#"$repo/"})"
+    die "there is no way to get a 32-bit Wine: $(tail -n1 "$log") (more in ${log#"$repo/"})"
 }
 
 # Runs the arguments inside $1, with the folders that a test uses.
@@ -137,7 +137,7 @@ exec_command() {
     [[ -x $loader ]] && exec "$@"
     [[ -x $root$loader ]] || die "there is no 32-bit Wine; run: scripts/setup.sh wine32"
     [[ $EUID -eq 0 ]] || die "only root can enter ${root#"$repo/"}"
-    find_namespace || die "mounts of a process's own cannot be had here"
+    find_namespace || die "this machine does not allow a process mounts of its own"
     exec "${namespace[@]}" sh -c "$ENTER" sh "$root" "$repo" "$@"
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "tests/e2e/currentfolder.h"
 #include "tests/e2e/reviewwindow.h"
 #include "tests/e2e/work_test.h"
 
@@ -281,11 +282,10 @@ TEST_F(ClosingTest, FailureOfSaveAllOutlivesAFileThatOpensMeanwhile)
     // Neither can be written: there are folders of these names.
     ASSERT_TRUE(CreateDirectoryA(PathOf("Untitled1").c_str(), nullptr));
     ASSERT_TRUE(CreateDirectoryA(PathOf("Untitled2").c_str(), nullptr));
-    char szBefore[MAX_PATH] = "";
-    GetCurrentDirectoryA(sizeof szBefore, szBefore);
-    SetCurrentDirectoryA(PathOf("").c_str());
-    OpenNew();
-    SetCurrentDirectoryA(szBefore);
+    {
+        const CurrentFolder folder(PathOf(""));
+        OpenNew();
+    }
     m_program.NewDocument(2);
     m_program.Post(IDM_FILE_SAVEALL);
     const MessageBoxWindow box =
@@ -312,11 +312,10 @@ protected:
     // A new document with a transaction. The current folder of the program is that of the test.
     void OpenNewChanged()
     {
-        char szBefore[MAX_PATH] = "";
-        GetCurrentDirectoryA(sizeof szBefore, szBefore);
-        SetCurrentDirectoryA(PathOf("").c_str());
-        OpenNew();
-        SetCurrentDirectoryA(szBefore);
+        {
+            const CurrentFolder folder(PathOf(""));
+            OpenNew();
+        }
         Add({.sDate = "2004-01-01", .sAmount = "1", .sDescription = "kept"});
         AwaitTitle("Untitled1 *");
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tests/e2e/currentfolder.h"
 #include "tests/e2e/keyboard.h"
 #include "tests/e2e/work_test.h"
 
@@ -430,12 +431,10 @@ TEST_F(LostFolderTest, SaveThatFailsAtTheClosingIsNotTold)
 
 TEST_F(SavingTest, SaveAllGivesANewDocumentAFileOfItsName)
 {
-    char szBefore[MAX_PATH] = "";
-    GetCurrentDirectoryA(sizeof szBefore, szBefore);
-    // The current folder of the program is the one in which it was started.
-    SetCurrentDirectoryA(PathOf("").c_str());
-    OpenNew();
-    SetCurrentDirectoryA(szBefore);
+    {
+        const CurrentFolder folder(PathOf(""));
+        OpenNew();
+    }
     Add({.sDate = "2004-01-01", .sAmount = "1", .sDescription = "kept"});
     Do(IDM_FILE_SAVEALL);
     EXPECT_EQ(m_program.GetActiveTitle(), "Untitled1");

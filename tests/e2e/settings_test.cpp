@@ -1,6 +1,7 @@
 // What the program writes into the registry, and what it makes of what it finds there.
 
 #include "resources/resource.h"
+#include "tests/e2e/currentfolder.h"
 #include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/e2e_test.h"
 
@@ -61,11 +62,10 @@ TEST_F(SettingsTest, FirstStartWritesTheDefaultsAndNothingElse)
 TEST_F(SettingsTest, FirstStartOpensFilesWhereItWasStarted)
 {
     const std::string sPath = CopySample("here.qmk");
-    char szBefore[MAX_PATH] = "";
-    GetCurrentDirectoryA(sizeof szBefore, szBefore);
-    SetCurrentDirectoryA(PathOf("").c_str());
-    m_program.Open();
-    SetCurrentDirectoryA(szBefore);
+    {
+        const CurrentFolder folder(PathOf(""));
+        m_program.Open();
+    }
     m_program.Post(IDM_FILE_OPEN);
     AwaitFileDialog(m_program, "Open").Enter("here.qmk");
     Await("the account", [&] { return m_program.GetDocumentTitles() == Texts{sPath}; });

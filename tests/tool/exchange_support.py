@@ -14,7 +14,7 @@ SAFE = b"abcdefghijklmnopqrstuvwxyzABCXYZ0123456789 .:;!?*+=/#@_-"
 
 
 def plain_entries(count: int, seed: int = 11) -> list[Entry]:
-    """Sound entries of all types and tags, out of order, with texts that every format carries."""
+    """Valid entries of all types and tags, not in order, with texts that every format can hold."""
     source = random.Random(seed)
 
     def text(longest: int) -> bytes:
@@ -32,7 +32,7 @@ def plain_entries(count: int, seed: int = 11) -> list[Entry]:
 
 
 def shown(entries: Iterable[Entry]) -> list[dict[str, Any]]:
-    """The fields that list tells of entries in the order of the register; amounts as singles."""
+    """The fields that `list` prints of entries, in the register's order; amounts are singles."""
     return [{"lType": entry.type, "dtDate": list(entry.day), "lNumber": entry.number,
              "fAmount": "%.9g" % rules.as_single(entry.amount), "lFlags": entry.flags,
              "dtCleared": list(entry.cleared or entry.day),
@@ -45,7 +45,7 @@ def shown(entries: Iterable[Entry]) -> list[dict[str, Any]]:
 class ExchangeTestCase(ToolTestCase):
 
     def assert_converts(self, source: Path | str, out: str, *options: str) -> bytes:
-        """Returns OUT's bytes."""
+        """Returns the bytes of OUT."""
         path = self.folder / out
         path.unlink(missing_ok=True)
         self.assert_done(run("convert", source, path, *options))

@@ -1,5 +1,5 @@
-"""The exchange formats, stated once more and independently: what their writers write of an
-account's entries, byte for byte, and what their readers make of a file."""
+"""The exchange formats, written a second time: what their writers write of an account's entries,
+byte for byte, and what their readers make of a file."""
 
 import re
 import xml.etree.ElementTree as ElementTree
@@ -13,7 +13,8 @@ from support import IS_WINDOWS, Day, Entry
 LINE_END = b"\r\n" if IS_WINDOWS else b"\n"
 KINDS = ("qif", "csv", "xml")
 
-# What a reader takes for a type: the text's start, ignoring case, is compared in this order.
+# How a reader finds a type: it compares the start of the text with these, in this order and without
+# regard to case.
 TYPE_NAMES = (("Check", 0), ("Deposit", 1), ("Withdrawal", 2), ("Fee", 3), ("Direct Deposit", 4),
               ("direct-deposit", 4), ("Direct Debit", 5), ("direct-debit", 5), ("ATM Deposit", 6),
               ("atm-deposit", 6), ("ATM Withdrawal", 7), ("atm-withdrawal", 7),
@@ -45,7 +46,7 @@ atm-deposit | atm-withdrawal | auto-payment | transfer-credit | transfer-debit |
 """
 CSV_HEADER = b"Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense"
 
-# What a record is before its fields are read.
+# The values of a record before its fields are read.
 NEW = Entry(type=0, day=Day(2000, 1, 1), number=0, amount=0.0, flags=NOT_CLEARED,
             cleared=Day(2000, 1, 1), description=b"", memo=b"", category=b"")
 
@@ -130,8 +131,7 @@ WRITERS: dict[str, Callable[[Iterable[Entry]], bytes]] = {
 
 
 def in_order(entries: Iterable[Entry]) -> list[Entry]:
-    """By date, with nothing mended: what a reader gives is mended only once it comes back from an
-    account file."""
+    """By date. Nothing is mended: that is done when an account file is read."""
     return sorted(entries, key=lambda entry: entry.day)
 
 
@@ -150,7 +150,7 @@ def type_named(text: bytes) -> int:
 
 
 def with_payee(entry: Entry, text: bytes) -> Entry:
-    """A text that begins with a type's name gives the type, and as description what is behind."""
+    """A text that begins with the name of a type gives that type. The rest is the description."""
     number = type_named(text)
     if number < 0:
         return replace(entry, description=text[:255] or entry.description)
@@ -162,7 +162,7 @@ def with_payee(entry: Entry, text: bytes) -> Entry:
 
 
 def settled(entry: Entry) -> Entry:
-    """The end of a record in QIF and CSV: the sign of the amount decides on the side."""
+    """The end of a record in QIF and CSV: the sign of the amount decides on debit or credit."""
     if entry.amount > 0:
         number = entry.type if entry.type in CREDITS else 1
     elif entry.type == 0:
@@ -200,7 +200,7 @@ def read_qif(data: bytes) -> list[Entry]:
 
 
 def read_csv(data: bytes) -> list[Entry]:
-    """Of files whose texts hold no comma."""
+    """For files whose texts contain no comma."""
     entries = []
     for line in data.splitlines()[1:]:
         day, number, text, amount, memo, category, *tags = line.split(b",")
@@ -217,7 +217,7 @@ def read_csv(data: bytes) -> list[Entry]:
 
 
 def read_xml(data: bytes) -> list[Entry]:
-    """Values are taken as they come: no rule settles them."""
+    """Values are taken as they are: no rule changes them."""
     text = re.sub(rb"<!DOCTYPE.*?\]>", b"", data, flags=re.DOTALL)
     return [xml_entry(element) for element in ElementTree.fromstring(text)]
 

@@ -1,4 +1,4 @@
-"""The register's rules, stated once more and independently, for comparison with the program."""
+"""The rules of the register, written a second time to compare the program with them."""
 
 import struct
 from dataclasses import dataclass, replace
@@ -40,7 +40,7 @@ class Register:
 
 
 def lose_bytes(region: bytes) -> bytes:
-    """What scrambling and unscrambling leave of a region."""
+    """The bytes of a region after scrambling and unscrambling."""
     return region.replace(b"\xdf", b" ")
 
 
@@ -77,7 +77,7 @@ def unscrambled_block(entry: Entry) -> Entry:
 
 
 def register_order(entries: Iterable[Entry], version: int = V2_0) -> list[Entry]:
-    """The entries as read, by date; those of one day keep their order."""
+    """The entries as the program reads them, by date. Those of one day keep their order."""
     return sorted((as_read(entry, version) for entry in entries), key=lambda entry: entry.day)
 
 
@@ -150,7 +150,7 @@ def printable(text: bytes) -> bytes:
 
 
 def text_line(line: dict[str, bytes], widths: dict[str, int]) -> bytes:
-    """One line of cells; behind the last one there is nothing to fill up."""
+    """One line of cells, without blanks at its end."""
     used = [column for column in COLUMNS if line[column]]
     cells = [line[column].rjust(widths[column]) if column in RIGHT_ALIGNED
              else line[column].ljust(0 if column == used[-1] else widths[column])

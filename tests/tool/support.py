@@ -67,7 +67,7 @@ posix_only = unittest.skipIf(
 
 
 class Day(NamedTuple):
-    """A date that may be none of the calendar's; compares by year, month and day."""
+    """A date that need not exist in the calendar. Compares by year, month and day."""
     year: int
     month: int
     day: int
@@ -75,7 +75,7 @@ class Day(NamedTuple):
 
 @dataclass(frozen=True)
 class Entry:
-    """A transaction as it is to stand in a file, sound or not."""
+    """A transaction as it is written to a file, valid or not."""
     type: int = 1
     day: Day = Day(2004, 3, 14)
     number: int = 1000
@@ -93,7 +93,7 @@ class Entry:
         return transaction.encode(version)
 
 
-# The sample's script refuses values that do not come back as they were; tests want just these.
+# make_sample.py refuses values that a file does not give back unchanged. Tests need such values.
 ANY_VALUE = {
     "require_kept": lambda region, what: None,
     "pack_amount": lambda amount: struct.pack("<f", amount),
@@ -136,7 +136,7 @@ def with_number(data: bytes, offset: int, number: int) -> bytes:
 
 
 def program_path(path: Path | str) -> str:
-    """A file's name as the program under test takes it."""
+    """The name of a file in the form that the program under test takes."""
     if UNDER_WINE and isinstance(path, Path) and path.is_absolute():
         return "Z:" + str(path).replace("/", "\\")
     return str(path)
@@ -161,7 +161,7 @@ class Result(NamedTuple):
 def run(*words: Path | str, **options: Any) -> Result:
     """Starts the program with these words; the options are those of subprocess.run."""
     arguments = tuple(map(program_path, words))
-    # Files, not pipes: services of Wine that a program left running would keep a pipe open.
+    # Files, not pipes: Wine's services keep running after the program and would keep a pipe open.
     with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
         settings = {"stdin": subprocess.DEVNULL, "stdout": out, "stderr": err, "timeout": LIMIT_S,
                     "check": False, **options}
@@ -177,7 +177,7 @@ def written_to(stream: BinaryIO) -> bytes:
 
 
 def load_json(text: bytes, **options: Any) -> Any:
-    """Strict: ASCII, no NaN or Infinity, no name twice in one object."""
+    """Parses strictly: ASCII, no NaN or Infinity, no name twice in one object."""
     return json.loads(text.decode("ascii"), parse_constant=refuse_constant,
                       object_pairs_hook=unique_names, **options)
 
@@ -194,7 +194,7 @@ def unique_names(pairs: list[tuple[str, Any]]) -> dict[str, Any]:
 
 
 def cases(table: Iterable[Any]) -> list[Any]:
-    """All the cases of a table; for a Windows program a few of them, the first and the last too."""
+    """All cases of a table. For a Windows program a few of them, with the first and the last."""
     every = list(table)
     if not IS_WINDOWS or len(every) <= FEW:
         return every
@@ -202,14 +202,14 @@ def cases(table: Iterable[Any]) -> list[Any]:
 
 
 class ToolTestCase(unittest.TestCase):
-    """A test with a folder of its own, which is gone afterwards."""
+    """A test with a folder of its own, which is removed afterwards."""
 
     maxDiff = 4000
 
     def setUp(self) -> None:
         self.folder = Path(tempfile.mkdtemp(prefix="qmktool-"))
         self.addCleanup(shutil.rmtree, self.folder)
-        # Tests run the program as another user, too.
+        # Some tests run the program as another user.
         self.folder.chmod(0o755)
 
     def write(self, name: str, data: bytes) -> Path:
@@ -246,7 +246,7 @@ class ToolTestCase(unittest.TestCase):
         self.assertEqual(result.out, b"", str(result))
         name = os.fsencode(program_path(file))
         self.assertIn(name, result.err, str(result))
-        # Something must be left to say once the name is told.
+        # Besides the name, the line must have a reason.
         self.assertRegex(result.err, rb"': [a-z][^\n]{9,}\n\Z", str(result))
         self.assertIn(reason.encode(), result.err, str(result))
 

@@ -1,4 +1,4 @@
-"""qmktool check: what it calls sound, and what it finds."""
+"""qmktool check: which accounts it calls sound, and what it finds in others."""
 
 import math
 import struct

@@ -64,7 +64,7 @@ class ConvertTestCase(ToolTestCase):
 
     def assert_kept(self, result: Result, reason: str, kept: bytes = OLD_BYTES,
                     out: Path | None = None) -> None:
-        """Refused because of OUT, which is as it was, with nothing beside it."""
+        """Refused because of OUT. OUT is unchanged, and there is no new file beside it."""
         out = out or self.out
         names = {"in.qmk", out.name} if out.parent == self.folder else {out.name}
         self.assert_refused(result, out, reason)
@@ -287,7 +287,7 @@ class NeverHalfWritten(ConvertTestCase):
         self.source = self.write("in.qmk", self.data)
 
     def limit_file_size(self, **settings: Any) -> Result:
-        """Converts with no file growing beyond a part of what is to be written."""
+        """Converts while no file can grow to the size that must be written."""
         limit = (len(self.data) // 2, len(self.data) // 2)
         return self.convert(self.source, "--force", **settings,
                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, limit))
@@ -304,7 +304,7 @@ class NeverHalfWritten(ConvertTestCase):
             self.assert_kept(self.convert(self.source, "--force"), "not enough room")
 
     def test_a_limit_of_the_file_size(self) -> None:
-        # The signal that comes with the limit is ignored here, and so in the program, too.
+        # This process ignores the signal that comes with the limit, and the program inherits that.
         result = self.limit_file_size(restore_signals=False)
         self.assert_refused(result, self.out, "not enough room")
         self.assertEqual(self.names_in_folder(), ["in.qmk"])

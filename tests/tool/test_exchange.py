@@ -121,7 +121,7 @@ class OutOfAnAccount(ExchangeTestCase):
 
 
 class Obstacles(ExchangeTestCase):
-    """Stores with which the formats' writers never come to an end. They are not called."""
+    """Accounts for which an export would never end. qmktool refuses them."""
 
     def assert_obstacle(self, source: Path, out: str, reason: str) -> None:
         (self.folder / out).write_bytes(OLD_BYTES)
@@ -290,7 +290,7 @@ class BetweenExchangeFormats(ExchangeTestCase):
                                      WRITERS[wanted](held))
 
     def test_a_round_trip_of_the_household_through_XML(self) -> None:
-        """Only the descriptions of all but checks are lost, and numbers that are not shown."""
+        """Lost are only the descriptions of types other than check, and hidden numbers."""
         self.assert_converts(SAMPLE, "out.xml")
         self.assert_converts(self.folder / "out.xml", "back.qmk")
         rows = [run("list", file, "--json").json()["rows"]

@@ -88,7 +88,7 @@ class Refused(ExchangeTestCase):
 
 
 class Hostile(ExchangeTestCase):
-    """Whatever stands in a text file, it is read; the account that comes of it is whole."""
+    """A text file is read whatever it contains, and the resulting account is valid."""
 
     def test_any_bytes(self) -> None:
         source = random.Random(5)

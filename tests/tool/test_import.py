@@ -37,7 +37,7 @@ def look(entry: Entry) -> tuple[Any, ...]:
 
 
 def told(old: list[Entry], new: list[Entry]) -> bytes:
-    """What the last line tells beyond the count."""
+    """What the last line says after the count."""
     known = sum((Counter(map(look, old)) & Counter(map(look, new))).values())
     days = [entry.day for entry in new]
     counts = ((sum(not 1 <= day.month <= 12 for day in days), b"without a date"),
@@ -164,7 +164,7 @@ class Merged(ImportTestCase):
                 self.assert_imports(old + NEW, 3)
 
     def test_a_read_only_account_takes_an_import(self) -> None:
-        """The mark keeps the program's user from changing an entry, not from importing."""
+        """Kept: the mark keeps the user from changing an entry, but not from importing."""
         header = {**HEADER, "bReadOnly": 1}
         self.account = self.write_account("account.qmk", OLD, header=header)
         self.assert_imports(OLD + NEW, 3, header)

@@ -1,0 +1,23 @@
+// How VNewFile comes to a name for its new file.
+#pragma once
+
+#include "base/vfilesystem.h"
+
+// Calls open(szName) with names beside szPath, one after another, until it answers something else
+// than VFileFault::Exists, and returns that answer. When it is None, sNew is the name. uProcess is
+// the number of this process.
+template <class F>
+VFileFault VOpenNewBeside(const char* szPath, uint32_t uProcess, VString& sNew, F open)
+{
+    for (int nTry = 1; nTry <= VNewNameTries; ++nTry) {
+        const VString sName = VNewNameBeside(szPath, uProcess, nTry);
+        const VFileFault fault = open(sName.GetText());
+        if (fault == VFileFault::None) {
+            sNew = sName;
+        }
+        if (fault != VFileFault::Exists) {
+            return fault;
+        }
+    }
+    return VFileFault::Other;
+}
