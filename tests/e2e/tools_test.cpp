@@ -1,5 +1,6 @@
 // Account Information, Options and the calculator in the real program: what they change and store.
 
+#include "base/vtext.h"
 #include "tests/e2e/keyboard.h"
 #include "tests/e2e/windowaccess.h"
 #include "tests/e2e/work_test.h"
@@ -162,6 +163,33 @@ TEST_F(ToolsTest, UnclearedTransactionsLeaveTheBalanceOfEveryWindow)
     m_program.Post(IDM_WINDOW_NEXT);
     m_program.AwaitActive(sFirst);
     EXPECT_EQ(Column("Balance"), after);
+}
+
+TEST_F(ToolsTest, FontGoesToTheAccountInFrontAlone)
+{
+    constexpr char szSerif[] = "Liberation Serif";
+    const auto setSerif = [&](QMAccount& account) {
+        VCopyText(account.header.szFontFace, szSerif);
+    };
+    const std::string sBehind = MakeAccount("one.qmk", 3, setSerif);
+    const std::string sInFront = MakeAccount("two.qmk", 3, setSerif);
+    OpenAccount(sBehind);
+    HandOverFile(sInFront);
+    const DialogWindow sheet = Begin(IDM_TOOLS_OPTIONS, "Options - two.qmk");
+    const DialogWindow display = AwaitPage(sheet, 2, IDC_OPTION_FONT);
+    EXPECT_EQ(display.GetText(IDC_OPTION_FONT), szSerif);
+    display.Press(IDC_OPTION_DEFAULTS);
+    Await("the system's font", [&] { return display.GetText(IDC_OPTION_FONT) != szSerif; });
+    const std::string sFace = display.GetText(IDC_OPTION_FONT);
+    sheet.End(IDOK);
+    AwaitTitle("two.qmk *");
+    Do(IDM_FILE_SAVE);
+    Await("the end of saving", [this] { return !IsMarked(); });
+    m_program.Post(IDM_WINDOW_NEXT);
+    m_program.AwaitActive(sBehind); // without the mark of a change
+    EXPECT_EQ(m_program.Close(), 0U);
+    EXPECT_EQ(HeaderOf(sInFront).szFontFace, sFace);
+    EXPECT_STREQ(HeaderOf(sBehind).szFontFace, szSerif);
 }
 
 TEST_F(ToolsTest, RemovingDoesNotAskOnceItIsTurnedOff)
