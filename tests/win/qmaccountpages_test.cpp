@@ -6,8 +6,8 @@
 
 #include "base/vtext.h"
 #include "resources/resource.h"
-#include "tests/win/classesroot.h"
 #include "tests/support/ddeserver_win.h"
+#include "tests/win/classesroot.h"
 #include "tests/win/dialog_support.h"
 #include "tests/win/support.h"
 #include "toolkit/vpropertysheet.h"

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/win/classesroot.h"
 #include "tests/support/ddeserver_win.h"
+#include "tests/win/classesroot.h"
 #include "tests/win/standinfiles.h"
 
 namespace {
