@@ -287,8 +287,8 @@ protected:
 
     Acts ActsByRules(const QMAccountData& account, uint32_t uKind) const
     {
-        VClientSurface screen(nullptr);
-        VMemorySurface memory(screen);
+        VDrawingSurface memory;
+        memory.Attach(CreateCompatibleDC(nullptr), true);
         QMReportDrawing metrics(memory, m_tools);
         PlacedActs acts(metrics);
         Draw(acts, account, uKind);
@@ -297,8 +297,10 @@ protected:
 
     Acts ActsOfMetafile(const QMAccountData& account, uint32_t uKind) const
     {
-        VClientSurface screen(nullptr);
-        HDC hDC = CreateEnhMetaFileA(screen.GetHandle(), nullptr, nullptr, nullptr);
+        // The screen's own surface would leave a context more or less in Wine's store of them.
+        VDrawingSurface memory;
+        memory.Attach(CreateCompatibleDC(nullptr), true);
+        HDC hDC = CreateEnhMetaFileA(memory.GetHandle(), nullptr, nullptr, nullptr);
         EXPECT_NE(hDC, nullptr);
         {
             VDrawingSurface surface;
