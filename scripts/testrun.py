@@ -80,6 +80,7 @@ RINGS = {
     "e2e-win32": Ring(("win32",), "window", program="e2e_tests",
                       servers=("printer",), apart=PRINTERS_APART, debug=PROGRAM_DEBUG),
     "core-win32": Ring(("win32",), program="core_tests", tool=True),
+    "package": Ring(("win64", "win32", "native"), command=("scripts/testpackages.py",)),
     "lint": Ring((), "build", command=("scripts/lint.sh",)),
 }
 QUICK = ("core", "lint")
