@@ -94,6 +94,7 @@ public:
         switch (column) {
             case QMBankColumn::Date:
                 m_bDate = QMParseBankDate(sText, m_dialect.dates, m_pTransaction->dtDate);
+                m_hint = m_bDate ? QMTellDateOrder(sText) : QMDateHint::None;
                 break;
             case QMBankColumn::Number:
                 TakeNumber(sText);
@@ -122,6 +123,7 @@ public:
     }
 
     bool HasDate() const { return m_bDate; }
+    QMDateHint GetHint() const { return m_hint; }
     bool HasAmount() const { return m_bAmount && !m_bUnknownSign; }
 
     // The record, ready for an account.
@@ -169,6 +171,7 @@ private:
     int32_t m_lType = -1;
     double m_dAmount = 0;
     bool m_bDate = false;
+    QMDateHint m_hint = QMDateHint::None;
     bool m_bAmount = false;
     bool m_bDebit = false;
     bool m_bUnknownSign = false;
@@ -212,6 +215,7 @@ public:
             m_report.lPassedOver += IsBlank(cells) ? 0 : 1;
             return;
         }
+        m_report.CountDate(row.GetHint());
         m_report.lWithoutDate += row.HasDate() ? 0 : 1;
         m_report.lWithoutAmount += row.HasAmount() ? 0 : 1;
         m_filler.Add(row.Finish());
@@ -236,6 +240,7 @@ std::string TranslateLine(const std::string& sLine, const QMDialect& dialect, QM
             ++report.lWithoutDate;
             return {};
         }
+        report.CountDate(QMTellDateOrder(rest));
         snprintf(szText, sizeof szText, "D%d/%d/%d", date.wMonth, date.wDay, date.wYear);
         return szText;
     }
@@ -251,7 +256,7 @@ std::string TranslateLine(const std::string& sLine, const QMDialect& dialect, QM
 } // namespace
 
 bool QMReadBankCsv(std::string_view bytes, const QMDialect& dialect, QMTransactionStore& store,
-                   QMBankReport& report, std::string& sFault)
+                   QMBankReport& report, std::string& sFault, QMProgress* pProgress)
 {
     report = QMBankReport();
     const std::string sText = QMDecodeText(bytes, dialect.encoding, report.lReplaced);
@@ -266,6 +271,10 @@ bool QMReadBankCsv(std::string_view bytes, const QMDialect& dialect, QMTransacti
     }
     while (rows.Next(cells)) {
         reader.TakeRow(cells);
+        if (pProgress != nullptr && !pProgress->OnStep(rows.GetPosition(), sText.size())) {
+            sFault = "it was given up";
+            return false;
+        }
     }
     if (!reader.Finish() || found.IsEmpty()) {
         sFault = "no row of it has a date or an amount in this dialect";

@@ -161,6 +161,44 @@ std::string DigitsOf(std::string_view text, char cDecimal)
 
 } // namespace
 
+QMDateHint QMTellDateOrder(std::string_view text)
+{
+    DateParts parts;
+    if (!SplitDate(text, parts)) {
+        return QMDateHint::None;
+    }
+    if (parts.anDigits[0] == 8 && parts.nMonthAt != 0) {
+        const int nYear = parts.anNumbers[0] / 10000;
+        const bool bYearFirst = nYear >= 1900 && nYear <= 2100;
+        SplitEight(parts.anNumbers[0], bYearFirst ? QMDateOrder::YearFirst : QMDateOrder::DayFirst,
+                   parts);
+        parts.nMonthAt = -1;
+    }
+    if (parts.nCount < 3 || parts.anNumbers[0] < 0 || parts.anNumbers[1] < 0) {
+        return QMDateHint::None;
+    }
+    if (parts.nMonthAt >= 0) {
+        return QMDateHint::Named;
+    }
+    if (parts.anDigits[0] == 4) {
+        return QMDateHint::YearFirst;
+    }
+    const bool bFirstAbove = parts.anNumbers[0] > 12;
+    const bool bSecondAbove = parts.anNumbers[1] > 12;
+    if (bFirstAbove || bSecondAbove) {
+        return bFirstAbove && bSecondAbove ? QMDateHint::None
+               : bFirstAbove               ? QMDateHint::DayFirst
+                                           : QMDateHint::MonthFirst;
+    }
+    return parts.anNumbers[0] == parts.anNumbers[1] ? QMDateHint::None : QMDateHint::Either;
+}
+
+void QMBankReport::CountDate(QMDateHint hint)
+{
+    lEitherOrder += hint == QMDateHint::Either ? 1 : 0;
+    lOneOrder += hint == QMDateHint::DayFirst || hint == QMDateHint::MonthFirst ? 1 : 0;
+}
+
 bool QMParseBankDate(std::string_view text, QMDateOrder order, QMDate& date)
 {
     DateParts parts;

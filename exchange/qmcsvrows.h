@@ -21,6 +21,9 @@ public:
     // at the end.
     bool Next(std::vector<std::string>& cells);
 
+    // How many bytes of the text were taken.
+    size_t GetPosition() const { return m_uNext; }
+
 private:
     bool AtLineEnd() const { return m_text[m_uNext] == '\n' || m_text[m_uNext] == '\r'; }
     void TakeLineEnd();

@@ -187,7 +187,8 @@ const char* QMDialect::Set(std::string_view name, std::string_view value)
         return SetColumns(value, columns);
     }
     if (name == "dates") {
-        return Find(aOrders, value, dates) ? nullptr : "it is not one of mdy, dmy and ymd";
+        bDatesTold = Find(aOrders, value, dates);
+        return bDatesTold ? nullptr : "it is not one of mdy, dmy and ymd";
     }
     if (name == "encoding") {
         return Find(aEncodings, value, encoding)

@@ -44,8 +44,9 @@ struct QMDialect
     QMDateOrder dates = QMDateOrder::MonthFirst;
     char cDecimal = '.';
     QMCharacterSet encoding = QMCharacterSet::Automatic;
-    int32_t lSkip = 0;    // lines before the records
-    bool bInvert = false; // a positive amount was spent
+    int32_t lSkip = 0;       // lines before the records
+    bool bInvert = false;    // a positive amount was spent
+    bool bDatesTold = false; // whether Set was told the order of the dates
     // Empty: the first line after those skipped names the columns.
     std::vector<QMBankColumn> columns;
 

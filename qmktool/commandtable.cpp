@@ -8,16 +8,25 @@
 
 namespace {
 
+// Commands that mean the same by an option that others take otherwise.
+#define QM_SHOWING " info list report "
+#define QM_EXCHANGING " convert import "
+
 constexpr ToolOption aOptions[] = {
     {"--json", nullptr, "writes JSON, with every byte of the texts"},
-    {"--from", "M/D/YYYY", "the first day; YYYY-MM-DD is understood as well"},
-    {"--to", "M/D/YYYY", "the last day"},
+    {"--csv", nullptr, "writes CSV, in UTF-8"},
+    {"--encoding", "NAME", "cp1252 or utf-8: what the texts of the account are", QM_SHOWING},
+    {"--from", "M/D/YYYY", "the first day; YYYY-MM-DD is understood as well", QM_SHOWING},
+    {"--to", "M/D/YYYY", "the last day", QM_SHOWING},
     {"--limit", "N", "the first N rows"},
     {"--last", "N", "the last N rows"},
     {"--cleared-balance", nullptr, "the balance column counts cleared transactions only"},
     {"--all", nullptr, "every finding, not the first twenty alone"},
     {"--format", "1.0|1.1|2.0", "the format of the account that is written"},
     {"--force", nullptr, "replaces OUT when it exists"},
+    {"--from", "FORMAT", "qif, csv or xml, when IN is -, standard input", QM_EXCHANGING},
+    {"--to", "FORMAT", "qif, csv or xml, when OUT is -, standard output", QM_EXCHANGING},
+    {"--detect", nullptr, "proposes a profile for a bank's file and writes nothing else"},
     {"--dry-run", nullptr, "shows the transactions and writes nothing"},
     {"--skip-known", nullptr, "leaves out transactions that the account has already"},
     {"--profile", "FILE", "takes the dialect of a bank's file from a small text file"},
@@ -25,7 +34,7 @@ constexpr ToolOption aOptions[] = {
     {"--quote", "CHAR", "around texts: \" ' or none"},
     {"--dates", "mdy|dmy|ymd", "the order of month, day and year"},
     {"--decimal", ".|,", "before the cents"},
-    {"--encoding", "NAME", "auto, utf-8, utf-16, cp1252 or latin1"},
+    {"--encoding", "NAME", "auto, utf-8, utf-16, cp1252 or latin1", QM_EXCHANGING},
     {"--skip", "LINES", "lines before the records"},
     {"--columns", "NAMES", "what the columns hold, such as Date,-,Description,Amount"},
     {"--invert", nullptr, "positive amounts were spent"},
@@ -38,37 +47,51 @@ constexpr ToolOption aOptions[] = {
     {"--password", "TEXT", "opens an account that has a password"},
 };
 
-#define DIALECT_OPTIONS                                                                       \
-    " --dry-run --profile --separator --quote --dates --decimal --encoding --skip --columns " \
+#undef QM_SHOWING
+#undef QM_EXCHANGING
+
+#define DIALECT_OPTIONS                                                                      \
+    " --detect --dry-run --profile --separator --quote --dates --decimal --encoding --skip " \
+    "--columns "                                                                             \
     "--invert "
 
 constexpr ToolCommand aCommands[] = {
-    {"info", "FILE", 1, " --json --password ",
+    {"info", "FILE", 1, " --json --encoding --password ",
      "the account's particulars and the number of its transactions", RunInfo},
-    {"list", "FILE", 1, " --json --from --to --limit --last --cleared-balance --password ",
+    {"list", "FILE", 1,
+     " --json --csv --encoding --from --to --limit --last --cleared-balance --password ",
      "the register, of all days or of a period", RunList},
     {"check", "FILE", 1, " --all --password ",
      "whether the file is sound: format, entries, anything that had to be mended", RunCheck},
-    {"convert", "IN OUT", 2, " --format --force" DIALECT_OPTIONS "--password ",
+    {"convert", "IN OUT", 2, " --format --force --from --to" DIALECT_OPTIONS "--password ",
      "writes the transactions anew, from and to any of the files .qmk, .qif, .csv\n"
      "and .xml; an account has the format given, without one that of an IN account\n"
-     "and otherwise 2.0; an OUT that exists is replaced with --force only",
+     "and otherwise 2.0; an OUT that exists is replaced with --force only; of a file\n"
+     "that is none of accounts, - is standard input or output",
      RunConvert},
     {"report", "FILE", 1,
-     " --kind --group --month --from --to --json --pdf --paper --force --password ",
+     " --kind --group --month --from --to --json --encoding --pdf --paper --force --password ",
      "a report of a month or a period, as text, JSON or a PDF file", RunReport},
-    {"import", "IN ACCOUNT", 2, " --skip-known" DIALECT_OPTIONS "--password ",
+    {"import", "IN ACCOUNT", 2, " --skip-known --from" DIALECT_OPTIONS "--password ",
      "adds every transaction of a .qif, .csv or .xml file to an account, which is\n"
-     "then of format 2.0; how many it seems to have already is told",
+     "then of format 2.0; how many it seems to have already is told; IN may be -,\n"
+     "standard input",
      RunImport},
 };
 
 #undef DIALECT_OPTIONS
 
+// Whether a word stands among others that have a blank before and after them.
+bool IsAmong(const char* szWords, const char* szWord)
+{
+    const std::string sWord = std::string(" ") + szWord + " ";
+    return strstr(szWords, sWord.c_str()) != nullptr;
+}
+
 bool Takes(const ToolCommand& command, const ToolOption& option)
 {
-    const std::string sName = std::string(" ") + option.szName + " ";
-    return strstr(command.szOptions, sName.c_str()) != nullptr;
+    return IsAmong(command.szOptions, option.szName) &&
+           (option.szOnly == nullptr || IsAmong(option.szOnly, command.szName));
 }
 
 std::string Indented(std::string_view text, const std::string& sBlanks)

@@ -14,6 +14,9 @@ struct ToolOption
     const char* szName;  // with its dashes
     const char* szValue; // what stands for the value in the help; null for an option without one
     const char* szText;  // what it does, in lines of at most 60 characters
+    // The commands that take an option of this name so, each with a blank before and after it; null
+    // for all that take it.
+    const char* szOnly = nullptr;
 };
 
 struct ToolCommand

@@ -9,30 +9,29 @@
 namespace {
 
 // Null when the name is that of a file that can be converted; otherwise what is wrong with it.
-const char* KindFault(const char* szFile)
+const char* KindFault(const char* szFile, QMExchangeKind kind)
 {
-    return IsAccountName(szFile) || ExchangeKindOf(szFile) != QMExchangeKind::None
+    return IsAccountName(szFile) || kind != QMExchangeKind::None
                ? nullptr
                : "only .qmk, .qif, .csv and .xml files can be converted";
 }
 
 // Returns null after a line on standard error.
-std::unique_ptr<QMAccount> ReadSource(const char* szFile, const ToolOptions& options,
-                                      QMBankReport& report)
+std::unique_ptr<QMAccount> ReadSource(const ToolOptions& options, QMBankReport& report)
 {
+    const char* szFile = options.aFiles[0];
     if (IsAccountName(szFile)) {
         QMReadReport readReport;
         return OpenToolAccount(szFile, options, readReport);
     }
     // The account needs no name: its file is never opened.
     auto pAccount = std::make_unique<QMAccount>("");
-    return ReadExchangeFile(szFile, options, pAccount->store, report) ? std::move(pAccount)
-                                                                      : nullptr;
+    return ReadExchangeFile(options, pAccount->store, report) ? std::move(pAccount) : nullptr;
 }
 
-int ShowOnly(QMAccount& account, const QMBankReport& report)
+int ShowOnly(QMAccount& account, const ToolOptions& options, const QMBankReport& report)
 {
-    Output output;
+    Output output(EncodingOf(InKindOf(options)));
     const int32_t lCount = account.store.GetCount();
     WriteStore(output, account.store);
     output.Format("%d transaction%s to convert", lCount, lCount == 1 ? "" : "s");
@@ -65,7 +64,7 @@ int WriteAccount(QMAccount& account, const ToolOptions& options, const QMBankRep
         return QM_EXIT_REFUSED;
     }
     Output output;
-    output.AddPrintable(szFile);
+    output.AddName(szFile);
     output.Format(": format %s, %d transactions", FormatName(account.lVersion),
                   account.store.GetCount());
     if (!QMVersionHasCategory(account.lVersion)) {
@@ -103,16 +102,17 @@ void TellExport(Output& output, QMExchangeKind kind, const QMTransactionStore& s
 int WriteExchange(QMAccount& account, const ToolOptions& options, const QMBankReport& report)
 {
     const char* szFile = options.aFiles[1];
-    const QMExchangeKind kind = ExchangeKindOf(szFile);
+    const QMExchangeKind kind = OutKindOf(options);
     // The writers of the formats would never return for such a store.
     if (const char* szObstacle = QMExportObstacle(kind, account.store)) {
         return RefuseFile("export", options.aFiles[0], szObstacle);
     }
-    if (!WriteExchangeFile(account.store, szFile, options.bForce)) {
+    if (!WriteExchangeFile(account.store, options)) {
         return QM_EXIT_REFUSED;
     }
-    Output output;
-    output.AddPrintable(szFile);
+    // Standard output holds the records and nothing else.
+    Output output(VEncoding::Utf8, IsStandardStream(szFile) ? stderr : stdout);
+    output.AddName(szFile);
     output.Add(": ");
     TellExport(output, kind, account.store);
     TellReport(output, report);
@@ -125,11 +125,14 @@ int WriteExchange(QMAccount& account, const ToolOptions& options, const QMBankRe
 int RunConvert(const ToolOptions& options)
 {
     const char* szIn = options.aFiles[0];
-    const char* szOut = options.aFiles[1];
-    if (const char* szFault = KindFault(szIn)) {
+    if (const char* szFault = KindFault(szIn, InKindOf(options))) {
         return RefuseFile("open", szIn, szFault);
     }
-    if (const char* szFault = KindFault(szOut)) {
+    if (options.bDetect) {
+        return RunDetect(options);
+    }
+    const char* szOut = options.aFiles[1];
+    if (const char* szFault = KindFault(szOut, OutKindOf(options))) {
         return RefuseFile("write", szOut, szFault);
     }
     const bool bToAccount = IsAccountName(szOut);
@@ -143,13 +146,13 @@ int RunConvert(const ToolOptions& options)
         return QM_EXIT_USAGE;
     }
     QMBankReport report;
-    auto pSource = ReadSource(szIn, options, report);
+    auto pSource = ReadSource(options, report);
     if (pSource == nullptr) {
         return QM_EXIT_REFUSED;
     }
     QMAccount& account = KeepUntilExit(std::move(pSource));
     if (options.bDryRun) {
-        return ShowOnly(account, report);
+        return ShowOnly(account, options, report);
     }
     return bToAccount ? WriteAccount(account, options, report)
                       : WriteExchange(account, options, report);

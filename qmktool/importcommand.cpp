@@ -13,7 +13,7 @@ void TellImport(Output& output, int32_t lCount, const char* szAccount, const QMB
 {
     output.Format("%d transaction%s %s ", lCount, lCount == 1 ? "" : "s",
                   options.bDryRun ? "to import into" : "imported into");
-    output.AddPrintable(szAccount);
+    output.AddName(szAccount);
     TellReport(output, report);
     if (lKnown > 0) {
         output.Format(", %d that it seems to have already%s", lKnown,
@@ -43,10 +43,13 @@ int32_t AddTo(QMAccount& account, QMTransactionStore& store, const char* szIn,
 int RunImport(const ToolOptions& options)
 {
     const char* szIn = options.aFiles[0];
-    const char* szAccount = options.aFiles[1];
-    if (ExchangeKindOf(szIn) == QMExchangeKind::None) {
+    if (InKindOf(options) == QMExchangeKind::None) {
         return RefuseFile("import", szIn, "only .qif, .csv and .xml files can be imported");
     }
+    if (options.bDetect) {
+        return RunDetect(options);
+    }
+    const char* szAccount = options.aFiles[1];
     QMReadReport readReport;
     auto pOpened = OpenToolAccount(szAccount, options, readReport);
     if (pOpened == nullptr) {
@@ -56,11 +59,11 @@ int RunImport(const ToolOptions& options)
     QMAccount& account = KeepUntilExit(std::move(pOpened));
     QMTransactionStore store;
     QMBankReport report;
-    if (!ReadExchangeFile(szIn, options, store, report)) {
+    if (!ReadExchangeFile(options, store, report)) {
         return QM_EXIT_REFUSED;
     }
     const int32_t lKnown = FindKnown(account.store, store, options.bSkipKnown);
-    Output output;
+    Output output(EncodingOf(InKindOf(options)));
     int32_t lCount = store.GetCount();
     if (options.bDryRun) {
         WriteStore(output, store);

@@ -43,9 +43,9 @@ void WriteField(JsonWriter& json, const QMAccountHeader& header, const QMHeaderF
     }
 }
 
-void WriteJson(Output& output, const QMAccount& account)
+void WriteJson(Output& output, const QMAccount& account, bool bCharacters)
 {
-    JsonWriter json(output);
+    JsonWriter json(output, bCharacters);
     json.BeginObject();
     json.Name("version");
     json.Integer(account.lVersion);
@@ -70,7 +70,7 @@ void WriteJson(Output& output, const QMAccount& account)
 void WriteLine(Output& output, const char* szName, std::string_view text)
 {
     output.Format("%-18s ", szName);
-    output.AddPrintable(text);
+    output.AddShown(text);
     output.Add('\n');
 }
 
@@ -126,7 +126,9 @@ void WriteText(Output& output, const char* szFile, const QMAccount& account)
     const QMAccountHeader& header = account.header;
     char szAmount[64];
     QMFormatMoney(static_cast<double>(header.fMinimumBalance), 0, szAmount, sizeof szAmount);
-    WriteLine(output, "File", szFile);
+    output.Format("%-18s ", "File");
+    output.AddName(szFile);
+    output.Add('\n');
     WriteLine(
         output, "Format",
         std::string(FormatName(account.lVersion)) + " (" + std::to_string(account.lVersion) + ")");
@@ -162,9 +164,9 @@ int RunInfo(const ToolOptions& options)
     if (pAccount == nullptr) {
         return QM_EXIT_REFUSED;
     }
-    Output output;
+    Output output(options.encoding);
     if (options.bJson) {
-        WriteJson(output, *pAccount);
+        WriteJson(output, *pAccount, options.bEncoding);
     } else {
         WriteText(output, options.aFiles[0], *pAccount);
     }

@@ -39,24 +39,41 @@ void JsonWriter::Text(std::string_view text)
 {
     Separate();
     m_output.Add('"');
-    for (const char c : text) {
-        AddCharacter(static_cast<unsigned char>(c));
+    for (size_t u = 0; u < text.size();) {
+        AddCharacter(m_bCharacters ? VTakeCharacter(text, u, m_output.GetEncoding())
+                                   : static_cast<unsigned char>(text[u++]));
     }
     m_output.Add(std::string_view("\""));
 }
 
-void JsonWriter::AddCharacter(unsigned char c)
+void JsonWriter::AddCharacter(uint32_t uCharacter)
+{
+    if (uCharacter == '"' || uCharacter == '\\') {
+        m_output.Add('\\');
+    }
+    if (uCharacter >= ' ' && uCharacter <= '~') {
+        m_output.Add(static_cast<char>(uCharacter));
+    } else if (uCharacter == VNoCharacter) {
+        AddEscape(VReplacementCharacter);
+    } else if (uCharacter < 0x10000) {
+        AddEscape(uCharacter);
+    } else {
+        // As two halves, as UTF-16 has it.
+        AddEscape(0xD800 + ((uCharacter - 0x10000) >> 10));
+        AddEscape(0xDC00 + (uCharacter & 0x3FF));
+    }
+}
+
+void JsonWriter::AddEscape(uint32_t uUnit)
 {
     constexpr char szHex[] = "0123456789abcdef";
-    if (c == '"' || c == '\\') {
-        m_output.Add('\\');
-        m_output.Add(static_cast<char>(c));
-    } else if (c < ' ' || c > '~') {
-        const char szEscape[] = {'\\', 'u', '0', '0', szHex[c >> 4], szHex[c & 15]};
-        m_output.Add(std::string_view(szEscape, sizeof szEscape));
-    } else {
-        m_output.Add(static_cast<char>(c));
-    }
+    const char szEscape[] = {'\\',
+                             'u',
+                             szHex[uUnit >> 12],
+                             szHex[uUnit >> 8 & 15],
+                             szHex[uUnit >> 4 & 15],
+                             szHex[uUnit & 15]};
+    m_output.Add(std::string_view(szEscape, sizeof szEscape));
 }
 
 void JsonWriter::Integer(int64_t nValue)

@@ -10,7 +10,10 @@
 class JsonWriter
 {
 public:
-    explicit JsonWriter(Output& output) : m_output(output) {}
+    // With bCharacters, texts are characters by the encoding of the output.
+    explicit JsonWriter(Output& output, bool bCharacters = false)
+        : m_output(output), m_bCharacters(bCharacters)
+    {}
 
     void BeginObject() { Begin('{'); }
     void EndObject() { End('}'); }
@@ -20,8 +23,9 @@ public:
     // Writes the name of the next value. It must be plain ASCII without quotes.
     void Name(std::string_view name);
 
-    // Writes a text. A byte above 127 becomes the code point of the same value: the texts of an
-    // account have no declared encoding, and so no byte is lost.
+    // Writes a text, in ASCII. A byte above 127 becomes the code point of the same value: the texts
+    // of an account have no declared encoding, and so no byte is lost. Of characters, each one
+    // above 127 is written as its own code point, and bytes that are none as U+FFFD.
     void Text(std::string_view text);
     void Integer(int64_t nValue);
     void Boolean(bool bValue);
@@ -40,9 +44,11 @@ private:
     void Begin(char c);
     void End(char c);
     void Separate();
-    void AddCharacter(unsigned char c);
+    void AddCharacter(uint32_t uCharacter);
+    void AddEscape(uint32_t uUnit);
 
     Output& m_output;
+    bool m_bCharacters;
     bool m_bComma = false;
     bool m_bBreak = false;
 };

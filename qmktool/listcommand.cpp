@@ -6,6 +6,7 @@
 #include "qmktool/commands.h"
 #include "qmktool/jsonwriter.h"
 #include "qmktool/listing.h"
+#include "qmktool/terminal.h"
 #include "qmktool/toolaccount.h"
 #include "register/qmregistermodel.h"
 #include "register/qmrowtable.h"
@@ -17,6 +18,15 @@ constexpr QMColumn aListed[] = {
     QM_ENTRY_DATE,    QM_ENTRY_NUMBER, QM_ENTRY_DESCRIPTION, QM_ENTRY_DEBIT,    QM_ENTRY_CREDIT,
     QM_ENTRY_BALANCE, QM_ENTRY_TAG,    QM_ENTRY_MEMO,        QM_ENTRY_CATEGORY,
 };
+
+// What makes a terminal write red, and as before.
+constexpr char szRed[] = "\x1b[31m";
+constexpr char szPlain[] = "\x1b[0m";
+
+bool IsNegative(std::string_view text)
+{
+    return text.find('-') != std::string_view::npos;
+}
 
 // Listing: the register of an account as the window would show it, with every column.
 class Listing
@@ -118,10 +128,10 @@ void WriteRow(JsonWriter& json, Listing& listing, int32_t lRow, const QMTransact
     json.EndObject();
 }
 
-void WriteJson(Output& output, Listing& listing)
+void WriteJson(Output& output, Listing& listing, bool bCharacters)
 {
     const QMRegisterModel& model = listing.GetModel();
-    JsonWriter json(output);
+    JsonWriter json(output, bCharacters);
     json.BeginObject();
     json.Name("version");
     json.Integer(listing.GetAccount().lVersion);
@@ -143,19 +153,64 @@ void WriteJson(Output& output, Listing& listing)
     output.Add('\n');
 }
 
+void WriteCsvCell(Output& output, std::string_view text)
+{
+    const size_t uFirst = text.find_first_not_of(' ');
+    text.remove_prefix(uFirst == std::string_view::npos ? text.size() : uFirst);
+    if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+        output.AddText(text);
+        return;
+    }
+    output.Add('"');
+    for (size_t uQuote = 0; (uQuote = text.find('"')) != std::string_view::npos;) {
+        output.AddText(text.substr(0, uQuote + 1));
+        output.Add('"');
+        text.remove_prefix(uQuote + 1);
+    }
+    output.AddText(text);
+    output.Add('"');
+}
+
+// As RFC 4180 says, with the whole year, and with the type in a column of its own.
+void WriteCsv(Output& output, Listing& listing)
+{
+    UseBytes(stdout);
+    output.Add("Date,Number,Type,Description,Debit,Credit,Balance,Tag,Memo,Category\r\n");
+    listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
+        const QMDate& date = transaction.dtDate;
+        output.Format("%04d-%02d-%02d", date.wYear, date.wMonth, date.wDay);
+        for (const QMColumn column : aListed) {
+            if (column == QM_ENTRY_DATE) {
+                continue;
+            }
+            output.Add(',');
+            if (column == QM_ENTRY_DESCRIPTION) {
+                WriteCsvCell(output, QMTypeLabel(transaction.lType));
+                output.Add(',');
+                WriteCsvCell(output, transaction.szDescription);
+            } else {
+                WriteCsvCell(output, listing.GetText(lRow, column, transaction));
+            }
+        }
+        output.Add("\r\n");
+    });
+}
+
 // TextTable: lines of cells under headings. Each column is as wide as its widest cell.
 class TextTable
 {
 public:
-    TextTable(Output& output, Listing& listing) : m_output(output), m_listing(listing)
+    TextTable(Output& output, Listing& listing)
+        : m_output(output), m_listing(listing), m_bColours(TakesColours(stdout))
     {
         for (const QMColumn column : aListed) {
             m_aWidth[column] = std::string_view(QMGetColumnInfo(column).szName).size();
         }
         m_listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
             for (const QMColumn column : aListed) {
-                const size_t uLength = m_listing.GetText(lRow, column, transaction).size();
-                m_aWidth[column] = std::max(m_aWidth[column], uLength);
+                const size_t uColumns =
+                    m_output.ColumnsOf(m_listing.GetText(lRow, column, transaction));
+                m_aWidth[column] = std::max(m_aWidth[column], uColumns);
             }
         });
     }
@@ -176,12 +231,12 @@ private:
         size_t uPending = 0; // blanks that are written only when a text follows
         for (const QMColumn column : aListed) {
             const std::string_view text = textOf(column);
-            const size_t uBlanks = m_aWidth[column] - text.size();
+            const size_t uBlanks = m_aWidth[column] - m_output.ColumnsOf(text);
             const bool bRight = QMGetColumnInfo(column).alignment == QMAlignment::Right;
             uPending += bRight ? uBlanks : 0;
             if (!text.empty()) {
                 m_output.Fill(uPending, ' ');
-                m_output.AddPrintable(text);
+                AddCell(column, text);
                 uPending = 0;
             }
             uPending += (bRight ? 0 : uBlanks) + 2;
@@ -189,18 +244,30 @@ private:
         m_output.Add('\n');
     }
 
+    void AddCell(QMColumn column, std::string_view text)
+    {
+        const bool bRed = m_bColours && column == QM_ENTRY_BALANCE && IsNegative(text);
+        m_output.Add(bRed ? szRed : "");
+        m_output.AddShown(text);
+        m_output.Add(bRed ? szPlain : "");
+    }
+
     Output& m_output;
     Listing& m_listing;
+    bool m_bColours;
     size_t m_aWidth[QM_ENTRY_COUNT] = {};
 };
 
 void WriteText(Output& output, Listing& listing)
 {
     TextTable(output, listing).Write();
+    const bool bColours = TakesColours(stdout);
     char szAmount[400];
     for (const bool bAvailable : {false, true}) {
         QMFormatMoney(listing.GetModel().GetBalance(bAvailable), 0, szAmount, sizeof szAmount);
-        output.Format("%s %s\n", bAvailable ? "Available:" : "Balance:  ", szAmount);
+        const bool bRed = bColours && IsNegative(szAmount);
+        output.Format("%s %s%s%s\n", bAvailable ? "Available:" : "Balance:  ", bRed ? szRed : "",
+                      szAmount, bRed ? szPlain : "");
     }
 }
 
@@ -230,9 +297,11 @@ int RunList(const ToolOptions& options)
     if (!listing.IsReady()) {
         return RefuseFile("list", options.aFiles[0], "there is not enough memory");
     }
-    Output output;
-    if (options.bJson) {
-        WriteJson(output, listing);
+    Output output(options.encoding);
+    if (options.bCsv) {
+        WriteCsv(output, listing);
+    } else if (options.bJson) {
+        WriteJson(output, listing, options.bEncoding);
     } else {
         WriteText(output, listing);
     }

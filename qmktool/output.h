@@ -2,8 +2,11 @@
 // failed.
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <string_view>
+
+#include "base/vcharacters.h"
 
 inline bool IsControl(char c)
 {
@@ -13,7 +16,9 @@ inline bool IsControl(char c)
 class Output
 {
 public:
-    Output() { m_sBuffer.reserve(uFlushSize + 4096); }
+    // The encoding is that of the texts that are handed to AddShown. The stream is standard output
+    // or standard error.
+    explicit Output(VEncoding encoding = VEncoding::Windows1252, FILE* pStream = stdout);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
@@ -24,9 +29,16 @@ public:
     }
     void Add(char c) { m_sBuffer.push_back(c); }
     void Fill(size_t uCount, char c) { m_sBuffer.append(uCount, c); }
-    // Adds a text with question marks for its control characters, so that they cannot break the
-    // lines of a listing.
-    void AddPrintable(std::string_view text);
+    // Adds a text as characters of one line, and returns how many columns they take. Nothing in it
+    // can command a terminal; see VAppendShown.
+    size_t AddShown(std::string_view text);
+    size_t ColumnsOf(std::string_view text) const { return VShownColumns(text, m_encoding); }
+    VEncoding GetEncoding() const { return m_encoding; }
+    // Adds a text as characters in UTF-8. A terminal gets it as AddShown does; anything else gets
+    // control characters as they are.
+    void AddText(std::string_view text);
+    // Adds the name of a file, whatever the encoding of the texts is.
+    void AddName(std::string_view name);
     void Format(const char* szFormat, ...) __attribute__((format(printf, 2, 3)));
 
     // Writes what is left. Returns the exit code: 1, after a line on standard error, when any write
@@ -46,6 +58,9 @@ private:
     }
     void Flush(size_t uSize);
 
+    VEncoding m_encoding;
+    bool m_bTerminal;
+    FILE* m_pStream;
     std::string m_sBuffer;
     bool m_bFailed = false;
 };

@@ -106,6 +106,9 @@ bool CheckOutput(const ToolOptions& options)
     if (options.szPdf != nullptr && options.bJson) {
         return RefuseUse("--json and --pdf shut each other out");
     }
+    if (options.szPdf != nullptr && options.bEncoding) {
+        return RefuseUse("--encoding is for text and JSON");
+    }
     if (options.szPdf == nullptr && (options.bForce || options.szPaper != nullptr)) {
         return RefuseUse("--paper and --force are for --pdf");
     }
@@ -125,9 +128,9 @@ int WriteLines(const ToolOptions& options, QMReport& report, uint32_t uKind)
     if (!lines.Take(report, uKind)) {
         return RefuseFile("report on", options.aFiles[0], "there is not enough memory");
     }
-    Output output;
+    Output output(options.encoding);
     if (options.bJson) {
-        WriteReportJson(output, lines, report, uKind);
+        WriteReportJson(output, lines, report, uKind, options.bEncoding);
     } else {
         WriteReportText(output, lines);
     }
@@ -148,7 +151,7 @@ int RunReport(const ToolOptions& options)
         WriteError(
             "The 'From' date does not proceed the 'To' date. "
             "Please select a valid date range.");
-        return QM_EXIT_REFUSED;
+        return QM_EXIT_USAGE;
     }
     QMReadReport readReport;
     const auto pAccount = OpenToolAccount(options.aFiles[0], options, readReport);

@@ -12,23 +12,23 @@ constexpr size_t uGap = 2;
 class TextPage
 {
 public:
-    explicit TextPage(const ReportLines& lines) : m_lines(lines)
+    TextPage(Output& output, const ReportLines& lines) : m_output(output), m_lines(lines)
     {
         ForEachCell([&](const ReportCell& cell) {
             size_t& uWidth = m_auWidth[static_cast<size_t>(cell.place)];
-            uWidth = std::max(uWidth, cell.uLength);
+            uWidth = std::max(uWidth, ColumnsOf(cell));
         });
         for (const ReportLine& line : lines.GetLines()) {
             m_uWidth = std::max(m_uWidth, WidthNeededBy(line));
         }
     }
 
-    void Write(Output& output) const
+    void Write() const
     {
         int32_t lNext = 0;
         for (const ReportLine& line : m_lines.GetLines()) {
-            output.Fill(static_cast<size_t>(line.lLine - lNext), '\n');
-            WriteLine(output, line);
+            m_output.Fill(static_cast<size_t>(line.lLine - lNext), '\n');
+            WriteLine(line);
             lNext = line.lLine + 1;
         }
     }
@@ -42,6 +42,10 @@ private:
         }
     }
 
+    size_t ColumnsOf(const ReportCell& cell) const
+    {
+        return m_output.ColumnsOf(m_lines.TextOf(cell));
+    }
     size_t WidthOf(ReportPlace place) const { return m_auWidth[static_cast<size_t>(place)]; }
     size_t NumberColumn() const { return WidthOf(ReportPlace::Date) + uGap; }
     size_t CreditColumn() const
@@ -52,7 +56,7 @@ private:
     // Characters from the left, for what stands there.
     size_t StartOf(const ReportCell& cell, bool bNumberColumn) const
     {
-        const size_t uFree = WidthOf(cell.place) - cell.uLength;
+        const size_t uFree = WidthOf(cell.place) - ColumnsOf(cell);
         switch (cell.place) {
             case ReportPlace::Date:
                 return cell.bCentred ? uFree / 2 : uFree;
@@ -105,10 +109,10 @@ private:
         size_t uRight = 0;
         std::for_each_n(m_lines.CellsOf(line), line.uCells, [&](const ReportCell& cell) {
             if (IsRight(cell.place)) {
-                uRight = std::max(uRight, InsetOf(cell.place) + cell.uLength + uGap);
+                uRight = std::max(uRight, InsetOf(cell.place) + ColumnsOf(cell) + uGap);
             } else {
                 const size_t uStart = StartOf(cell, line.bNumberColumn);
-                uLeft = std::max(uLeft, uStart + cell.uLength);
+                uLeft = std::max(uLeft, uStart + ColumnsOf(cell));
             }
         });
         return uLeft + uRight;
@@ -117,13 +121,13 @@ private:
     size_t ColumnOf(const ReportCell& cell, bool bNumberColumn) const
     {
         if (cell.place == ReportPlace::Centre) {
-            return (m_uWidth - cell.uLength) / 2;
+            return (m_uWidth - ColumnsOf(cell)) / 2;
         }
-        return IsRight(cell.place) ? m_uWidth - InsetOf(cell.place) - cell.uLength
+        return IsRight(cell.place) ? m_uWidth - InsetOf(cell.place) - ColumnsOf(cell)
                                    : StartOf(cell, bNumberColumn);
     }
 
-    void WriteLine(Output& output, const ReportLine& line) const
+    void WriteLine(const ReportLine& line) const
     {
         size_t uAt = 0;
         std::for_each_n(m_lines.CellsOf(line), line.uCells, [&](const ReportCell& cell) {
@@ -132,13 +136,13 @@ private:
                 return; // no blanks at the end of a line
             }
             const size_t uColumn = ColumnOf(cell, line.bNumberColumn);
-            output.Fill(uColumn > uAt ? uColumn - uAt : 0, ' ');
-            output.AddPrintable(text);
-            uAt = std::max(uAt, uColumn) + text.size();
+            m_output.Fill(uColumn > uAt ? uColumn - uAt : 0, ' ');
+            uAt = std::max(uAt, uColumn) + m_output.AddShown(text);
         });
-        output.Add('\n');
+        m_output.Add('\n');
     }
 
+    Output& m_output;
     const ReportLines& m_lines;
     size_t m_auWidth[REPORT_PLACE_COUNT] = {};
     size_t m_uWidth = 0;
@@ -171,13 +175,13 @@ void WriteJsonLine(JsonWriter& json, const ReportLines& lines, const ReportLine&
 
 void WriteReportText(Output& output, const ReportLines& lines)
 {
-    TextPage(lines).Write(output);
+    TextPage(output, lines).Write();
 }
 
 void WriteReportJson(Output& output, const ReportLines& lines, const QMReport& report,
-                     uint32_t uKind)
+                     uint32_t uKind, bool bCharacters)
 {
-    JsonWriter json(output);
+    JsonWriter json(output, bCharacters);
     json.BeginObject();
     json.Name("kind");
     json.Integer(uKind);

@@ -7,5 +7,6 @@
 // The columns as on paper, each as wide as its widest text.
 void WriteReportText(Output& output, const ReportLines& lines);
 
+// With bCharacters, texts are characters by the encoding of the output.
 void WriteReportJson(Output& output, const ReportLines& lines, const QMReport& report,
-                     uint32_t uKind);
+                     uint32_t uKind, bool bCharacters);

@@ -1,10 +1,12 @@
 #include "qmktool/toolaccount.h"
 
+#include <algorithm>
 #include <string>
 
 #include "account/qmaccountwriter.h"
 #include "base/vtext.h"
 #include "qmktool/toolfile.h"
+#include "qmktool/toolprogress.h"
 
 namespace {
 
@@ -42,9 +44,14 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
 {
     auto pAccount = std::make_unique<QMAccount>(szFile);
     QMAccountReader reader(*pAccount);
-    // Opened for reading only, so that a file that the user may not write can be read too. The
-    // reader finds it open.
-    const bool bRead = pAccount->OpenForReading() && reader.Read();
+    // Opened for reading only, so that a file that the user may not write can be read too.
+    bool bRead = pAccount->OpenForReading();
+    if (bRead) {
+        QMFileSource source(*pAccount);
+        WatchedByteSource watched(source,
+                                  static_cast<uint64_t>(std::max<int64_t>(pAccount->GetSize(), 0)));
+        bRead = reader.ReadFrom(watched);
+    }
     report = reader.GetReport();
     if (!bRead) {
         if (!pAccount->IsOpen()) {

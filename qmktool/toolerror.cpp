@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "qmktool/output.h"
+#include "base/vcharacters.h"
 #include "qmktool/toolstream.h"
 
 void WriteError(const char* szFormat, ...)
@@ -19,10 +19,9 @@ void WriteError(const char* szFormat, ...)
     std::string sText(static_cast<size_t>(nLength < 0 ? 0 : nLength), '\0');
     vsnprintf(sText.data(), sText.size() + 1, szFormat, arguments);
     va_end(arguments);
-    for (char& c : sText) {
-        c = IsControl(c) ? '?' : c;
-    }
-    WriteToStream(stderr, "qmktool: " + sText + "\n");
+    std::string sLine = "qmktool: ";
+    VAppendShown(sText, VIsUtf8(sText) ? VEncoding::Utf8 : VEncoding::Windows1252, sLine);
+    WriteToStream(stderr, sLine + "\n");
 }
 
 int RefuseFile(const char* szWhat, const char* szFile, const char* szWhy)

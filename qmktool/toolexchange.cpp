@@ -8,89 +8,56 @@
 
 #include "account/qmbytesource.h"
 #include "account/qmfile.h"
+#include "exchange/qmstdiofile.h"
+#include "qmktool/terminal.h"
 #include "qmktool/toolerror.h"
+#include "qmktool/toolprogress.h"
 
 namespace {
 
-// Why nothing came of the file.
-const char* ImportFault(const char* szFile)
+// Why nothing came of what was read.
+const char* ImportFault(const WatchedByteSource& source, QMExchangeKind kind)
 {
-    QMFile file(szFile);
-    if (!file.OpenForReading()) {
-        return VFileFaultText(file.GetFault());
-    }
-    if (file.GetSize() == 0) {
+    if (source.GetDone() == 0) {
         return "the file is empty";
     }
-    return ExchangeKindOf(szFile) == QMExchangeKind::Xml ? "it is not a well-formed XML document"
-                                                         : "it holds no line of text";
+    return kind == QMExchangeKind::Xml ? "it is not a well-formed XML document"
+                                       : "it holds no line of text";
+}
+
+// Opens IN: a file, or standard input. Returns null after a line on standard error.
+FILE* OpenInput(const char* szFile, QMStdioFile& pFile)
+{
+    if (IsStandardStream(szFile)) {
+        UseBytes(stdin);
+        return stdin;
+    }
+    pFile = QMOpenForReading(szFile);
+    if (pFile == nullptr) {
+        QMFile file(szFile);
+        file.OpenForReading();
+        const VFileFault fault = file.GetFault();
+        RefuseFile("import", szFile,
+                   VFileFaultText(fault == VFileFault::None ? VFileFault::Other : fault));
+        return nullptr;
+    }
+    // The readers have buffers of their own.
+    setvbuf(pFile.get(), nullptr, _IONBF, 0);
+    return pFile.get();
+}
+
+uint64_t SizeOf(FILE* pFile)
+{
+    const long lSize = fseek(pFile, 0, SEEK_END) == 0 ? ftell(pFile) : 0;
+    if (lSize > 0) {
+        rewind(pFile);
+    }
+    return lSize > 0 ? static_cast<uint64_t>(lSize) : 0;
 }
 
 bool UsesDialect(const ToolOptions& options)
 {
     return options.szProfile != nullptr || !options.dialect.empty();
-}
-
-bool ReadBytes(const char* szFile, std::string& sBytes)
-{
-    QMFile file(szFile);
-    if (!file.OpenForReading()) {
-        RefuseFile("open", szFile, VFileFaultText(file.GetFault()));
-        return false;
-    }
-    sBytes.resize(static_cast<size_t>(std::max<int64_t>(file.GetSize(), 0)));
-    QMFileSource source(file);
-    const int64_t nRead = source.ReadSome(sBytes.data(), sBytes.size());
-    if (nRead != static_cast<int64_t>(sBytes.size())) {
-        RefuseFile("open", szFile, VFileFaultText(VFileFault::Other));
-        return false;
-    }
-    return true;
-}
-
-// The profile first, and over it what the command line says.
-bool MakeDialect(const ToolOptions& options, QMDialect& dialect)
-{
-    if (options.szProfile != nullptr) {
-        std::string sText;
-        if (!ReadBytes(options.szProfile, sText)) {
-            return false;
-        }
-        const std::string sFault = dialect.ReadProfile(sText);
-        if (!sFault.empty()) {
-            RefuseFile("use the profile", options.szProfile, sFault.c_str());
-            return false;
-        }
-    }
-    for (const auto& [sName, sValue] : options.dialect) {
-        dialect.Set(sName, sValue);
-    }
-    return true;
-}
-
-bool ReadByDialect(const char* szFile, const ToolOptions& options, QMTransactionStore& store,
-                   QMBankReport& report)
-{
-    QMDialect dialect;
-    std::string sBytes;
-    if (!MakeDialect(options, dialect) || !ReadBytes(szFile, sBytes)) {
-        return false;
-    }
-    const QMExchangeKind kind = ExchangeKindOf(szFile);
-    std::string sFault = "an XML file has no dialects";
-    if (kind == QMExchangeKind::Csv && QMReadBankCsv(sBytes, dialect, store, report, sFault)) {
-        return true;
-    }
-    if (kind == QMExchangeKind::Qif) {
-        const std::string sQif = QMTranslateQif(sBytes, dialect, report);
-        QMMemorySource source(sQif.data(), sQif.size());
-        if (QMImportFrom(source, kind, store)) {
-            return true;
-        }
-        sFault = "it holds no line of text";
-    }
-    RefuseFile("import", szFile, sFault.c_str());
-    return false;
 }
 
 bool HasDate(const QMTransaction& transaction)
@@ -99,24 +66,111 @@ bool HasDate(const QMTransaction& transaction)
            !QMDateIsEqual(transaction.dtDate, QMMakeDate(2000, 1, 1));
 }
 
-// What the program's own readers leave at the values of a new transaction. bUsable tells whether
-// any of them has a date or an amount, or whether there is none.
-QMBankReport ReportOf(QMTransactionStore& store, bool& bUsable)
+// Calls f(transaction) for each one. The texts, which are most of a record, are left alone, so
+// nothing is fetched ahead.
+template <class F>
+void ForEachFront(QMTransactionStore& store, F f)
+{
+    store.First();
+    for (const QMListNode* p = store.GetCurrentNode(); p != nullptr; p = p->GetNext()) {
+        f(*static_cast<const QMTransaction*>(p));
+    }
+}
+
+// What the program's own readers leave at the values of a new transaction.
+QMBankReport ReportOf(QMTransactionStore& store)
 {
     QMBankReport report;
-    bUsable = store.IsEmpty();
-    store.First();
-    // The texts, which are most of a record, are left alone, so nothing is fetched ahead.
-    for (const QMListNode* p = store.GetCurrentNode(); p != nullptr; p = p->GetNext()) {
-        const auto& transaction = *static_cast<const QMTransaction*>(p);
+    ForEachFront(store, [&](const QMTransaction& transaction) {
         const bool bNoDay = QMCheckDate(transaction.dtDate) != 0;
         const bool bHasDate = HasDate(transaction);
         report.lWithoutDate += bNoDay ? 1 : 0;
         report.lFirstOf2000 += !bNoDay && !bHasDate ? 1 : 0;
         report.lWithoutAmount += transaction.fAmount == 0 ? 1 : 0;
-        bUsable = bUsable || bHasDate || transaction.fAmount != 0;
-    }
+        if (bHasDate) {
+            const QMDate& date = transaction.dtDate;
+            report.lOneOrder += date.wDay > 12 ? 1 : 0;
+            report.lEitherOrder += date.wDay <= 12 && date.wDay != date.wMonth ? 1 : 0;
+        }
+    });
     return report;
+}
+
+// Replaces the store by what was found, where that holds anything to use.
+bool TakeUsable(QMTransactionStore& found, QMTransactionStore& store, std::string& sFault)
+{
+    bool bUsable = false;
+    ForEachFront(found, [&](const QMTransaction& transaction) {
+        bUsable = bUsable || transaction.fAmount != 0 || HasDate(transaction);
+    });
+    if (!bUsable) {
+        sFault = found.IsEmpty() ? "it holds no transaction"
+                                 : "none of its records has a date or an amount (see qmktool help "
+                                   "import for other dialects)";
+        return false;
+    }
+    store.TakeFrom(found);
+    return true;
+}
+
+bool ReadByDialect(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report)
+{
+    const char* szFile = options.aFiles[0];
+    QMDialect dialect;
+    std::string sBytes;
+    if (!MakeDialect(options, dialect) || !ReadToolFile(szFile, sBytes)) {
+        return false;
+    }
+    const QMExchangeKind kind = InKindOf(options);
+    std::string sFault = "an XML file has no dialects";
+    ToolProgress progress("importing", 1, "bytes");
+    bool bDone = kind == QMExchangeKind::Csv &&
+                 QMReadBankCsv(sBytes, dialect, store, report, sFault, &progress);
+    if (kind == QMExchangeKind::Qif) {
+        const std::string sQif = QMTranslateQif(sBytes, dialect, report);
+        QMMemorySource source(sQif.data(), sQif.size());
+        QMTransactionStore found;
+        bDone = QMImportFrom(source, kind, found) && TakeUsable(found, store, sFault);
+    }
+    if (!bDone) {
+        RefuseFile("import", szFile, sFault.c_str());
+    }
+    report.bOrderGuessed = !dialect.bDatesTold && report.IsOrderDoubtful();
+    return bDone;
+}
+
+// Files of this program have the month first.
+bool IsOwnCsv(std::string_view front)
+{
+    return front.starts_with("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense");
+}
+
+bool ReadPlainly(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report)
+{
+    const char* szFile = options.aFiles[0];
+    const QMExchangeKind kind = InKindOf(options);
+    QMStdioFile pFile;
+    FILE* pInput = OpenInput(szFile, pFile);
+    if (pInput == nullptr) {
+        return false;
+    }
+    QMStdioSource stdioSource(pInput);
+    WatchedByteSource source(stdioSource, SizeOf(pInput));
+    QMTransactionStore found;
+    if (!QMImportFrom(source, kind, found)) {
+        RefuseFile("import", szFile, ImportFault(source, kind));
+        return false;
+    }
+    const QMBankReport counted = ReportOf(found);
+    std::string sFault;
+    if (!TakeUsable(found, store, sFault)) {
+        RefuseFile("import", szFile, sFault.c_str());
+        return false;
+    }
+    report = counted;
+    report.bOrderGuessed =
+        kind != QMExchangeKind::Xml && report.IsOrderDoubtful() && !IsOwnCsv(source.GetFront());
+    return true;
 }
 
 // A description may have come with the dash that joins it to its type.
@@ -194,28 +248,72 @@ void TellCount(Output& output, int32_t lCount, const char* szWhat)
 
 } // namespace
 
-bool ReadExchangeFile(const char* szFile, const ToolOptions& options, QMTransactionStore& store,
-                      QMBankReport& report)
+bool ReadToolFile(const char* szFile, std::string& sBytes)
 {
-    if (UsesDialect(options)) {
-        return ReadByDialect(szFile, options, store, report);
-    }
-    QMTransactionStore found;
-    if (!QMImportFile(szFile, found)) {
-        RefuseFile("import", szFile, ImportFault(szFile));
+    QMStdioFile pFile;
+    FILE* pInput = OpenInput(szFile, pFile);
+    if (pInput == nullptr) {
         return false;
     }
-    bool bUsable = false;
-    const QMBankReport counted = ReportOf(found, bUsable);
-    if (!bUsable) {
-        RefuseFile("import", szFile,
-                   "none of its records has a date or an amount (see qmktool help import for "
-                   "other dialects)");
-        return false;
+    sBytes.clear();
+    QMStdioSource stdioSource(pInput);
+    WatchedByteSource source(stdioSource, SizeOf(pInput));
+    constexpr size_t uStep = 1 << 18;
+    int64_t nRead = uStep;
+    while (nRead == static_cast<int64_t>(uStep)) {
+        const size_t uBefore = sBytes.size();
+        sBytes.resize(uBefore + uStep);
+        nRead = source.ReadSome(sBytes.data() + uBefore, uStep);
+        sBytes.resize(uBefore + static_cast<size_t>(std::max<int64_t>(nRead, 0)));
     }
-    report = counted;
-    store.TakeFrom(found);
+    if (nRead < 0) {
+        RefuseFile("open", szFile, VFileFaultText(VFileFault::Other));
+    }
+    return nRead >= 0;
+}
+
+bool MakeDialect(const ToolOptions& options, QMDialect& dialect, std::vector<std::string>* pNames)
+{
+    if (options.szProfile != nullptr) {
+        std::string sText;
+        if (!ReadToolFile(options.szProfile, sText)) {
+            return false;
+        }
+        const std::string sFault = dialect.ReadProfile(sText);
+        if (!sFault.empty()) {
+            RefuseFile("use the profile", options.szProfile, sFault.c_str());
+            return false;
+        }
+    }
+    for (const auto& [sName, sValue] : options.dialect) {
+        dialect.Set(sName, sValue);
+        if (pNames != nullptr) {
+            pNames->push_back(sName);
+        }
+    }
     return true;
+}
+
+bool ReadExchangeFile(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report)
+{
+    return UsesDialect(options) ? ReadByDialect(options, store, report)
+                                : ReadPlainly(options, store, report);
+}
+
+QMExchangeKind InKindOf(const ToolOptions& options)
+{
+    return IsStandardStream(options.aFiles[0]) ? options.fromKind
+                                               : ExchangeKindOf(options.aFiles[0]);
+}
+
+QMExchangeKind OutKindOf(const ToolOptions& options)
+{
+    return IsStandardStream(options.aFiles[1]) ? options.toKind : ExchangeKindOf(options.aFiles[1]);
+}
+
+VEncoding EncodingOf(QMExchangeKind kind)
+{
+    return kind == QMExchangeKind::Xml ? VEncoding::Utf8 : VEncoding::Windows1252;
 }
 
 int32_t FindKnown(const QMTransactionStore& account, QMTransactionStore& store, bool bLeaveOut)
@@ -251,11 +349,26 @@ void TellReport(Output& output, const QMBankReport& report)
     TellCount(output, report.lWithoutAmount, "without an amount");
     TellCount(output, report.lPassedOver, "other lines passed over");
     TellCount(output, report.lReplaced, "characters replaced");
+    if (report.bOrderGuessed) {
+        output.Add(", month and day perhaps exchanged: every day is below 13 (see --dates)");
+    }
 }
 
-bool WriteExchangeFile(QMTransactionStore& store, const char* szFile, bool bReplace)
+bool WriteExchangeFile(QMTransactionStore& store, const ToolOptions& options)
 {
-    return WriteToolFile(szFile, bReplace, [&](QMByteSink& sink) {
-        return QMExportTo(sink, ExchangeKindOf(szFile), store);
-    });
+    const char* szFile = options.aFiles[1];
+    ToolProgress progress("writing", 1, "transactions");
+    const auto Write = [&](QMByteSink& sink) {
+        return QMExportTo(sink, OutKindOf(options), store, &progress);
+    };
+    if (!IsStandardStream(szFile)) {
+        return WriteToolFile(szFile, options.bForce, Write);
+    }
+    UseBytes(stdout);
+    QMStdioSink sink(stdout);
+    if (!Write(sink) || fflush(stdout) != 0) {
+        WriteError("cannot write to standard output");
+        return false;
+    }
+    return true;
 }

@@ -1,5 +1,7 @@
 #include "qmktool/toolfile.h"
 
+#include <cstring>
+
 #include "base/vnewfile.h"
 #include "qmktool/toolerror.h"
 
@@ -37,6 +39,11 @@ QMExchangeKind ExchangeKindOf(const char* szFile)
 {
     const QMExchangeKind kind = QMKindOfPath(szFile);
     return kind == QMExchangeKind::Text ? QMExchangeKind::None : kind;
+}
+
+bool IsStandardStream(const char* szFile)
+{
+    return strcmp(szFile, "-") == 0;
 }
 
 bool WriteToolFile(const char* szFile, bool bReplace,

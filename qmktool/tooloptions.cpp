@@ -11,6 +11,7 @@
 #include "exchange/qmdialect.h"
 #include "qmktool/commands.h"
 #include "qmktool/toolerror.h"
+#include "qmktool/toolfile.h"
 
 namespace {
 
@@ -87,7 +88,7 @@ public:
             const char* szWord = m_aszWords[m_nNext++];
             if (bOptions && strcmp(szWord, "--") == 0) {
                 bOptions = false;
-            } else if (!bOptions || szWord[0] != '-') {
+            } else if (!bOptions || szWord[0] != '-' || IsStandardStream(szWord)) {
                 m_options.aFiles.push_back(szWord);
             } else if (!TakeOption(szWord)) {
                 return false;
@@ -143,6 +144,8 @@ private:
             {"--all", &m_options.bAll},
             {"--dry-run", &m_options.bDryRun},
             {"--skip-known", &m_options.bSkipKnown},
+            {"--detect", &m_options.bDetect},
+            {"--csv", &m_options.bCsv},
         };
         for (const auto& flag : aFlags) {
             if (flag.name == name) {
@@ -166,10 +169,35 @@ private:
             return ParseCount(szValue, name == "--last" ? m_options.lLast : m_options.lLimit) ||
                    Refuse("not a number of rows:", szValue);
         }
-        if (name == "--from" || name == "--to") {
-            return TakeDay(name == "--from", szValue);
+        const bool bFrom = name == "--from";
+        if (bFrom || name == "--to") {
+            return IsExchange() ? TakeKind(bFrom ? m_options.fromKind : m_options.toKind, szValue)
+                                : TakeDay(bFrom, szValue);
         }
-        return TakeDialect(name.substr(2), szValue);
+        return name == "--encoding" && !IsExchange() ? TakeEncoding(szValue)
+                                                     : TakeDialect(name.substr(2), szValue);
+    }
+
+    // Whether the command is one of those that read and write the files of other programs.
+    bool IsExchange() const { return m_command.pRun == RunConvert || m_command.pRun == RunImport; }
+
+    bool TakeKind(QMExchangeKind& kind, const char* szValue)
+    {
+        if (strcmp(szValue, "qmk") == 0) {
+            return RefuseStream();
+        }
+        kind = ExchangeKindOf((std::string(".") + szValue).c_str());
+        return kind != QMExchangeKind::None ||
+               Refuse("not one of the formats qif, csv and xml:", szValue);
+    }
+
+    bool TakeEncoding(const char* szValue)
+    {
+        m_options.bEncoding = true;
+        m_options.encoding =
+            strcmp(szValue, "utf-8") == 0 ? VEncoding::Utf8 : VEncoding::Windows1252;
+        return m_options.encoding == VEncoding::Utf8 || strcmp(szValue, "cp1252") == 0 ||
+               Refuse("neither cp1252 nor utf-8:", szValue);
     }
 
     bool TakeDay(bool bFrom, const char* szValue)
@@ -214,7 +242,9 @@ private:
 
     bool CheckWhole()
     {
-        if (m_options.aFiles.size() < m_command.uFiles) {
+        // To propose a dialect, the file alone is needed.
+        const size_t uNeeded = m_options.bDetect ? 1 : m_command.uFiles;
+        if (m_options.aFiles.size() < uNeeded) {
             return Refuse("a file name is missing behind", m_command.szName);
         }
         if (m_options.aFiles.size() > m_command.uFiles) {
@@ -223,7 +253,40 @@ private:
         if (m_options.lLimit >= 0 && m_options.lLast >= 0) {
             return Refuse("the first rows or the last, not both:", "--limit, --last");
         }
-        return CheckPeriod();
+        if (m_options.bJson && m_options.bCsv) {
+            return Refuse("one or the other, not both:", "--json, --csv");
+        }
+        return CheckStreams() && CheckPeriod();
+    }
+
+    static bool RefuseStream()
+    {
+        return Refuse("an account is never read from standard input or written to standard output:",
+                      "-");
+    }
+
+    // "-" stands for a file of another program only, and its format is told.
+    bool CheckStreams() const
+    {
+        for (size_t u = 0; u < m_options.aFiles.size(); ++u) {
+            const bool bExchange = IsExchange() && (u == 0 || m_command.pRun == RunConvert);
+            if (IsStandardStream(m_options.aFiles[u]) && !bExchange) {
+                return RefuseStream();
+            }
+        }
+        return !IsExchange() || (CheckStream(0, m_options.fromKind, "--from") &&
+                                 CheckStream(1, m_options.toKind, "--to"));
+    }
+
+    bool CheckStream(size_t uFile, QMExchangeKind kind, const char* szOption) const
+    {
+        const bool bStream =
+            uFile < m_options.aFiles.size() && IsStandardStream(m_options.aFiles[uFile]);
+        if (bStream == (kind != QMExchangeKind::None)) {
+            return true;
+        }
+        return bStream ? Refuse("the format of '-' is not told; missing is", szOption)
+                       : Refuse("only the format of '-' is told by", szOption);
     }
 
     bool CheckPeriod()

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "account/qmdate.h"
+#include "base/vcharacters.h"
+#include "exchange/qmexchange.h"
 #include "qmktool/commandtable.h"
 
 struct ToolOptions
@@ -19,6 +21,15 @@ struct ToolOptions
     bool bAll = false;
     bool bDryRun = false;
     bool bSkipKnown = false;
+    bool bDetect = false;
+    bool bCsv = false;
+    // What the bytes of an account's texts are. JSON gives them as they are unless bEncoding is
+    // set.
+    VEncoding encoding = VEncoding::Windows1252;
+    bool bEncoding = false;
+    // The formats of IN and OUT where these are "-"; otherwise None.
+    QMExchangeKind fromKind = QMExchangeKind::None;
+    QMExchangeKind toKind = QMExchangeKind::None;
     int32_t lLimit = -1;  // rows from the first one on; below 0 all
     int32_t lLast = -1;   // rows up to the last one; below 0 all
     bool bPeriod = false; // true when dtFrom or dtTo was given; the other one is then far away

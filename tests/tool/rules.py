@@ -1,6 +1,7 @@
 """The rules of the register, written a second time to compare the program with them."""
 
 import struct
+import unicodedata
 from dataclasses import dataclass, replace
 from typing import Any, Iterable
 
@@ -14,6 +15,10 @@ CREDITS = {1, 4, 6, 9, 11}
 
 VOIDED, EXPENSE, TAX, NOT_CLEARED = 1, 2, 4, 16
 TAG_LETTERS = ((VOIDED, b"V"), (EXPENSE, b"E"), (TAX, b"T"), (NOT_CLEARED, b"NC"))
+
+# Characters that stand between others and take no room, and the hyphen that a terminal shows.
+ZERO_WIDTH = "\u200b\u200c\u200d"
+SOFT = "\xad"
 
 LONGEST_TEXT = 255
 LONGEST_MONEY = 31
@@ -145,23 +150,61 @@ def register_of(entries: Iterable[Entry], version: int = V2_0, cleared_balance: 
     return Register(rows, balance, available)
 
 
-def printable(text: bytes) -> bytes:
-    return bytes(ord("?") if byte < 0x20 or byte == 0x7F else byte for byte in text)
+def shown_character(character: str) -> str:
+    """The character as a terminal gets it: never a command."""
+    code = ord(character)
+    if code < 0x20 or code == 0x7F:
+        return chr(0x2400 + code if code < 0x20 else 0x2421)
+    category = unicodedata.category(character)
+    if category in ("Cc", "Zl", "Zp") or (category == "Cf" and character not in ZERO_WIDTH + SOFT):
+        return f"\\u{code:04X}"
+    return character
 
 
-def text_line(line: dict[str, bytes], widths: dict[str, int]) -> bytes:
+def shown(text: bytes, encoding: str = "cp1252") -> str:
+    """The characters of a text; a byte that is none is shown as its number."""
+    decoded = text.decode(encoding, "surrogateescape")
+    return "".join(f"\\x{ord(one) - 0xDC00:02X}" if 0xDC80 <= ord(one) <= 0xDCFF
+                   else shown_character(one) for one in decoded)
+
+
+def columns_of(text: str) -> int:
+    """The columns of a terminal that characters take."""
+    def width(one: str) -> int:
+        if unicodedata.category(one) in ("Mn", "Me") or one in ZERO_WIDTH:
+            return 0
+        return 2 if unicodedata.east_asian_width(one) in "WF" else 1
+    return sum(map(width, text))
+
+
+def text_line(line: dict[str, str], widths: dict[str, int]) -> bytes:
     """One line of cells, without blanks at its end."""
-    used = [column for column in COLUMNS if line[column]]
-    cells = [line[column].rjust(widths[column]) if column in RIGHT_ALIGNED
-             else line[column].ljust(0 if column == used[-1] else widths[column])
-             for column in COLUMNS[:COLUMNS.index(used[-1]) + 1]] if used else []
-    return printable(b"  ".join(cells))
+    text, missing = "", 0
+    for column in COLUMNS:
+        blanks = widths[column] - columns_of(line[column])
+        missing += blanks if column in RIGHT_ALIGNED else 0
+        if line[column]:
+            text += " " * missing + line[column]
+            missing = 0
+        missing += (0 if column in RIGHT_ALIGNED else blanks) + 2
+    return text.encode()
 
 
-def text_lines(register: Register) -> list[bytes]:
+def text_lines(register: Register, encoding: str = "cp1252") -> list[bytes]:
     """The listing for people: headings, rows, two sums."""
     table = [{column: column.encode() for column in COLUMNS}]
     table += [row.columns for row in register.rows]
-    widths = {column: max(len(line[column]) for line in table) for column in COLUMNS}
+    table = [{column: shown(text, encoding) for column, text in line.items()} for line in table]
+    widths = {column: max(columns_of(line[column]) for line in table) for column in COLUMNS}
     lines = [text_line(line, widths) for line in table]
     return lines + [b"Balance:   %.2f" % register.balance, b"Available: %.2f" % register.available]
+
+
+ORDER_GUESSED = b", month and day perhaps exchanged: every day is below 13 (see --dates)"
+
+
+def order_note(days: Iterable[Day]) -> bytes:
+    """What is told of dates that were read month first, when nothing in them proves it."""
+    told = [day for day in days if day != Day(2000, 1, 1) and 1 <= day.month <= 12]
+    doubtful = any(day.day != day.month for day in told) and all(day.day < 13 for day in told)
+    return ORDER_GUESSED if doubtful else b""

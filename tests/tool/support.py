@@ -25,7 +25,7 @@ from unittest import mock
 REPO = Path(__file__).resolve().parents[2]
 SCRIPTS = REPO / "scripts"
 SAMPLE = REPO / "samples" / "household.qmk"
-NO_RECORDS = REPO / "tests" / "tool" / "no_records.qif"
+ONE_RECORD = REPO / "tests" / "tool" / "one_record.qif"
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(SCRIPTS))
@@ -222,10 +222,10 @@ class ToolTestCase(unittest.TestCase):
         return self.write(name, make_account(entries, **options))
 
     def words_for(self, command: str, file: Path | str, out: str = "refused-out.qmk") -> list[Any]:
-        """The command with this account; convert gets an OUT that does not exist, import a file
-        without transactions."""
+        """The command with this account; convert gets an OUT that does not exist, import
+        shows what a file of one transaction would add."""
         if command == "import":
-            return [command, NO_RECORDS, file]
+            return [command, ONE_RECORD, file, "--dry-run"]
         return [command, file] + ([self.folder / out] if command == "convert" else [])
 
     def assert_done(self, result: Result) -> Result:

@@ -7,6 +7,7 @@ the same three movements as far as its columns can tell them.
 import unittest
 from typing import NamedTuple
 
+from rules import ORDER_GUESSED
 from support import SAMPLE, ToolTestCase, cases, run
 
 # Date, type, check number, amount and description of what every file holds.
@@ -202,7 +203,8 @@ class Banks(ToolTestCase):
         result = self.assert_done(run("convert", source, "out.qmk", "--columns", "Date,Amount,Memo",
                                       cwd=self.folder))
         self.assertEqual(result.out, b"out.qmk: format 2.0, 3 transactions, 1 without a date, 1 "
-                         b"without an amount, 1 other lines passed over, 1 characters replaced\n")
+                         b"without an amount, 1 other lines passed over, 1 characters replaced"
+                         + ORDER_GUESSED + b"\n")
 
     def test_nothing_of_use_is_refused(self) -> None:
         source = self.write("in.csv", BANKS["german semicolon"].data)

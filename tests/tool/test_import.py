@@ -36,15 +36,18 @@ def look(entry: Entry) -> tuple[Any, ...]:
             entry.number if entry.type == 0 else 0, entry.description.removeprefix(b" - "))
 
 
-def told(old: list[Entry], new: list[Entry]) -> bytes:
+def told(old: list[Entry], new: list[Entry], source: Path) -> bytes:
     """What the last line says after the count."""
     known = sum((Counter(map(look, old)) & Counter(map(look, new))).values())
     days = [entry.day for entry in new]
     counts = ((sum(not 1 <= day.month <= 12 for day in days), b"without a date"),
               (days.count(Day(2000, 1, 1)), b"of 1/1/2000, as those without a date are"),
-              (sum(entry.amount == 0 for entry in new), b"without an amount"),
-              (known, b"that it seems to have already"))
-    return b"".join(b", %d %s" % (count, what) for count, what in counts if count)
+              (sum(entry.amount == 0 for entry in new), b"without an amount"))
+    text = b"".join(b", %d %s" % (count, what) for count, what in counts if count)
+    # The program's own files have the month first.
+    own = source.suffix == ".xml" or source.read_bytes().startswith(formats.CSV_HEADER)
+    text += b"" if own else rules.order_note(days)
+    return text + (b", %d that it seems to have already" % known if known else b"")
 
 
 class ImportTestCase(ToolTestCase):
@@ -65,7 +68,7 @@ class ImportTestCase(ToolTestCase):
         every = list(entries)
         old, new = every[:len(every) - count], every[len(every) - count:]
         self.assertEqual(result.out, b"%d transaction%s imported into %s%s\n" % (
-            count, b"" if count == 1 else b"s", self.account.name.encode(), told(old, new)))
+            count, b"" if count == 1 else b"s", self.account.name.encode(), told(old, new, self.source)))
         expected = make_account(formats.in_order(entries), V2_0, header or HEADER)
         self.assertTrue(self.account.read_bytes() == expected, "other bytes than expected")
         self.assertEqual(self.names_in_folder(), sorted({self.account.name, self.source.name}))
@@ -178,13 +181,22 @@ class Merged(ImportTestCase):
         self.account = self.write_account("account.old", OLD, header=HEADER)
         self.assert_imports(OLD + NEW, 3)
 
+    def test_a_file_of_no_transactions_is_refused(self) -> None:
+        before = self.account.read_bytes()
+        for name, data in (("in.qif", b"!Type:Bank\n"), ("in.csv", b"Date,Amount\n"),
+                           ("in.qif", b"\x89PNG\r\n\x1a\n\0\0"), ("in.xml", b"<quillmark/>")):
+            with self.subTest(name):
+                self.source = self.write(name, data)
+                self.assert_refused(self.run_import(), self.source, "it holds no transaction")
+                self.assertEqual(self.account.read_bytes(), before)
+
     def test_nothing_to_import_leaves_the_account_as_it_is(self) -> None:
         """Not even an older format is brought up to date."""
         for version in (V1_0, V2_0):
             data = make_account(OLD, version, HEADER)
             self.account.write_bytes(data)
-            self.source.write_bytes(b"!Type:Bank\n")
-            result = self.assert_done(self.run_import())
+            self.source.write_bytes(b"!Type:Bank\nD2/1/2004\nT250\nPRefund\n^\n")
+            result = self.assert_done(self.run_import("--skip-known"))
             self.assertTrue(result.out.startswith(b"0 transactions imported into "), result.out)
             self.assertEqual(self.account.read_bytes(), data)
 

@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import unittest
 
-from support import (DONE, REFUSED, REPO, SAMPLE, Day, Entry, ToolTestCase, cases, posix_only, run)
+from support import (DONE, USAGE, REPO, SAMPLE, Day, Entry, ToolTestCase, cases, posix_only, run)
 
 KINDS = ("statement", "type", "description", "memo", "category", "tax", "expenses", "voided",
          "not-cleared")
@@ -145,7 +145,7 @@ class Report(ToolTestCase):
 
     def test_reversed_range(self):
         result = run(*words("tax", dates=("--from", "2/2/2004", "--to", "2/1/2004")))
-        self.assertEqual((result.code, result.out, result.err), (REFUSED, b"", REVERSED))
+        self.assertEqual((result.code, result.out, result.err), (USAGE, b"", REVERSED))
 
     def test_password(self):
         file = self.write_account(header={"szPassword": b"secret"})

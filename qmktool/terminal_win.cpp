@@ -1,0 +1,41 @@
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdlib>
+
+#include "qmktool/terminal.h"
+
+namespace {
+
+HANDLE HandleOf(FILE* pStream)
+{
+    // The C library holds the handle as a number.
+    return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(pStream)));
+}
+
+} // namespace
+
+bool IsTerminal(FILE* pStream)
+{
+    DWORD uMode = 0;
+    return GetConsoleMode(HandleOf(pStream), &uMode) != 0;
+}
+
+bool TakesColours(FILE* pStream)
+{
+    constexpr DWORD uSequences = 0x0004; // ENABLE_VIRTUAL_TERMINAL_PROCESSING, of Windows 10
+    const char* szNoColour = getenv("NO_COLOR");
+    const bool bUnwanted = szNoColour != nullptr && *szNoColour != '\0';
+    DWORD uMode = 0;
+    const HANDLE hStream = HandleOf(pStream);
+    // An older console refuses the mode, and would show the sequences.
+    return !bUnwanted && GetConsoleMode(hStream, &uMode) &&
+           SetConsoleMode(hStream, uMode | uSequences);
+}
+
+void UseBytes(FILE* pStream)
+{
+    _setmode(_fileno(pStream), _O_BINARY);
+}

@@ -1,0 +1,54 @@
+// ToolProgress: tells on standard error how far a work is that takes more than a second, when
+// standard error is a terminal. Its line is gone afterwards.
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+#include "account/qmbytesource.h"
+#include "exchange/qmprogress.h"
+
+class ToolProgress : public QMProgress
+{
+public:
+    // szWhat is a word such as "reading", and uUnit how many steps make one of szUnit.
+    ToolProgress(const char* szWhat, uint64_t uUnit, const char* szUnit);
+    ToolProgress(const ToolProgress&) = delete;
+    ToolProgress& operator=(const ToolProgress&) = delete;
+    ~ToolProgress() override;
+
+    // Never gives up.
+    bool OnStep(uint64_t uDone, uint64_t uTotal) override;
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    const char* m_szWhat;
+    uint64_t m_uUnit;
+    const char* m_szUnit;
+    bool m_bTerminal;
+    bool m_bShown = false;
+    Clock::time_point m_next; // when to tell
+};
+
+// Tells a progress of what is read from a source, and keeps the first bytes.
+class WatchedByteSource : public QMByteSource
+{
+public:
+    // uTotal is 0 when it is not known.
+    WatchedByteSource(QMByteSource& source, uint64_t uTotal);
+
+    int64_t GetSize() override { return m_source.GetSize(); }
+    int64_t ReadSome(void* pBuffer, size_t uSize) override;
+
+    uint64_t GetDone() const { return m_uDone; }
+    std::string_view GetFront() const { return m_sFront; }
+
+private:
+    QMByteSource& m_source;
+    ToolProgress m_progress;
+    uint64_t m_uTotal;
+    uint64_t m_uDone = 0;
+    std::string m_sFront;
+};
