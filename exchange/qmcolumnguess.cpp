@@ -392,6 +392,25 @@ void QMColumnGuesser::TakeByHeading(QMBankColumn column, const char* const* aszW
     }
 }
 
+// Only payments by check have a number.
+void QMColumnGuesser::TakeSparseNumbers()
+{
+    if (std::ranges::find(m_columns, QMBankColumn::Number) != m_columns.end()) {
+        return;
+    }
+    for (size_t u = 0; u < m_columns.size(); ++u) {
+        const Column& column = m_counts[u];
+        const bool bSome = column.nFilled > 0 && column.nFilled < static_cast<int>(m_rows.size());
+        if (IsFree(u) && bSome && column.nNumbers == column.nFilled &&
+            column.uLength <= 7 * static_cast<size_t>(column.nFilled)) {
+            Take(u, QMBankColumn::Number);
+            Doubt(QMSureness::Guess, "whole numbers of some rows, in column " +
+                                         std::to_string(u + 1) + ", may be check numbers");
+            return;
+        }
+    }
+}
+
 // A column that was not taken and whose texts differ; none is the number of columns.
 size_t QMColumnGuesser::LongestText() const
 {
@@ -418,6 +437,7 @@ void QMColumnGuesser::TakeTexts()
         }
     }
     TakeByHeading(QMBankColumn::Number, aszNumber);
+    TakeSparseNumbers();
     TakeByHeading(QMBankColumn::Category, aszCategory);
     TakeByHeading(QMBankColumn::Memo, aszMemo);
     TakeByHeading(QMBankColumn::Description, aszDescription);

@@ -75,6 +75,7 @@ private:
     void TakeSign(size_t uAmount);
     void TakeTexts();
     void TakeByHeading(QMBankColumn column, const char* const* aszWords);
+    void TakeSparseNumbers();
     size_t LongestText() const;
 
     const std::vector<std::vector<std::string>>& m_rows;

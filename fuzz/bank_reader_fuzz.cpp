@@ -6,8 +6,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "exchange/qmbankreader.h"
+#include "exchange/qmdialectguess.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize);
 
@@ -30,6 +33,27 @@ void CheckRecord(const QMTransaction& transaction)
               strpbrk(transaction.szMemo, "\r\n") == nullptr &&
               strpbrk(transaction.szCategory, "\r\n") == nullptr,
           "a text has several lines");
+}
+
+using Guesser = bool (*)(std::string_view, const QMDialect&, const std::vector<std::string>&,
+                         QMDialectGuess&, std::string&);
+
+// What is proposed is a profile, but for the values that the user must decide.
+void CheckGuess(Guesser guesser, const std::string& sFile)
+{
+    QMDialectGuess guess;
+    std::string sFault;
+    const bool bGuessed = guesser(sFile, QMDialect(), {}, guess, sFault);
+    Check(bGuessed == sFault.empty(), "a guess fails without a reason");
+    if (!bGuessed) {
+        return;
+    }
+    std::string sProfile = guess.GetProfile();
+    if (const size_t uOpen = sProfile.find("dates = ?"); uOpen != std::string::npos) {
+        sProfile.replace(uOpen, 9, "dates = dmy");
+    }
+    QMDialect dialect;
+    Check(dialect.ReadProfile(sProfile).empty(), "a proposal is no profile");
 }
 
 } // namespace
@@ -56,5 +80,7 @@ int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t uSize)
               again.GetProfile() == dialect.GetProfile(),
           "a profile does not read back");
     QMTranslateQif(sFile, dialect, report);
+    CheckGuess(QMGuessCsvDialect, sFile);
+    CheckGuess(QMGuessQifDialect, sFile);
     return 0;
 }

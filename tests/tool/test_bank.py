@@ -178,6 +178,100 @@ class Banks(ToolTestCase):
                                      "--profile", profile))
                 self.assertEqual(self.rows(), list(bank.rows))
 
+    def test_the_proposed_profile_reads_the_same(self) -> None:
+        """Only what no file can tell must be decided: the order of dates, and the sign of a card."""
+        for name, bank in cases(BANKS.items()):
+            with self.subTest(name):
+                source = self.write(bank.name, bank.data)
+                proposed = self.assert_done(run("import", source, "--detect")).out
+                self.assertNotIn(b"dates = ?", proposed)
+                if "--invert" in bank.options:
+                    proposed = proposed.replace(b"invert = no", b"invert = yes")
+                profile = self.write("bank.profile", proposed)
+                self.assert_done(run("convert", source, self.folder / "out.qmk", "--force",
+                                     "--profile", profile))
+                self.assertEqual(self.rows(), list(bank.rows), proposed.decode())
+
+    def detected(self, data: bytes, *options: str, name: str = "in.csv") -> dict[str, tuple]:
+        """The values of a proposed profile by their names, each with how sure it is."""
+        lines = self.assert_done(run("convert", self.write(name, data), "--detect", *options)).lines()
+        self.assertEqual(self.names_in_folder(), [name])
+        found = {}
+        for before, line in zip(lines, lines[1:]):
+            if not line.startswith(b"#"):
+                key, _, value = line.decode().partition(" = ")
+                found[key] = (value, before.decode()[2:].partition(":")[0])
+        return found
+
+    def test_days_below_13_are_never_guessed(self) -> None:
+        for mark, dates in (("/", "3/4/2024 12/11/2024"), (".", "03.04.2024 05.06.2024"),
+                            ("-", "1-2-24 3-4-24")):
+            data = "".join(f"{day};x;5,25\n" for day in dates.split())
+            with self.subTest(mark):
+                self.assertEqual(self.detected(data.encode())["dates"], ("?", "not known"))
+                told = self.detected(data.encode(), "--dates", "dmy")
+                self.assertEqual(told["dates"], ("dmy", "told"))
+                (self.folder / "in.csv").unlink()
+        self.assertEqual(self.detected(b"!Type:Bank\nD3/4/24\nT5.00\n^\n", name="in.qif")["dates"],
+                         ("?", "not known"))
+
+    def test_a_profile_that_leaves_the_order_open_is_refused(self) -> None:
+        source = self.write("in.csv", b"3/4/2024,Books,5.25\n")
+        profile = self.write("bank.profile", self.assert_done(run("import", source, "--detect")).out)
+        self.assert_refused(run("convert", source, self.folder / "out.qmk", "--profile", profile),
+                            profile, "it is not one of mdy, dmy and ymd")
+
+    def test_how_sure_each_guess_is(self) -> None:
+        self.assertEqual(self.detected(b"Tag;Text;Betrag\n14.03.2024;B\xfccher;-5,25\n"
+                                       b"02.03.2024;Lohn;5,25\n"), {
+            "encoding": ("cp1252", "likely"), "separator": (";", "sure"),
+            "quote": ('"', "a guess"), "dates": ("dmy", "sure"), "decimal": (",", "sure"),
+            "skip": ("1", "sure"), "columns": ("Date,Description,Amount", "sure"),
+            "invert": ("no", "likely")})
+        self.assertEqual(self.detected(b"3/3/2024,5\n3/3/2024,6\n")["dates"], ("mdy", "sure"))
+        self.assertEqual(self.detected(b"3/13/2024,5\n13/3/2024,6\n")["dates"], ("?", "not known"))
+        self.assertEqual(self.detected(b"3/13/2024,5,6\n3/14/2024,7,8\n")["columns"][1], "a guess")
+
+    def test_a_balance_is_no_amount(self) -> None:
+        data = b"13/3/2024,-5.00,95.00\n14/3/2024,-10.00,85.00\n15/3/2024,20.00,105.00\n"
+        self.assertEqual(self.detected(data)["columns"][0], "Date,Amount,-")
+
+    def test_nothing_to_detect(self) -> None:
+        for name, data, reason in (
+                ("in.csv", b"", "both a date and an amount"),
+                ("in.csv", b"Date,Amount\n", "both a date and an amount"),
+                ("in.csv", b"\0\xff" * 5000, "both a date and an amount"),
+                ("in.qif", b"!Type:Bank\n", "no record with a date and an amount"),
+                ("in.xml", b"<a/>", "only .csv and .qif files have one"),
+                ("in.qmk", SAMPLE.read_bytes(), "")):
+            with self.subTest(name, data=data[:9]):
+                source = self.write(name, data)
+                words = (["import"] if name != "in.qmk" else ["convert"])
+                self.assert_refused(run(*words, source, "--detect"), source, reason)
+        self.assert_refused(run("import", self.folder / "none.csv", "--detect"),
+                            self.folder / "none.csv", "no such file")
+        self.assert_usage(run("import", "--detect"))
+        self.assert_usage(run("list", SAMPLE, "--detect"))
+        self.assert_usage(run("import", "in.csv", "b.qmk", "c.qmk", "--detect"))
+        self.assert_usage(run("import", "in.csv", "--detect=yes"))
+
+    def test_days_below_13_are_told_when_they_were_read(self) -> None:
+        account = self.write("account.qmk", SAMPLE.read_bytes())
+        told = b"month and day perhaps exchanged: every day is below 13 (see --dates)"
+        columns = ("--columns", "Date,Amount")
+        for data, options, doubtful in (
+                (b"3/4/2024,5\n", columns, True), (b"3/4/2024,5\n3/13/2024,5\n", columns, False),
+                (b"3/3/2024,5\n", columns, False), (b"2024-03-04,5\n", columns, False),
+                (b"4 Mar 2024,5\n", columns, False),
+                (b"3/4/2024,5\n", (*columns, "--dates", "mdy"), False),
+                (b"3/4/2024,5\n", (*columns, "--dates", "dmy"), False),
+                (b"Date,Amount\n3/4/2024,5\n", (), True),
+                (b"Date,Amount\n3/14/2024,5\n3/4/2024,5\n", (), False)):
+            with self.subTest(data, options=options):
+                out = self.assert_done(run("import", self.write("in.csv", data), account,
+                                           "--dry-run", *options)).out
+                self.assertEqual(told in out, doubtful, out)
+
     def test_the_command_line_has_the_last_word(self) -> None:
         profile = self.write("bank.profile", b"dates = mdy\ncolumns = Date,Amount\n")
         source = self.write("in.csv", b"3/4/2024,5\n")

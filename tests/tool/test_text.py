@@ -10,7 +10,7 @@ from typing import Any
 
 import formats
 import rules
-from support import (DONE, IS_WINDOWS, PROGRAM, REFUSED, SAMPLE, USAGE, Day, Entry, Result,
+from support import (DONE, IS_WINDOWS, PROGRAM, REFUSED, SAMPLE, Day, Entry, Result,
                      ToolTestCase, cases, posix_only, run)
 
 if not IS_WINDOWS:
