@@ -1,7 +1,9 @@
 #include "account/qmaccountwriter.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
+#include <vector>
 
 #include "account/qmscramble.h"
 
@@ -111,6 +113,68 @@ size_t EntrySize(const QMTransactionFields& fields, int32_t lVersion)
     return uSize;
 }
 
+// Calls f(transaction) for each one of a large store, in order. The transactions of a sorted store
+// lie here and there in memory, and the way to the next one is known only once this one is fetched.
+// So the second half is looked up from the last one on, while f is at work on the first half: both
+// wait for memory at the same time, and all of the second half can be fetched ahead.
+template <class F>
+void ForEachScattered(const QMTransactionStore& store, std::vector<const QMTransaction*>& behind,
+                      F f)
+{
+    constexpr size_t uAhead = 8;
+    const QMListNode* p = nullptr;
+    const QMListNode* pBack = nullptr;
+    store.ForEachWhile([&](const QMTransaction& first) { return p = &first, false; });
+    store.ForEachFromLastWhile([&](const QMTransaction& last) { return pBack = &last, false; });
+    const auto Fetch = [](const QMTransaction& transaction) {
+        __builtin_prefetch(&transaction);
+        __builtin_prefetch(transaction.szDescription);
+        __builtin_prefetch(transaction.szMemo);
+        __builtin_prefetch(transaction.szCategory);
+    };
+    const auto uFront = static_cast<size_t>(store.GetCount()) - behind.size();
+    const QMListNode* pAhead = p;
+    for (size_t u = 0; u < uFront; ++u, p = p->GetNext()) {
+        // The links of what comes next are followed before it is written.
+        for (int nSteps = u == 0 ? 4 : 1; nSteps > 0 && pAhead != nullptr; --nSteps) {
+            pAhead = pAhead->GetNext();
+        }
+        if (pAhead != nullptr) {
+            Fetch(*static_cast<const QMTransaction*>(pAhead));
+        }
+        if (u < behind.size()) {
+            behind[behind.size() - 1 - u] = static_cast<const QMTransaction*>(pBack);
+            pBack = pBack->GetPrevious();
+            __builtin_prefetch(pBack);
+        }
+        f(*static_cast<const QMTransaction*>(p));
+    }
+    for (size_t u = 0; u < behind.size(); ++u) {
+        Fetch(*behind[std::min(u + uAhead, behind.size() - 1)]);
+        f(*behind[u]);
+    }
+}
+
+constexpr int32_t lLargeStore = 20000;
+
+template <class F>
+void ForEachToWrite(const QMTransactionStore& store, F f)
+{
+    if (store.GetCount() < lLargeStore) {
+        store.ForEach(f);
+        return;
+    }
+    std::vector<const QMTransaction*> behind;
+    try {
+        behind.resize(static_cast<size_t>(store.GetCount()) / 2);
+    } catch (const std::bad_alloc&) {
+        // The short way needs memory, the long one none.
+        store.ForEach(f);
+        return;
+    }
+    ForEachScattered(store, behind, f);
+}
+
 } // namespace
 
 size_t QMAccountImageSize(const QMAccount& account)
@@ -141,7 +205,7 @@ bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account)
 {
     PieceWriter writer(sink);
     AddFront(writer.GetBuilder(), account);
-    account.store.ForEach([&](const QMTransaction& transaction) {
+    ForEachToWrite(account.store, [&](const QMTransaction& transaction) {
         writer.GetBuilder().AddEntry(transaction, account.lVersion);
         writer.HandOver(false);
     });

@@ -4,7 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
+#include <ctime>
 
 namespace {
 
@@ -15,14 +15,20 @@ double PeakBytes()
     return static_cast<double>(usage.ru_maxrss) * 1024;
 }
 
+double ProcessorSeconds()
+{
+    timespec time;
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
 ChildResult Measure(const std::function<bool(const std::function<void()>&)>& work)
 {
-    using Clock = std::chrono::steady_clock;
     ChildResult result;
     const double dBefore = PeakBytes();
-    const auto start = Clock::now();
+    const double dStart = ProcessorSeconds();
     result.bDone = work([&] {
-        result.dSeconds = std::chrono::duration<double>(Clock::now() - start).count();
+        result.dSeconds = ProcessorSeconds() - dStart;
         result.dPeakBytes = PeakBytes() - dBefore;
     });
     return result;

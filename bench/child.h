@@ -6,8 +6,8 @@
 
 struct ChildResult
 {
-    bool bDone = false; // false when the work failed; the other fields then mean nothing
-    double dSeconds = 0;
+    bool bDone = false;    // false when the work failed; the other fields then mean nothing
+    double dSeconds = 0;   // of the processor: other work on the machine does not count
     double dPeakBytes = 0; // the most memory that the work used
 };
 

@@ -34,15 +34,12 @@ public:
         }
     }
 
-    // The median; 0 when the benchmark did not run.
-    double GetMedian(const std::string& sName)
+    // The least of all runs, which other work on the machine has disturbed least; 0 when the
+    // benchmark did not run.
+    double GetLeast(const std::string& sName)
     {
-        std::vector<double>& aTimes = m_aTimes[sName];
-        if (aTimes.empty()) {
-            return 0;
-        }
-        std::sort(aTimes.begin(), aTimes.end());
-        return aTimes[aTimes.size() / 2];
+        const std::vector<double>& aTimes = m_aTimes[sName];
+        return aTimes.empty() ? 0 : *std::ranges::min_element(aTimes);
     }
 
     void PrintRatios() const
@@ -77,8 +74,8 @@ Collector& GetCollector()
 void CompareWith(const std::string& sName, const std::string& sBase, double dLimit)
 {
     const auto Ratio = [=] {
-        const double dBase = GetCollector().GetMedian(sBase);
-        return dBase > 0 ? GetCollector().GetMedian(sName) / dBase : 0;
+        const double dBase = GetCollector().GetLeast(sBase);
+        return dBase > 0 ? GetCollector().GetLeast(sName) / dBase : 0;
     };
     GetCollector().AddLine({sName + " to " + sBase, Ratio, dLimit});
 }

@@ -1,4 +1,4 @@
-// Compares benchmarks in pairs: both run in turn in one run, and the ratio of their medians is
+// Compares benchmarks in pairs: both run in turn in one run, and the ratio of their least times is
 // printed beside its limit.
 #pragma once
 

@@ -27,17 +27,29 @@ bool IsWritten(QMExchangeKind kind)
     return kind != QMExchangeKind::None && kind != QMExchangeKind::Text;
 }
 
+template <class Format, class T>
+bool ImportAs(T&& from, QMTransactionStore& store, QMImportTally* pTally)
+{
+    Format format;
+    const bool bDone = format.Import(from, store);
+    if (pTally != nullptr) {
+        *pTally = format.GetTally();
+    }
+    return bDone;
+}
+
 // From a path or a source of bytes.
 template <class T>
-bool Import(QMExchangeKind kind, T&& from, QMTransactionStore& store)
+bool Import(QMExchangeKind kind, T&& from, QMTransactionStore& store,
+            QMImportTally* pTally = nullptr)
 {
     switch (kind) {
         case QMExchangeKind::Qif:
-            return QMQifFormat().Import(from, store);
+            return ImportAs<QMQifFormat>(from, store, pTally);
         case QMExchangeKind::Csv:
-            return QMCsvFormat().Import(from, store);
+            return ImportAs<QMCsvFormat>(from, store, pTally);
         case QMExchangeKind::Xml:
-            return QMXmlFormat().Import(from, store);
+            return ImportAs<QMXmlFormat>(from, store, pTally);
         default:
             return false;
     }
@@ -129,9 +141,10 @@ bool QMImportFile(const char* szPath, QMTransactionStore& store, QMProgress* pPr
     return true;
 }
 
-bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store)
+bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store,
+                  QMImportTally* pTally)
 {
-    return Import(kind, source, store);
+    return Import(kind, source, store, pTally);
 }
 
 bool QMExportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress)

@@ -5,6 +5,7 @@
 
 #include "account/qmbytesource.h"
 #include "account/qmtransactionstore.h"
+#include "exchange/qmimporttally.h"
 #include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 
@@ -26,8 +27,10 @@ QMExchangeKind QMKindOfPath(const char* szPath);
 // pProgress may be null; when it gives the work up, the result is false too.
 bool QMImportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress = nullptr);
 
-// Reads the bytes of a source instead of a file.
-bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store);
+// Reads the bytes of a source instead of a file. pTally, which may be null, gets what the records
+// are like; without a kind that can be read it is left alone.
+bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store,
+                  QMImportTally* pTally = nullptr);
 
 // Writes all transactions of the store. The store's cursor moves. Returns false, without making a
 // file, for a kind that cannot be written, and when the file cannot be created.

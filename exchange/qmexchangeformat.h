@@ -36,6 +36,9 @@ public:
     bool Import(const char* szPath, QMTransactionStore& store);
     bool Import(QMByteSource& source, QMTransactionStore& store);
 
+    // Of the records of the last import.
+    const QMImportTally& GetTally() const { return m_records.GetTally(); }
+
     // Writes the store from its first transaction on. The store's cursor is on the last one
     // afterwards. Returns false when the file cannot be created.
     virtual bool Export(const char* szPath, QMTransactionStore& store);

@@ -9,6 +9,7 @@ void QMTemporaryRecords::Begin()
     m_store.Clear();
     m_filler.emplace(m_store);
     m_bComplete = true;
+    m_tally = QMImportTally();
 }
 
 void QMTemporaryRecords::Add(const QMTransaction& transaction)
@@ -18,6 +19,7 @@ void QMTemporaryRecords::Add(const QMTransaction& transaction)
         m_bComplete = false;
         return;
     }
+    m_tally.Count(*pCopy);
     if (!m_filler.has_value()) {
         m_filler.emplace(m_store);
     }

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "account/qmtransactionstore.h"
+#include "exchange/qmimporttally.h"
 
 class QMTemporaryRecords
 {
@@ -18,6 +19,9 @@ public:
     // Adds a copy of a record. When memory runs out, HandOver will return false.
     void Add(const QMTransaction& transaction);
 
+    // Of the records since Begin.
+    const QMImportTally& GetTally() const { return m_tally; }
+
     // Notes that memory ran out elsewhere. HandOver will return false.
     void SetIncomplete() { m_bComplete = false; }
 
@@ -30,4 +34,5 @@ private:
     QMTransactionStore& m_store;
     std::optional<QMStoreFiller> m_filler;
     bool m_bComplete = true;
+    QMImportTally m_tally;
 };

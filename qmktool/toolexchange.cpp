@@ -60,57 +60,28 @@ bool UsesDialect(const ToolOptions& options)
     return options.szProfile != nullptr || !options.dialect.empty();
 }
 
-bool HasDate(const QMTransaction& transaction)
-{
-    return QMCheckDate(transaction.dtDate) == 0 &&
-           !QMDateIsEqual(transaction.dtDate, QMMakeDate(2000, 1, 1));
-}
-
-// Calls f(transaction) for each one. The texts, which are most of a record, are left alone, so
-// nothing is fetched ahead.
-template <class F>
-void ForEachFront(QMTransactionStore& store, F f)
-{
-    store.First();
-    for (const QMListNode* p = store.GetCurrentNode(); p != nullptr; p = p->GetNext()) {
-        f(*static_cast<const QMTransaction*>(p));
-    }
-}
-
 // What the program's own readers leave at the values of a new transaction.
-QMBankReport ReportOf(QMTransactionStore& store)
+QMBankReport ReportOf(const QMImportTally& tally)
 {
     QMBankReport report;
-    ForEachFront(store, [&](const QMTransaction& transaction) {
-        const bool bNoDay = QMCheckDate(transaction.dtDate) != 0;
-        const bool bHasDate = HasDate(transaction);
-        report.lWithoutDate += bNoDay ? 1 : 0;
-        report.lFirstOf2000 += !bNoDay && !bHasDate ? 1 : 0;
-        report.lWithoutAmount += transaction.fAmount == 0 ? 1 : 0;
-        if (bHasDate) {
-            const QMDate& date = transaction.dtDate;
-            report.lOneOrder += date.wDay > 12 ? 1 : 0;
-            report.lEitherOrder += date.wDay <= 12 && date.wDay != date.wMonth ? 1 : 0;
-        }
-    });
+    report.lWithoutDate = tally.lWithoutDate;
+    report.lFirstOf2000 = tally.lFirstOf2000;
+    report.lWithoutAmount = tally.lWithoutAmount;
+    report.lOneOrder = tally.lOneOrder;
+    report.lEitherOrder = tally.lEitherOrder;
     return report;
 }
 
-// Replaces the store by what was found, where that holds anything to use.
-bool TakeUsable(QMTransactionStore& found, QMTransactionStore& store, std::string& sFault)
+// Whether anything that was read can be used.
+bool IsUsable(const QMImportTally& tally, std::string& sFault)
 {
-    bool bUsable = false;
-    ForEachFront(found, [&](const QMTransaction& transaction) {
-        bUsable = bUsable || transaction.fAmount != 0 || HasDate(transaction);
-    });
-    if (!bUsable) {
-        sFault = found.IsEmpty() ? "it holds no transaction"
-                                 : "none of its records has a date or an amount (see qmktool help "
-                                   "import for other dialects)";
-        return false;
+    if (tally.lUsable == 0) {
+        sFault = tally.lRecords == 0
+                     ? "it holds no transaction"
+                     : "none of its records has a date or an amount (see qmktool help import for "
+                       "other dialects)";
     }
-    store.TakeFrom(found);
-    return true;
+    return tally.lUsable > 0;
 }
 
 bool ReadByDialect(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report)
@@ -130,7 +101,11 @@ bool ReadByDialect(const ToolOptions& options, QMTransactionStore& store, QMBank
         const std::string sQif = QMTranslateQif(sBytes, dialect, report);
         QMMemorySource source(sQif.data(), sQif.size());
         QMTransactionStore found;
-        bDone = QMImportFrom(source, kind, found) && TakeUsable(found, store, sFault);
+        QMImportTally tally;
+        bDone = QMImportFrom(source, kind, found, &tally) && IsUsable(tally, sFault);
+        if (bDone) {
+            store.TakeFrom(found);
+        }
     }
     if (!bDone) {
         RefuseFile("import", szFile, sFault.c_str());
@@ -157,17 +132,17 @@ bool ReadPlainly(const ToolOptions& options, QMTransactionStore& store, QMBankRe
     QMStdioSource stdioSource(pInput);
     WatchedByteSource source(stdioSource, SizeOf(pInput));
     QMTransactionStore found;
-    if (!QMImportFrom(source, kind, found)) {
-        RefuseFile("import", szFile, ImportFault(source, kind));
-        return false;
-    }
-    const QMBankReport counted = ReportOf(found);
+    QMImportTally tally;
     std::string sFault;
-    if (!TakeUsable(found, store, sFault)) {
+    if (!QMImportFrom(source, kind, found, &tally)) {
+        sFault = ImportFault(source, kind);
+    }
+    if (!sFault.empty() || !IsUsable(tally, sFault)) {
         RefuseFile("import", szFile, sFault.c_str());
         return false;
     }
-    report = counted;
+    store.TakeFrom(found);
+    report = ReportOf(tally);
     report.bOrderGuessed =
         kind != QMExchangeKind::Xml && report.IsOrderDoubtful() && !IsOwnCsv(source.GetFront());
     return true;

@@ -7,7 +7,7 @@ from support import COMMANDS, SAMPLE, ToolTestCase, cases, posix_only, run
 OPTIONS = ("--json", "--from", "--to", "--cleared-balance", "--format", "--force", "--password",
            "--help", "--version", "--limit", "--last", "--all", "--dry-run", "--skip-known",
            "--profile", "--separator", "--quote", "--dates", "--decimal", "--encoding", "--skip",
-           "--columns", "--invert", "-h", "help COMMAND")
+           "--columns", "--invert", "--detect", "--csv", "-h", "help COMMAND")
 FILE = "missing.qmk"
 FIRST_DAY, LAST_DAY = ("--from", "1/1/2004"), ("--to", "12/31/2004")
 

@@ -3,11 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <memory>
+#include <random>
 #include <string>
 
 #include "account/qmaccountwriter.h"
 #include "account/qmmerge.h"
 #include "base/vfilesystem.h"
+#include "base/vtext.h"
 #include "exchange/qmexchange.h"
 #include "tests/support/exchange_support.h"
 #include "tests/support/support.h"
@@ -84,6 +87,28 @@ public:
 private:
     int m_bFirst = 1;
 };
+
+// A large store is written in another way than a small one, with the same bytes.
+TEST(AccountSink, GetsALargeStoreInOrder)
+{
+    for (const int32_t lCount : {19999, 20000, 20001, 30000}) {
+        QMAccount account("");
+        QMStoreFiller filler(account.store);
+        std::mt19937 random(5);
+        for (int32_t i = 0; i < lCount; ++i) {
+            auto pTransaction = std::make_unique<QMTransaction>();
+            pTransaction->dtDate = QMMakeDate(static_cast<uint16_t>(1990 + random() % 30), 5, 17);
+            VCopyText(pTransaction->szMemo, std::to_string(i).c_str());
+            filler.Add(std::move(pTransaction));
+        }
+        ASSERT_TRUE(filler.Finish());
+        StringSink sink;
+        ASSERT_TRUE(QMWriteAccountTo(sink, account));
+        const QMFileImage image = QMMakeAccountImage(account);
+        ASSERT_EQ(sink.sBytes.size(), image.uSize);
+        ASSERT_EQ(memcmp(sink.sBytes.data(), image.pBytes.get(), image.uSize), 0) << lCount;
+    }
+}
 
 } // namespace
 
