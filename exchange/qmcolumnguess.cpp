@@ -10,32 +10,12 @@
 namespace {
 
 constexpr const char* aszBalance[] = {"balance", "saldo", "solde", "kontostand", nullptr};
-constexpr const char* aszDebit[] = {"debit",
-                                    "d\xE9"
-                                    "bit",
-                                    "soll",
-                                    "ausgang",
-                                    "belastung",
-                                    "withdraw",
-                                    "paid out",
-                                    "cargo",
-                                    "addeb",
-                                    "uscit",
-                                    "money out",
-                                    nullptr};
-constexpr const char* aszCredit[] = {"credit",
-                                     "cr\xE9"
-                                     "dit",
-                                     "haben",
-                                     "eingang",
-                                     "gutschrift",
-                                     "deposit",
-                                     "paid in",
-                                     "abono",
-                                     "accred",
-                                     "entrat",
-                                     "money in",
-                                     nullptr};
+constexpr const char* aszDebit[] = {"debit",     "d\xE9\x62it", "soll",      "ausgang",
+                                    "belastung", "withdraw",    "paid out",  "cargo",
+                                    "addeb",     "uscit",       "money out", nullptr};
+constexpr const char* aszCredit[] = {"credit",     "cr\xE9\x64it", "haben",    "eingang",
+                                     "gutschrift", "deposit",      "paid in",  "abono",
+                                     "accred",     "entrat",       "money in", nullptr};
 constexpr const char* aszAmount[] = {"amount", "betrag", "umsatz", "montant", "importe", "importo",
                                      "bedrag", "belopp", "kwota",  "valor",   nullptr};
 constexpr const char* aszDescription[] = {

@@ -125,7 +125,7 @@ std::string_view FrontOf(std::string_view bytes)
         return bytes;
     }
     const std::string_view front = bytes.substr(0, uLookedAt);
-    const size_t uEnd = front.find_last_of("\n");
+    const size_t uEnd = front.find_last_of('\n');
     const size_t uSize = uEnd == std::string_view::npos ? uLookedAt : uEnd + 1;
     return front.substr(0, uSize + (uSize % 2));
 }
