@@ -6,29 +6,23 @@
 
 QMAccount::QMAccount(const char* szFileName) : QMFile(szFileName) {}
 
-bool QMAccount::Read()
+bool QMAccount::Read(QMProgress* pProgress)
 {
-    QMAccountReader reader(*this);
+    QMAccountReader reader(*this, pProgress);
     return reader.Read();
 }
 
-bool QMAccount::Write()
+bool QMAccount::Write(QMProgress* pProgress)
 {
     // Kept: a version above 2.0 is written, although no reader takes it back.
     if (!IsOpen() || lVersion < QM_VERSION_1_0) {
         return false;
     }
-    const QMFileImage image = QMMakeAccountImage(*this);
-    if (image.pBytes == nullptr || !CanReplace(image.uSize)) {
+    QMProgressPart making(pProgress, 0, 2);
+    QMProgressPart writing(pProgress, 1, 2);
+    if (!QMReplaceByImage(*this, QMMakeAccountImage(*this, lVersion, &making), &writing)) {
         return false;
     }
-    Close();
-    if (!Create()) {
-        return false;
-    }
-    // All bytes of the file are ready before the file is created anew, and go out by one call. So
-    // the old contents are gone for as short a time as can be.
-    QMFile::Write(image.pBytes.get(), image.uSize);
     header.bReserved = 0;
     // A byte 0xDF comes back from the file as a blank (see qmscramble.h). The header in memory
     // follows the file.
@@ -49,8 +43,7 @@ bool QMAccount::CopyFrom(const QMAccount& other)
 
 int32_t QMAccount::SetVersion(int32_t lNewVersion)
 {
-    if (lNewVersion == QM_VERSION_1_0 || lNewVersion == QM_VERSION_1_1 ||
-        lNewVersion == QM_VERSION_2_0) {
+    if (QMIsVersionOffered(lNewVersion)) {
         lVersion = lNewVersion;
     }
     return lVersion;

@@ -7,6 +7,8 @@
 #include "account/qmaccountformat.h"
 #include "account/qmfile.h"
 
+class QMProgress;
+
 class QMAccount : public QMAccountData, public QMFile
 {
 public:
@@ -15,8 +17,9 @@ public:
 
     // Opens the file, unless it is open, and reads all of it. The file stays open and locked, even
     // when reading fails. Returns false when the file cannot be opened, is not an account file, or
-    // is damaged. Use QMAccountReader to learn which.
-    bool Read();
+    // is damaged. Use QMAccountReader to learn which. pProgress may be null; it cannot give the
+    // reading up.
+    bool Read(QMProgress* pProgress = nullptr);
 
     // Creates the file anew and writes the account to it. Returns false when the file is not open,
     // when the version is below 1.0, or when the file cannot be created anew. What can be known of
@@ -28,7 +31,10 @@ public:
     //
     // Afterwards the header in memory is what reading the file would give, and the store's cursor
     // is on the last transaction.
-    bool Write();
+    //
+    // pProgress may be null. Until the old contents are gone it may give the work up: the result is
+    // false then, and the file is as it was.
+    bool Write(QMProgress* pProgress = nullptr);
 
     // Copies everything but the file. Returns false when memory ran out.
     bool CopyFrom(const QMAccount& other);

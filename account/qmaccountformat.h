@@ -14,6 +14,12 @@ inline constexpr int32_t QM_VERSION_1_0 = 4096;
 inline constexpr int32_t QM_VERSION_1_1 = 4352;
 inline constexpr int32_t QM_VERSION_2_0 = 8192;
 
+// Whether the program offers to write that version.
+constexpr bool QMIsVersionOffered(int32_t lVersion)
+{
+    return lVersion == QM_VERSION_1_0 || lVersion == QM_VERSION_1_1 || lVersion == QM_VERSION_2_0;
+}
+
 // Whether the transaction block is scrambled. Only format 1.0 does that.
 constexpr bool QMVersionScramblesBlock(int32_t lVersion)
 {

@@ -124,6 +124,10 @@ bool QMAccountReader::ReadEntries(QMByteReader& reader)
         }
         Mend(*pTransaction);
         filler.Add(std::move(pTransaction));
+        if (m_pProgress != nullptr) {
+            m_pProgress->OnStep(static_cast<uint64_t>(lEntry) + 1,
+                                static_cast<uint64_t>(m_report.lCount));
+        }
     }
     m_report.bInOrder = filler.IsInOrder();
     if (!filler.Finish()) {

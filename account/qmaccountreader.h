@@ -5,6 +5,7 @@
 
 #include "account/qmaccount.h"
 #include "account/qmbytesource.h"
+#include "account/qmprogress.h"
 
 enum class QMReadFault
 {
@@ -43,7 +44,10 @@ struct QMReadReport
 class QMAccountReader
 {
 public:
-    explicit QMAccountReader(QMAccount& account) : m_account(account) {}
+    // The progress, which may be null, is told of the entries. It cannot give the reading up.
+    explicit QMAccountReader(QMAccount& account, QMProgress* pProgress = nullptr)
+        : m_account(account), m_pProgress(pProgress)
+    {}
 
     // Does what QMAccount::Read promises. When reading stops at a fault, the store holds the
     // entries before it, in date order.
@@ -65,5 +69,6 @@ private:
     void Mend(QMTransaction& transaction);
 
     QMAccount& m_account;
+    QMProgress* m_pProgress;
     QMReadReport m_report;
 };

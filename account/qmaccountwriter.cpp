@@ -55,10 +55,10 @@ private:
     unsigned char* m_pNext;
 };
 
-void AddFront(ImageBuilder& builder, const QMAccount& account)
+void AddFront(ImageBuilder& builder, const QMAccount& account, int32_t lVersion)
 {
     builder.AddNumber(account.lMagic);
-    builder.AddNumber(static_cast<uint32_t>(account.lVersion));
+    builder.AddNumber(static_cast<uint32_t>(lVersion));
     builder.AddNumber(static_cast<uint32_t>(account.store.GetCount()));
     builder.AddNumber(QM_HEADER_SIZE);
     QMAccountHeader header = account.header;
@@ -175,36 +175,76 @@ void ForEachToWrite(const QMTransactionStore& store, F f)
     ForEachScattered(store, behind, f);
 }
 
-} // namespace
-
-size_t QMAccountImageSize(const QMAccount& account)
+size_t ImageSize(const QMAccount& account, int32_t lVersion)
 {
     size_t uSize = uFrontSize;
-    account.store.ForEach([&](const QMTransaction& transaction) {
-        uSize += EntrySize(transaction, account.lVersion);
-    });
+    account.store.ForEach(
+        [&](const QMTransaction& transaction) { uSize += EntrySize(transaction, lVersion); });
     return uSize;
 }
 
-QMFileImage QMMakeAccountImage(const QMAccount& account)
+} // namespace
+
+QMFileImage QMMakeAccountImage(const QMAccount& account, int32_t lVersion, QMProgress* pProgress)
 {
     QMFileImage image;
-    image.uSize = QMAccountImageSize(account);
+    image.uSize = ImageSize(account, lVersion);
     image.pBytes.reset(new (std::nothrow) unsigned char[image.uSize]);
     if (image.pBytes == nullptr) {
         return image;
     }
     ImageBuilder builder(image.pBytes.get());
-    AddFront(builder, account);
-    account.store.ForEach(
-        [&](const QMTransaction& transaction) { builder.AddEntry(transaction, account.lVersion); });
+    AddFront(builder, account, lVersion);
+    bool bGoesOn = true;
+    account.store.ForEach([&](const QMTransaction& transaction) {
+        const auto uDone = static_cast<size_t>(builder.GetEnd() - image.pBytes.get());
+        bGoesOn = bGoesOn && (pProgress == nullptr || pProgress->OnStep(uDone, image.uSize));
+        if (bGoesOn) {
+            builder.AddEntry(transaction, lVersion);
+        }
+    });
+    if (!bGoesOn) {
+        image.pBytes.reset();
+    }
     return image;
+}
+
+QMFileImage QMMakeAccountImage(const QMAccount& account)
+{
+    return QMMakeAccountImage(account, account.lVersion, nullptr);
+}
+
+bool QMReplaceByImage(QMFile& file, const QMFileImage& image, QMProgress* pProgress)
+{
+    if (image.pBytes == nullptr || !file.CanReplace(image.uSize)) {
+        return false;
+    }
+    file.Close();
+    if (!file.Create()) {
+        return false;
+    }
+    // All bytes of the file are ready before it is created anew. So the old contents are gone for
+    // as short a time as can be: nothing gives the work up from here on.
+    if (pProgress != nullptr) {
+        pProgress->OnNoReturn();
+    }
+    constexpr size_t uPart = 1 << 22;
+    size_t uDone = 0;
+    while (uDone < image.uSize) {
+        const size_t uNext = std::min(uPart, image.uSize - uDone);
+        file.Write(image.pBytes.get() + uDone, uNext);
+        uDone += uNext;
+        if (pProgress != nullptr) {
+            pProgress->OnStep(uDone, image.uSize);
+        }
+    }
+    return true;
 }
 
 bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account)
 {
     PieceWriter writer(sink);
-    AddFront(writer.GetBuilder(), account);
+    AddFront(writer.GetBuilder(), account, account.lVersion);
     ForEachToWrite(account.store, [&](const QMTransaction& transaction) {
         writer.GetBuilder().AddEntry(transaction, account.lVersion);
         writer.HandOver(false);

@@ -1,4 +1,4 @@
-// Makes the bytes of an account file in memory.
+// Makes the bytes of an account file in memory, and puts them into a file.
 #pragma once
 
 #include <cstddef>
@@ -6,18 +6,27 @@
 
 #include "account/qmaccount.h"
 #include "account/qmbytesink.h"
+#include "account/qmprogress.h"
 
 struct QMFileImage
 {
-    std::unique_ptr<unsigned char[]> pBytes; // null when memory ran out
+    std::unique_ptr<unsigned char[]> pBytes; // null when memory ran out or the work was given up
     size_t uSize = 0;
 };
 
-// How many bytes the file of this account takes.
-size_t QMAccountImageSize(const QMAccount& account);
+// Makes the whole file in the format version lVersion. The account is not changed. pProgress may be
+// null.
+QMFileImage QMMakeAccountImage(const QMAccount& account, int32_t lVersion, QMProgress* pProgress);
 
-// Makes the whole file in the account's format version. The account is not changed.
+// The same in the account's own format version.
 QMFileImage QMMakeAccountImage(const QMAccount& account);
+
+// Creates the file anew, whether it is open or not, and writes the image to it. The file is open
+// afterwards. Returns false for an image without bytes, and when the file cannot be created anew;
+// what can be known of that is tested before the old contents are touched. pProgress may be null.
+//
+// Kept: once the file was created anew, a failing write still returns true.
+bool QMReplaceByImage(QMFile& file, const QMFileImage& image, QMProgress* pProgress);
 
 // Hands the same bytes to a sink, in pieces, so that they are never in memory as a whole. Returns
 // false when the sink refused a piece.

@@ -1,5 +1,6 @@
 #include "account/qmdocument.h"
 
+#include <cstdio>
 #include <new>
 
 #include "account/qmaccountwriter.h"
@@ -12,16 +13,26 @@ std::unique_ptr<QMAccount> MakeAccount(const char* szFullName)
     return std::unique_ptr<QMAccount>(new (std::nothrow) QMAccount(szFullName));
 }
 
-// Writes a copy of the account under another name and closes that file again. A file of that name
-// is not touched when it is known beforehand that the copy cannot be written.
-bool WriteCopy(const QMAccount& account, const char* szFullName, int32_t lVersion)
+// The parts of SaveAs.
+enum Part
 {
-    const auto pCopy = MakeAccount(szFullName);
-    if (pCopy == nullptr || !pCopy->CopyFrom(account)) {
-        return false;
-    }
-    pCopy->SetVersion(lVersion);
-    return pCopy->CanReplace(QMAccountImageSize(*pCopy)) && pCopy->Create() && pCopy->Write();
+    Making,
+    Writing,
+    Reading,
+    PartCount
+};
+
+// Writes the account under another name and closes that file again. A file of that name is not
+// touched when it is known beforehand that the account cannot be written there.
+bool WriteUnder(const QMAccount& account, const char* szFullName, int32_t lVersion,
+                QMProgress* pProgress)
+{
+    const int32_t lWritten = QMIsVersionOffered(lVersion) ? lVersion : account.lVersion;
+    QMProgressPart making(pProgress, Making, PartCount);
+    QMProgressPart writing(pProgress, Writing, PartCount);
+    QMFile file(szFullName);
+    return lWritten >= QM_VERSION_1_0 &&
+           QMReplaceByImage(file, QMMakeAccountImage(account, lWritten, &making), &writing);
 }
 
 } // namespace
@@ -95,38 +106,46 @@ bool QMDocument::CopyAccount(QMAccountData& into) const
     return m_pAccount != nullptr && into.AssignFrom(*m_pAccount);
 }
 
-int32_t QMDocument::GetTransactions(QMTransactionStore& into) const
+int32_t QMDocument::GetTransactions(QMTransactionStore& into, QMProgress* pProgress) const
 {
-    const bool bCopied = m_pAccount != nullptr && into.AssignFrom(m_pAccount->store);
+    const bool bCopied = m_pAccount != nullptr && into.AssignStore(m_pAccount->store, pProgress);
     return bCopied ? into.GetCount() : -1;
 }
 
-bool QMDocument::Save()
+bool QMDocument::Save(QMProgress* pProgress)
 {
     if (m_pAccount == nullptr) {
         return false;
     }
-    if (!FileExists(m_pAccount->GetFileName()) && !m_pAccount->Create()) {
+    const bool bExists = FileExists(m_pAccount->GetFileName());
+    // A file that is open and yet not there was moved away with its folder.
+    const bool bNew = !bExists && !m_pAccount->IsOpen();
+    if (!bExists && !m_pAccount->Create()) {
         return false;
     }
     if (m_pAccount->lVersion < QM_VERSION_2_0) {
         m_pAccount->lVersion = QM_VERSION_2_0;
     }
-    if (!m_pAccount->Write()) {
+    if (!m_pAccount->Write(pProgress)) {
+        if (bNew) {
+            m_pAccount->Close();
+            remove(m_pAccount->GetFileName());
+        }
         return false;
     }
     ClearModified();
     return true;
 }
 
-bool QMDocument::SaveAs(const char* szFullName, int32_t lVersion)
+bool QMDocument::SaveAs(const char* szFullName, int32_t lVersion, QMProgress* pProgress)
 {
     if (m_pAccount == nullptr || szFullName == nullptr || *szFullName == '\0' ||
-        !WriteCopy(*m_pAccount, szFullName, lVersion)) {
+        !WriteUnder(*m_pAccount, szFullName, lVersion, pProgress)) {
         return false;
     }
+    QMProgressPart reading(pProgress, Reading, PartCount);
     auto pNew = MakeAccount(szFullName);
-    if (pNew == nullptr || !pNew->Read()) {
+    if (pNew == nullptr || !pNew->Read(&reading)) {
         return false;
     }
     SetAccount(std::move(pNew));

@@ -44,19 +44,24 @@ public:
     void GetPeriod(uint32_t& uSelection, QMDate& dtFrom, QMDate& dtTo) const;
 
     // Copy the account, or its transactions alone, for a report, an export or a printout. Return
-    // false, or a count of -1, when there is no account or memory ran out.
+    // false, or a count of -1, when there is no account, when memory ran out, and when pProgress,
+    // which may be null, gave the work up.
     bool CopyAccount(QMAccountData& into) const;
-    int32_t GetTransactions(QMTransactionStore& into) const;
+    int32_t GetTransactions(QMTransactionStore& into, QMProgress* pProgress = nullptr) const;
+
+    // In both saves pProgress may be null. It may give the work up until the old contents of the
+    // file are gone; the result is false then.
 
     // Writes the account to its file, and creates the file if it does not exist. An account of an
-    // older format becomes one of format 2.0. On false the document is as modified as before.
-    bool Save();
+    // older format becomes one of format 2.0. On false the document is as modified as before, and
+    // there is no file where there was none.
+    bool Save(QMProgress* pProgress = nullptr);
 
     // Writes the account under another name, in the format version lVersion if that is a known one.
     // The document then goes on with what was written, read back: a format without categories drops
     // them here too. On false the file, the name and the account are as before. The file that the
     // document has open cannot be named: it is locked.
-    bool SaveAs(const char* szFullName, int32_t lVersion);
+    bool SaveAs(const char* szFullName, int32_t lVersion, QMProgress* pProgress = nullptr);
 
 protected:
     // Called when the title may have changed: the name was set, or the modified state was set.

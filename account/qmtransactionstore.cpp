@@ -3,6 +3,7 @@
 #include <new>
 
 #include "account/qmeditlist.h"
+#include "account/qmprogress.h"
 #include "account/qmsortednodes.h"
 
 namespace {
@@ -36,19 +37,26 @@ uint64_t QMTransactionStore::GetKey(const QMTransactionFields& fields) const
 bool QMTransactionStore::AssignFrom(const QMNodeList& other)
 {
     const auto* pOther = dynamic_cast<const QMTransactionStore*>(&other);
-    if (pOther == nullptr || pOther == this) {
-        return pOther != nullptr;
+    return pOther != nullptr && AssignStore(*pOther, nullptr);
+}
+
+bool QMTransactionStore::AssignStore(const QMTransactionStore& other, QMProgress* pProgress)
+{
+    if (&other == this) {
+        return true;
     }
     Clear();
-    m_lSortMode = pOther->m_lSortMode;
+    m_lSortMode = other.m_lSortMode;
     QMStoreFiller filler(*this);
-    const QMListNode* pMarked = pOther->GetCurrentNode();
+    const QMListNode* pMarked = other.GetCurrentNode();
     QMListNode* pMarkedCopy = nullptr;
+    const auto uTotal = static_cast<uint64_t>(other.GetCount());
     bool bDone = true;
-    for (const auto* p = static_cast<QMTransaction*>(pOther->GetHead()); p != nullptr;
+    for (const auto* p = static_cast<QMTransaction*>(other.GetHead()); p != nullptr;
          p = NextOf(p)) {
         auto pCopy = MakeCopy(*p);
-        if (pCopy == nullptr) {
+        if (pCopy == nullptr || (pProgress != nullptr &&
+                                 !pProgress->OnStep(static_cast<uint64_t>(GetCount()), uTotal))) {
             bDone = false;
             break;
         }
@@ -58,7 +66,7 @@ bool QMTransactionStore::AssignFrom(const QMNodeList& other)
     // PutInOrder, called by Finish, keeps the cursor on its node and works out the position. So the
     // position given here need not be that of the copy.
     if (pMarkedCopy != nullptr) {
-        SetCursor(pMarkedCopy, pOther->GetPosition());
+        SetCursor(pMarkedCopy, other.GetPosition());
     }
     return filler.Finish() && bDone;
 }

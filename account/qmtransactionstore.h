@@ -9,6 +9,7 @@
 #include "account/qmtransaction.h"
 
 class QMEditList;
+class QMProgress;
 
 // The order that the store keeps. Accounts use QM_SORT_DATE. The others serve copies made for
 // reports. An unknown value acts as QM_SORT_DATE.
@@ -27,6 +28,9 @@ public:
     // is then on the copy of the transaction at the other's cursor. Returns false when memory ran
     // out, and when the other list is no QMTransactionStore.
     bool AssignFrom(const QMNodeList& other) override;
+    // The same. pProgress may be null; when it gives the work up, the result is false and what has
+    // been copied so far stays.
+    bool AssignStore(const QMTransactionStore& other, QMProgress* pProgress);
 
     // Moves the transactions of the other store, which must be in order, into this one without
     // copying them. The other store is empty then.

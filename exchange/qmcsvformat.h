@@ -1,9 +1,9 @@
 // QMCsvFormat: comma-separated files with a header row.
 #pragma once
 
+#include "account/qmprogress.h"
 #include "base/vstring.h"
 #include "exchange/qmexchangeformat.h"
-#include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 #include "exchange/qmtokenizer.h"
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include "account/qmbytesource.h"
+#include "account/qmprogress.h"
 #include "account/qmtransactionstore.h"
 #include "exchange/qmimporttally.h"
-#include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 
 enum class QMExchangeKind

@@ -1,8 +1,8 @@
 // What the writers of the exchange formats share.
 #pragma once
 
+#include "account/qmprogress.h"
 #include "account/qmtransactionstore.h"
-#include "exchange/qmprogress.h"
 #include "exchange/qmstdiofile.h"
 #include "exchange/qmtextwriter.h"
 

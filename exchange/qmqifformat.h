@@ -2,8 +2,8 @@
 // it.
 #pragma once
 
+#include "account/qmprogress.h"
 #include "exchange/qmexchangeformat.h"
-#include "exchange/qmprogress.h"
 #include "exchange/qmtextwriter.h"
 
 // Kept: writing and reading do not give the same back. Voided transactions, the tags and the date

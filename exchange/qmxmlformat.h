@@ -1,10 +1,10 @@
 // QMXmlFormat: transactions as an XML document.
 #pragma once
 
+#include "account/qmprogress.h"
 #include "account/qmtransaction.h"
 #include "account/qmtransactionstore.h"
 #include "base/vstring.h"
-#include "exchange/qmprogress.h"
 #include "exchange/qmtemporaryrecords.h"
 #include "exchange/qmtextwriter.h"
 #include "exchange/qmxmlparser.h"

@@ -216,6 +216,10 @@ void QMRegisterWindow::FollowFocus()
 
 void QMRegisterWindow::OnListClick(const NMITEMACTIVATE& click)
 {
+    if (GetFrame()->IsBusy()) {
+        // Somebody posted it: the user cannot get here.
+        return;
+    }
     const VCommandScope running(*GetFrame(), this);
     if (IsReadOnly()) {
         Tell(szReadOnly);
@@ -227,6 +231,9 @@ void QMRegisterWindow::OnListClick(const NMITEMACTIVATE& click)
 
 void QMRegisterWindow::OnListDoubleClick()
 {
+    if (GetFrame()->IsBusy()) {
+        return;
+    }
     const VCommandScope running(*GetFrame(), this);
     if (IsReadOnly()) {
         Tell(szReadOnly);
@@ -302,18 +309,18 @@ void QMRegisterWindow::ReloadRows()
     UpdateStatusBar();
 }
 
-bool QMRegisterWindow::SaveAs(const char* szFullName, int32_t lVersion)
+bool QMRegisterWindow::SaveAs(const char* szFullName, int32_t lVersion, QMProgress* pProgress)
 {
-    if (!m_document.SaveAs(szFullName, lVersion)) {
+    if (!m_document.SaveAs(szFullName, lVersion, pProgress)) {
         return false;
     }
     ReloadRows();
     return true;
 }
 
-int32_t QMRegisterWindow::MergeMarked(QMTransactionStore& from)
+int32_t QMRegisterWindow::MergeMarked(QMTransactionStore& from, QMProgress* pProgress)
 {
-    const int32_t lCount = QMMergeMarked(from, m_document.GetAccount()->store);
+    const int32_t lCount = QMMergeMarked(from, m_document.GetAccount()->store, pProgress);
     if (lCount >= 0) {
         ReloadRows();
         m_document.MarkModified();
@@ -350,15 +357,7 @@ bool QMRegisterWindow::AskToSave()
     sQuestion.Append("'?");
     const int nAnswer =
         MessageBox(GetHandle(), sQuestion.GetText(), MB_YESNOCANCEL | MB_ICONQUESTION);
-    if (nAnswer == IDYES) {
-        if (!m_document.GetAccount()->IsOpen()) {
-            // It was never saved: the name that it has so far is none that a user would look for.
-            return GetFrame()->SaveNewChild(*this);
-        }
-        // Kept: a save that fails here is not told, and the window closes.
-        m_document.Save();
-    }
-    return nAnswer != IDCANCEL;
+    return nAnswer == IDNO || (nAnswer == IDYES && GetFrame()->SaveClosingChild(*this));
 }
 
 bool QMRegisterWindow::QueryClose(bool bForced)

@@ -67,8 +67,8 @@ public:
     void SetFont(const LOGFONTA& font, COLORREF crText);
 
     // Saves the account under another name, in the format version lVersion, and shows what was
-    // written. On false nothing has changed.
-    bool SaveAs(const char* szFullName, int32_t lVersion);
+    // written. On false nothing has changed. See QMDocument::SaveAs for pProgress.
+    bool SaveAs(const char* szFullName, int32_t lVersion, QMProgress* pProgress);
 
     // Runs the dialog that sets, changes or removes the password of the account.
     void SetPassword();
@@ -86,8 +86,8 @@ public:
     void AutoSizeColumns() { m_list.AutoSizeAll(); }
 
     // Merges the transactions that an import review has marked into the account. Returns their
-    // number; -1 when memory ran out.
-    int32_t MergeMarked(QMTransactionStore& from);
+    // number; -1 when memory ran out, and when pProgress gave the work up.
+    int32_t MergeMarked(QMTransactionStore& from, QMProgress* pProgress);
 
     // The sentence of every command that a read-only account refuses.
     static constexpr char szReadOnly[] = "This command cannot be performed in read-only mode.";

@@ -61,11 +61,11 @@ bool SaveDocument(QMCommandContext& context)
     if (!FileExists(sPath.GetText())) {
         return context.frame.SaveUnder(document);
     }
-    const bool bDone = document.GetDocument().Save();
-    if (!bDone) {
+    const QMSaveEnd end = context.frame.Save(document);
+    if (end == QMSaveEnd::Failed) {
         context.frame.TellOf(szSaveFailed, sPath, szEnd);
     }
-    return bDone;
+    return end == QMSaveEnd::Saved;
 }
 
 bool SaveDocumentAs(QMCommandContext& context)
@@ -78,8 +78,12 @@ bool SaveAllDocuments(QMCommandContext& context)
     // A copy: while a box tells of a failure another start of the program may open a file.
     const std::vector<QMRegisterWindow*> documents = context.frame.GetDocuments();
     for (QMRegisterWindow* pDocument : documents) {
-        if (!pDocument->IsReadOnly() && !pDocument->GetDocument().Save()) {
+        const QMSaveEnd end =
+            pDocument->IsReadOnly() ? QMSaveEnd::Saved : context.frame.Save(*pDocument);
+        if (end == QMSaveEnd::Failed) {
             context.frame.TellOf(szSaveFailed, pDocument->GetFileName(), szEnd);
+        } else if (end == QMSaveEnd::Cancelled) {
+            return false;
         }
     }
     return true;

@@ -21,6 +21,14 @@
 // A message that the frame posts to itself when a command has ended and import orders wait.
 inline constexpr UINT QM_ORDERS_MESSAGE = WM_APP;
 
+// How a save ended.
+enum class QMSaveEnd
+{
+    Saved,
+    Cancelled, // by the user; the file is as it was
+    Failed
+};
+
 class QMMainFrame : public VMDIFrameWindow
 {
 public:
@@ -43,6 +51,8 @@ public:
     // Whether a file is open in a register. bActivate makes that register the active one.
     bool ActivateIfOpen(const char* szPath, bool bActivate);
 
+    // Saves the document in place, and shows how far that is when it takes long. Says nothing.
+    QMSaveEnd Save(QMRegisterWindow& document);
     // Asks for a name and a format and saves the document there. Returns false when the user
     // cancels, and when the save failed, after a message about it.
     bool SaveUnder(QMRegisterWindow& document);
@@ -117,7 +127,7 @@ public:
     void OnChildDestroyed(VMDIChildWindow& child) override;
     void OnChildGone(VMDIChildWindow& child) override;
     void OnCommandEnded() override;
-    bool SaveNewChild(VMDIChildWindow& child) override;
+    bool SaveClosingChild(VMDIChildWindow& child) override;
 
 private:
     // An order of a command line to import a file into an account.

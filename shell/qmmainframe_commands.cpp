@@ -45,6 +45,10 @@ LRESULT QMMainFrame::OnCommand(UINT uNotifyCode, UINT uId, HWND hControl)
         m_calculator.Post(WM_COMMAND, MAKEWPARAM(uId, uNotifyCode));
         return 0;
     }
+    if (IsBusy()) {
+        // It was posted from outside: the user cannot get here while a dialog is open.
+        return 0;
+    }
     if (Arrange(uId)) {
         return 0;
     }

@@ -7,6 +7,7 @@
 #include "resources/resource.h"
 #include "shell/qmcommandline.h"
 #include "shell/qmmainframe.h"
+#include "shell/qmprogressdialog.h"
 #include "toolkit/vmessages.h"
 
 namespace {
@@ -19,6 +20,18 @@ VString LongName(const VString& sName)
     char szLong[260];
     const DWORD uLength = GetLongPathNameA(sName.GetText(), szLong, sizeof szLong);
     return uLength > 0 && uLength < sizeof szLong ? VString(szLong) : sName;
+}
+
+// Saves with its progress shown. Nothing else works on the document meanwhile.
+template <class F>
+QMSaveEnd Watched(QMMainFrame& frame, const QMRegisterWindow& document, F save)
+{
+    const VCommandScope running(frame, &document);
+    QMProgressDialog progress(frame.GetHandle(), "Saving account...");
+    if (save(progress)) {
+        return QMSaveEnd::Saved;
+    }
+    return progress.IsCancelled() ? QMSaveEnd::Cancelled : QMSaveEnd::Failed;
 }
 
 } // namespace
@@ -163,7 +176,13 @@ void QMMainFrame::RunOrders()
     }
 }
 
-// ---- Saving under another name.
+// ---- Saving.
+
+QMSaveEnd QMMainFrame::Save(QMRegisterWindow& document)
+{
+    return Watched(*this, document,
+                   [&](QMProgress& progress) { return document.GetDocument().Save(&progress); });
+}
 
 bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
 {
@@ -179,8 +198,14 @@ bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
     const VWaitCursor wait;
     SetCurrentDirectory(dialog.GetDirectory().GetText());
     const VString sPath = dialog.GetPath();
-    if (!document.SaveAs(sPath.GetText(), QMVersionOfFilter(dialog.GetFilterIndex()))) {
-        TellOf("Failed to save file '", sPath, "'.");
+    const QMSaveEnd end = Watched(*this, document, [&](QMProgress& progress) {
+        return document.SaveAs(sPath.GetText(), QMVersionOfFilter(dialog.GetFilterIndex()),
+                               &progress);
+    });
+    if (end != QMSaveEnd::Saved) {
+        if (end == QMSaveEnd::Failed) {
+            TellOf("Failed to save file '", sPath, "'.");
+        }
         return false;
     }
     AddRecent(sPath.GetText());
@@ -188,7 +213,13 @@ bool QMMainFrame::SaveUnder(QMRegisterWindow& document)
     return true;
 }
 
-bool QMMainFrame::SaveNewChild(VMDIChildWindow& child)
+bool QMMainFrame::SaveClosingChild(VMDIChildWindow& child)
 {
-    return SaveUnder(static_cast<QMRegisterWindow&>(child));
+    auto& document = static_cast<QMRegisterWindow&>(child);
+    if (!document.GetDocument().GetAccount()->IsOpen()) {
+        // It was never saved: the name that it has so far is none that a user would look for.
+        return SaveUnder(document);
+    }
+    // Kept: a save that fails here is not told, and the window closes.
+    return Save(document) != QMSaveEnd::Cancelled;
 }

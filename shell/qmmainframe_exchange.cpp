@@ -28,10 +28,15 @@ VString CountSentence(const char* szFormat, int32_t lCount)
     return VString(szText);
 }
 
-bool WriteFile(HWND hWnd, const char* szPath, QMTransactionStore& store)
+// Writes a copy of the document's transactions. Returns their number; -1 on failure.
+int32_t WriteFile(HWND hWnd, const char* szPath, const QMDocument& document)
 {
     QMProgressDialog progress(hWnd, "Writing transactions...");
-    return QMExportFile(szPath, store, &progress);
+    QMProgressPart copying(&progress, 0, 2);
+    QMProgressPart writing(&progress, 1, 2);
+    QMTransactionStore store;
+    const int32_t lCount = document.GetTransactions(store, &copying);
+    return lCount >= 0 && QMExportFile(szPath, store, &writing) ? lCount : -1;
 }
 
 } // namespace
@@ -39,6 +44,7 @@ bool WriteFile(HWND hWnd, const char* szPath, QMTransactionStore& store)
 bool QMMainFrame::ImportFile(const char* szPath, QMRegisterWindow& document)
 {
     constexpr char szCaption[] = "Import";
+    const VCommandScope running(*this, &document);
     QMTransactionStore store;
     {
         QMProgressDialog progress(GetHandle(), "Reading transactions...");
@@ -51,7 +57,14 @@ bool QMMainFrame::ImportFile(const char* szPath, QMRegisterWindow& document)
         return true;
     }
     const VWaitCursor wait;
-    const int32_t lCount = document.MergeMarked(store);
+    int32_t lCount = 0;
+    {
+        QMProgressDialog progress(GetHandle(), "Importing transactions...");
+        lCount = document.MergeMarked(store, &progress);
+        if (progress.IsCancelled()) {
+            return true;
+        }
+    }
     if (lCount < 0) {
         ShowResult(GetHandle(), "Failed to import transactions from file:\n", szPath, szCaption);
         return true;
@@ -68,9 +81,9 @@ bool QMMainFrame::ExportFile(const char* szPath, QMRegisterWindow& document)
     if (VString(szPath).FindLast('.') < 0) {
         return false;
     }
-    QMTransactionStore store;
-    const int32_t lCount = document.GetDocument().GetTransactions(store);
-    if (lCount < 0 || !WriteFile(GetHandle(), szPath, store)) {
+    const VCommandScope running(*this, &document);
+    const int32_t lCount = WriteFile(GetHandle(), szPath, document.GetDocument());
+    if (lCount < 0) {
         ShowResult(GetHandle(), "Failed to export transactions to file:\n", szPath, szCaption);
         return false;
     }

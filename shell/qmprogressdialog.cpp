@@ -1,6 +1,7 @@
 #include "shell/qmprogressdialog.h"
 
 #include "resources/resource.h"
+#include "toolkit/vmodalowner.h"
 
 namespace {
 
@@ -9,7 +10,7 @@ constexpr int nParts = 1000; // of the progress bar
 } // namespace
 
 QMProgressDialog::QMProgressDialog(HWND hOwner, const char* szTask)
-    : m_hOwner(hOwner), m_sTask(szTask), m_uNext(GetTickCount() + uDelay)
+    : m_hOwner(VModalOwner(hOwner)), m_sTask(szTask), m_uNext(GetTickCount() + uDelay)
 {}
 
 QMProgressDialog::~QMProgressDialog()
@@ -18,14 +19,18 @@ QMProgressDialog::~QMProgressDialog()
     if (m_bDisabled) {
         EnableWindow(m_hOwner, TRUE);
     }
+    const bool bFocus = IsValid() && GetActiveWindow() == GetHandle();
     Detach();
+    if (bFocus && IsWindow(m_hFocus)) {
+        ::SetFocus(m_hFocus);
+    }
 }
 
 bool QMProgressDialog::OnStep(uint64_t uDone, uint64_t uTotal)
 {
     // The clock of GetTickCount begins anew after 49 days.
     if (static_cast<LONG>(GetTickCount() - m_uNext) < 0) {
-        return !m_bCancelled;
+        return m_bNoReturn || !m_bCancelled;
     }
     if (!m_bOpen) {
         Open();
@@ -35,12 +40,13 @@ bool QMProgressDialog::OnStep(uint64_t uDone, uint64_t uTotal)
     }
     Answer();
     m_uNext = GetTickCount() + uPause;
-    return !m_bCancelled;
+    return m_bNoReturn || !m_bCancelled;
 }
 
 void QMProgressDialog::Open()
 {
     m_bOpen = true;
+    m_hFocus = ::GetFocus();
     m_bDisabled = !EnableWindow(m_hOwner, FALSE);
     if (CreateModeless(m_hOwner, IDD_PROGRESS)) {
         Show();
@@ -51,7 +57,24 @@ bool QMProgressDialog::OnInitDialog()
 {
     SetItemText(IDC_PROGRESS_TASK, m_sTask.GetText());
     SendItem(IDC_PROGRESS_BAR, PBM_SETRANGE32, 0, nParts);
+    if (m_bNoReturn) {
+        DisableCancel();
+    }
     return VDialog::OnInitDialog();
+}
+
+void QMProgressDialog::OnNoReturn()
+{
+    m_bNoReturn = true;
+    if (IsValid()) {
+        DisableCancel();
+    }
+}
+
+void QMProgressDialog::DisableCancel()
+{
+    EnableItem(IDCANCEL, false);
+    EnableMenuItem(GetSystemMenu(GetHandle(), FALSE), SC_CLOSE, MF_BYCOMMAND | MF_GRAYED);
 }
 
 void QMProgressDialog::Answer()
@@ -73,8 +96,10 @@ void QMProgressDialog::Answer()
 
 bool QMProgressDialog::OnCancel()
 {
-    m_bCancelled = true;
-    EnableItem(IDCANCEL, false);
+    if (!m_bNoReturn) {
+        m_bCancelled = true;
+        DisableCancel();
+    }
     return false;
 }
 

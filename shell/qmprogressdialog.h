@@ -1,20 +1,23 @@
-// QMProgressDialog: shows how far an import or an export is, once it takes longer than a second,
-// and lets the user cancel it.
+// QMProgressDialog: shows how far an import, an export or a save is, once it takes longer than a
+// second, and lets the user cancel it.
 #pragma once
 
-#include "exchange/qmprogress.h"
+#include "account/qmprogress.h"
 #include "toolkit/vdialog.h"
 
 class QMProgressDialog : public VDialog, public QMProgress
 {
 public:
-    // The owner is disabled while the window is there. szTask says what is being done.
+    // The owner, or the modal window that keeps the user from it (VModalOwner), is disabled while
+    // the window is there. szTask says what is being done.
     QMProgressDialog(HWND hOwner, const char* szTask);
-    // Takes the window away and gives the owner back to the user.
+    // Takes the window away and gives owner and focus back to the user.
     ~QMProgressDialog() override;
 
     // Shows the window when it is time, and lets it and the other windows answer their messages.
     bool OnStep(uint64_t uDone, uint64_t uTotal) override;
+    // The window stays, and cannot be cancelled any more.
+    void OnNoReturn() override;
     bool IsCancelled() const { return m_bCancelled; }
 
     bool OnInitDialog() override;
@@ -29,11 +32,14 @@ private:
 
     void Open();
     void Answer();
+    void DisableCancel();
 
     HWND m_hOwner;
+    HWND m_hFocus = nullptr; // the window that had the focus before
     VString m_sTask;
     DWORD m_uNext; // the time of the next look
     bool m_bOpen = false;
     bool m_bDisabled = false; // this object has disabled the owner
     bool m_bCancelled = false;
+    bool m_bNoReturn = false;
 };

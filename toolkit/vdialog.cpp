@@ -1,6 +1,7 @@
 #include "toolkit/vdialog.h"
 
 #include "toolkit/vapplication.h"
+#include "toolkit/vmodalowner.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ INT_PTR VDialog::DoModal(HWND hParent, UINT uTemplate, HINSTANCE hInstance)
     HWND hFocus = ::GetFocus();
     HINSTANCE hModule = hInstance == nullptr ? GetApplication().GetResourceModule() : hInstance;
     const INT_PTR nResult =
-        DialogBoxParamA(hModule, MAKEINTRESOURCEA(uTemplate), hParent,
+        DialogBoxParamA(hModule, MAKEINTRESOURCEA(uTemplate), VModalOwner(hParent),
                         reinterpret_cast<DLGPROC>(&WindowProc), reinterpret_cast<LPARAM>(this));
     if (IsWindow(hFocus)) {
         ::SetFocus(hFocus);

@@ -36,7 +36,7 @@ public:
 
     // Runs the dialog. Afterwards the focus is where it was before. Returns what EndWith was given;
     // -1 when the dialog could not be made. A null hInstance means the resource module of the
-    // application.
+    // application. A modal window that keeps the user from hParent is the owner instead.
     INT_PTR DoModal(HWND hParent, UINT uTemplate, HINSTANCE hInstance = nullptr);
 
     // Makes the dialog and returns at once. The object must live as long as the window.

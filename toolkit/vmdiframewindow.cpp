@@ -3,37 +3,8 @@
 #include "toolkit/vapplication.h"
 #include "toolkit/vmdichildwindow.h"
 
-namespace {
-
-// The atom of the system's class for dialogs and boxes.
-constexpr ULONG_PTR uDialogClass = 32770;
-
-BOOL CALLBACK FindDialogOf(HWND hWnd, LPARAM lParam)
-{
-    HWND hFrame = *reinterpret_cast<HWND*>(lParam);
-    const bool bFound = GetWindow(hWnd, GW_OWNER) == hFrame && IsWindowVisible(hWnd) &&
-                        IsWindowEnabled(hWnd) && GetClassLongPtrA(hWnd, GCW_ATOM) == uDialogClass;
-    if (bFound) {
-        *reinterpret_cast<HWND*>(lParam) = nullptr;
-    }
-    return !bFound;
-}
-
-// Whether a dialog of the frame is still there to be answered.
-bool HasDialog(HWND hFrame)
-{
-    HWND hSought = hFrame;
-    EnumThreadWindows(GetCurrentThreadId(), &FindDialogOf, reinterpret_cast<LPARAM>(&hSought));
-    return hSought == nullptr;
-}
-
-} // namespace
-
 VCommandScope::VCommandScope(VMDIFrameWindow& frame, const VMDIChildWindow* pOn)
-    : m_frame(frame),
-      m_pOn(pOn),
-      m_pOuter(frame.m_pRunning),
-      m_bDisabled(!IsWindowEnabled(frame.GetHandle()))
+    : m_frame(frame), m_pOn(pOn), m_pOuter(frame.m_pRunning)
 {
     frame.m_pRunning = this;
 }
@@ -41,11 +12,6 @@ VCommandScope::VCommandScope(VMDIFrameWindow& frame, const VMDIChildWindow* pOn)
 VCommandScope::~VCommandScope()
 {
     m_frame.m_pRunning = m_pOuter;
-    if (m_bDisabled && m_pOuter != nullptr && HasDialog(m_frame.GetHandle())) {
-        // Wine 8 enables the owner at the end of each modal window, of an inner one too. Once the
-        // outer dialog is gone nobody would enable the frame again.
-        m_frame.Enable(false);
-    }
     m_frame.OnCommandEnded();
 }
 
@@ -95,7 +61,7 @@ void VMDIFrameWindow::OnChildDestroyed(VMDIChildWindow& /*child*/) {}
 void VMDIFrameWindow::OnChildGone(VMDIChildWindow& /*child*/) {}
 void VMDIFrameWindow::OnPreCreateClient(CREATESTRUCTA& /*create*/) {}
 
-bool VMDIFrameWindow::SaveNewChild(VMDIChildWindow& /*child*/)
+bool VMDIFrameWindow::SaveClosingChild(VMDIChildWindow& /*child*/)
 {
     return false;
 }

@@ -36,7 +36,6 @@ private:
     VMDIFrameWindow& m_frame;
     const VMDIChildWindow* m_pOn;
     VCommandScope* m_pOuter; // a command may run inside another one's dialog
-    bool m_bDisabled;        // such a dialog kept the user from the frame when this one began
 };
 
 class VMDIFrameWindow : public VFrameWindow
@@ -57,9 +56,8 @@ public:
     virtual void OnPreCreateClient(CREATESTRUCTA& create);
     // A command has ended, one inside another command's dialog too.
     virtual void OnCommandEnded() {}
-    // Asks for a file for a document that has none, and saves it there. False, with the document as
-    // it was, when the user gave it up and when the file could not be written, which is then said.
-    virtual bool SaveNewChild(VMDIChildWindow& child);
+    // Saves a document that is to be closed. False keeps it open.
+    virtual bool SaveClosingChild(VMDIChildWindow& child);
 
     bool PreTranslate(MSG& message) override;
 

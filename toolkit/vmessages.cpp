@@ -1,6 +1,7 @@
 #include "toolkit/vmessages.h"
 
 #include "toolkit/vapplication.h"
+#include "toolkit/vmodalowner.h"
 
 VString ResourceString(UINT uId, HINSTANCE hModule)
 {
@@ -28,7 +29,7 @@ VCommandText GetCommandText(UINT uCommand)
 int MessageBox(HWND hWindow, const char* szText, const char* szCaption, UINT uFlags)
 {
     HWND hFocus = GetFocus();
-    const int nButton = MessageBoxA(hWindow, szText, szCaption, uFlags);
+    const int nButton = MessageBoxA(VModalOwner(hWindow), szText, szCaption, uFlags);
     if (IsWindow(hFocus)) {
         SetFocus(hFocus);
     }

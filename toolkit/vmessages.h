@@ -22,7 +22,8 @@ struct VCommandText
 VCommandText GetCommandText(UINT uCommand);
 
 // Shows a message box and then sets the focus back to the window that had it. Returns the id of the
-// button. The form without a caption uses the name of the application.
+// button. The form without a caption uses the name of the application. A modal window that keeps
+// the user from hWindow is kept from the user too (VModalOwner).
 int MessageBox(HWND hWindow, const char* szText, const char* szCaption, UINT uFlags);
 int MessageBox(HWND hWindow, const char* szText, UINT uFlags);
 

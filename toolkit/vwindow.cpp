@@ -198,6 +198,7 @@ bool VWindow::IsLive(const VWindow* pWindow)
 
 void VWindow::AddFilter(VMessageFilter& filter)
 {
+    RemoveFilter(filter); // twice in the list, it would make a ring of it
     filter.m_pNextFilter = nullptr;
     VMessageFilter** ppLink = &m_pFilters;
     while (*ppLink != nullptr) {

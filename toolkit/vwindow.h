@@ -168,7 +168,9 @@ public:
     using MemoryFailure = void (*)(VWindow& window, UINT uMessage, WPARAM wParam);
     void SetMemoryFailure(MemoryFailure pFailure) { m_pMemoryFailure = pFailure; }
 
-    // The caller owns the filter. The filter that was added first sees a message first.
+    // The caller owns the filter. The filter that was added first sees a message first; one that is
+    // added again counts as added last. Filters stay with the object from one window to the next,
+    // until they are removed or the object is detached.
     void AddFilter(VMessageFilter& filter);
     void RemoveFilter(VMessageFilter& filter);
 

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "resources/resource.h"
 #include "tests/e2e/remoteprocess.h"
 #include "tests/e2e/wait.h"
 #include "tests/e2e/windowaccess.h"
@@ -317,4 +318,24 @@ FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCap
     Await("the types of the dialog '" + sCaption + "'",
           [&] { return dialog.HasItem(IDOK) && dialog.HasItem(cmb1); });
     return dialog;
+}
+
+HWND FindProgressOf(const Program& program)
+{
+    for (HWND hWnd : TopWindows(program.GetId())) {
+        if (FindChildById(hWnd, IDC_PROGRESS_BAR) != nullptr) {
+            return hWnd;
+        }
+    }
+    return nullptr;
+}
+
+DialogWindow AwaitProgress(const Program& program)
+{
+    HWND hProgress = nullptr;
+    Await("the window of some progress", [&] {
+        hProgress = FindProgressOf(program);
+        return hProgress != nullptr;
+    });
+    return {program.GetProcess(), hProgress};
 }

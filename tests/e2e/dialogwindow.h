@@ -94,3 +94,6 @@ std::vector<DialogWindow> FindDialogs(const Program& program, const std::string&
 // Waits for a dialog by its caption.
 DialogWindow AwaitDialog(const Program& program, const std::string& sCaption);
 FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCaption);
+// The window that shows how far long work is; null when there is none.
+HWND FindProgressOf(const Program& program);
+DialogWindow AwaitProgress(const Program& program);

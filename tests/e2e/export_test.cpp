@@ -301,15 +301,7 @@ protected:
         return {m_program.GetProcess(), FindProgress()};
     }
 
-    HWND FindProgress() const
-    {
-        for (HWND hWnd : TopWindows(m_program.GetId())) {
-            if (FindChildById(hWnd, IDC_PROGRESS_BAR) != nullptr) {
-                return hWnd;
-            }
-        }
-        return nullptr;
-    }
+    HWND FindProgress() const { return FindProgressOf(m_program); }
 
     void AnswerFailures(const std::string& sFile) const
     {

@@ -6,29 +6,13 @@
 
 #include "base/vfilesystem.h"
 #include "exchange/qmexchange.h"
+#include "tests/support/countingprogress.h"
 #include "tests/support/exchange_support.h"
 #include "tests/support/support.h"
 
 namespace {
 
-// Stops the work after a number of steps.
-struct CountingProgress : QMProgress
-{
-    explicit CountingProgress(int n) : nSteps(n) {}
-    bool OnStep(uint64_t uDone, uint64_t uTotal) override
-    {
-        bOrdered = bOrdered && uDone >= uLast && uDone <= uTotal;
-        uLast = uDone;
-        return nCalls++ < nSteps;
-    }
-
-    int nSteps;
-    int nCalls = 0;
-    uint64_t uLast = 0;
-    bool bOrdered = true;
-};
-
-constexpr int nForever = 1 << 30;
+constexpr int nForever = CountingProgress::nForever;
 constexpr int nRecords = 3000;
 
 class QMProgressTest : public testing::TestWithParam<const char*>
