@@ -5,7 +5,10 @@
 
 #include "tests/e2e/currentfolder.h"
 #include "tests/e2e/reviewwindow.h"
+#include "tests/e2e/windowaccess.h"
 #include "tests/e2e/work_test.h"
+#include "tests/support/printeddocument.h"
+#include "tests/support/wine_support_win.h"
 
 namespace {
 
@@ -80,6 +83,8 @@ struct Opener
     const char* szName;
     UINT uCommand;
     const char* szCaption;
+    int nEnd = IDCANCEL; // the button that ends the dialog
+    bool bPrints = false;
 };
 
 constexpr Opener aOpeners[] = {
@@ -90,6 +95,12 @@ constexpr Opener aOpeners[] = {
     {"Import", IDM_FILE_IMPORT, "Open"},
     {"Export", IDM_FILE_EXPORT, "Save As"},
     {"Password", IDM_FILE_PASSWORD, "Set Password"},
+    {"AccountInformation", IDM_FILE_ACCOUNTINFO, "Account Information - three.qmk"},
+    {"Options", IDM_TOOLS_OPTIONS, "Options - three.qmk"},
+    {"Reports", IDM_TOOLS_REPORTS, "Reports - three.qmk", IDC_REPORT_CLOSE},
+    {"Print", IDM_FILE_PRINT, "Print", IDCANCEL, true},
+    {"Preview", IDM_FILE_PREVIEW, "Print Preivew - three.qmk", IDC_PREVIEW_CLOSE, true},
+    {"PageSetup", IDM_FILE_PAGESETUP, nullptr, IDCANCEL, true},
 };
 
 class DialogClosingTest : public ClosingTest, public testing::WithParamInterface<Opener>
@@ -97,13 +108,19 @@ class DialogClosingTest : public ClosingTest, public testing::WithParamInterface
 
 TEST_P(DialogClosingTest, KeepsTheFrameWhileItIsOpen)
 {
+    if (GetParam().bPrints && !PrintedDocument::HasSpooler()) {
+        GTEST_SKIP() << "no spooler for tests runs";
+    }
     const std::string sPath = OpenThree();
     m_program.Post(GetParam().uCommand);
-    const DialogWindow dialog = AwaitDialog(m_program, GetParam().szCaption);
+    // Only the system words a caption that is not given.
+    const char* szSystem = IsWine() ? "Setup Page" : "Page Setup";
+    const DialogWindow dialog =
+        AwaitDialog(m_program, GetParam().szCaption == nullptr ? szSystem : GetParam().szCaption);
     AskToClose();
     ExpectKept(1);
     EXPECT_TRUE(dialog.IsOpen());
-    dialog.End(IDCANCEL);
+    dialog.End(GetParam().nEnd);
     ExpectUsable(sPath);
 }
 
@@ -171,6 +188,54 @@ TEST_F(ClosingTest, AboutKeepsTheFrame)
     ExpectKept(1);
     const DialogWindow about(m_program.GetProcess(), hAbout);
     about.End(IDOK);
+    ExpectUsable(sPath);
+}
+
+// The calculator is no dialog that keeps the user from the frame.
+TEST_F(ClosingTest, CalculatorDoesNotKeepTheFrame)
+{
+    const std::string sPath = OpenThree();
+    m_program.Post(IDM_TOOLS_CALCULATOR);
+    AwaitDialog(m_program, "Calculator");
+    EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 1);
+    EXPECT_EQ(m_program.AwaitExit(), 0U);
+    EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
+}
+
+TEST_F(ClosingTest, DialogOfADialogKeepsTheFrame)
+{
+    const std::string sPath = OpenThree();
+    m_program.Post(IDM_TOOLS_OPTIONS);
+    const DialogWindow sheet = AwaitDialog(m_program, "Options - three.qmk");
+    SendTo(sheet.GetHandle(), PSM_SETCURSEL, 2, 0);
+    HWND hPage = nullptr;
+    Await("the page of the font", [&] {
+        hPage = reinterpret_cast<HWND>(SendTo(sheet.GetHandle(), PSM_GETCURRENTPAGEHWND));
+        return hPage != nullptr && GetDlgItem(hPage, IDC_OPTION_SELECTFONT) != nullptr;
+    });
+    DialogWindow(m_program.GetProcess(), hPage).Press(IDC_OPTION_SELECTFONT);
+    const DialogWindow font = AwaitDialog(m_program, "Font");
+    AskToClose();
+    ExpectKept(1);
+    EXPECT_TRUE(font.IsOpen());
+    font.End(IDCANCEL);
+    AskToClose();
+    EXPECT_TRUE(sheet.IsOpen());
+    sheet.End(IDCANCEL);
+    ExpectUsable(sPath);
+}
+
+TEST_F(ClosingTest, FailureOfOpenKeepsTheFrame)
+{
+    const std::string sPath = OpenThree();
+    const std::string sBroken = MakeFile("broken.qmk", "no account");
+    m_program.Post(IDM_FILE_OPEN);
+    AwaitFileDialog(m_program, "Open").Enter(sBroken);
+    const MessageBoxWindow box =
+        AwaitMessageBox(m_program.GetId(), "Failed to open file '" + sBroken + "'.");
+    AskToClose();
+    ExpectKept(1);
+    box.Press(IDOK);
     ExpectUsable(sPath);
 }
 

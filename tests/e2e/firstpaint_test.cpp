@@ -1,6 +1,7 @@
 // What a start shows before its first account is there.
 
 #include "tests/e2e/e2e_test.h"
+#include "tests/e2e/ordinaryheap.h"
 #include "tests/e2e/throttle.h"
 #include "tests/e2e/windowaccess.h"
 

@@ -1,5 +1,6 @@
 // Work that takes long shows how far it is, and the user can cancel it: nothing is lost then.
 
+#include "tests/e2e/ordinaryheap.h"
 #include "tests/e2e/throttle.h"
 #include "tests/e2e/windowaccess.h"
 #include "tests/e2e/work_test.h"

@@ -5,7 +5,6 @@
 #include "tests/e2e/e2e_test.h"
 #include "tests/e2e/ordinaryheap.h"
 #include "tests/e2e/reviewwindow.h"
-#include "tests/e2e/throttle.h"
 
 namespace {
 

@@ -7,8 +7,6 @@ namespace {
 constexpr DWORD uRuns = 1;    // milliseconds
 constexpr DWORD uRests = 299; // milliseconds
 
-constexpr char szDebug[] = "WINEDEBUG";
-
 } // namespace
 
 Throttle::Throttle(HWND hWnd)
@@ -39,15 +37,4 @@ DWORD WINAPI Throttle::Run(void* pThis)
         ResumeThread(throttle.m_hSlowed);
     }
     return 0;
-}
-
-OrdinaryHeap::OrdinaryHeap()
-{
-    GetEnvironmentVariableA(szDebug, m_szBefore, sizeof m_szBefore);
-    SetEnvironmentVariableA(szDebug, "-all");
-}
-
-OrdinaryHeap::~OrdinaryHeap()
-{
-    SetEnvironmentVariableA(szDebug, m_szBefore[0] == '\0' ? nullptr : m_szBefore);
 }

@@ -20,18 +20,3 @@ private:
     HANDLE m_hEnd;
     HANDLE m_hThread;
 };
-
-// Takes Wine's checking heap, under which these tests may run, from the programs that are started
-// within its scope: its speed is not what a user meets, and it takes minutes to free a hundred
-// thousand blocks.
-class OrdinaryHeap
-{
-public:
-    OrdinaryHeap();
-    OrdinaryHeap(const OrdinaryHeap&) = delete;
-    OrdinaryHeap& operator=(const OrdinaryHeap&) = delete;
-    ~OrdinaryHeap();
-
-private:
-    char m_szBefore[256] = "";
-};

@@ -151,6 +151,28 @@ TEST_F(VWindowFilter, RemovedOnesAndThoseOfADetachedWindowSeeNothing)
     EXPECT_EQ(m_record.Take(), "DefaultProc(32769)");
 }
 
+TEST_F(VWindowFilter, OneThatIsAddedAgainCountsAsAddedLast)
+{
+    m_window.AddFilter(m_second);
+    Send();
+    EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+    m_window.AddFilter(m_first);
+    Send();
+    EXPECT_EQ(m_record.Take(), "second first DefaultProc(32769)");
+    m_window.RemoveFilter(m_first);
+    Send();
+    EXPECT_EQ(m_record.Take(), "second DefaultProc(32769)");
+}
+
+TEST_F(VWindowFilter, TheyStayForTheNextWindowOfTheObject)
+{
+    DestroyWindow(m_window.GetHandle());
+    m_record.Take();
+    ASSERT_TRUE(CreateTestWindow(m_window, m_record));
+    Send();
+    EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+}
+
 // A filter may delete the object whose message it sees. After that nothing may touch the object.
 TEST(VWindowFilterDeletes, AndNothingMoreReachesTheObject)
 {
