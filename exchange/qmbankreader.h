@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "account/qmprogress.h"
 #include "account/qmtransactionstore.h"
 #include "exchange/qmdialect.h"
-#include "exchange/qmprogress.h"
 
 // What the text of a date tells about the order of month and day.
 enum class QMDateHint

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "account/qmbytesource.h"
-#include "exchange/qmprogress.h"
+#include "account/qmprogress.h"
 
 class ToolProgress : public QMProgress
 {
