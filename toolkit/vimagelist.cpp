@@ -11,7 +11,12 @@ bool VImageList::Create(int cx, int cy, int nInitial, int nGrow, UINT uFlags)
 
 int VImageList::Add(HBITMAP hBitmap, HBITMAP hMask)
 {
-    return m_hList == nullptr ? -1 : ImageList_Add(m_hList, hBitmap, hMask);
+    const int nIndex = m_hList == nullptr ? -1 : ImageList_Add(m_hList, hBitmap, hMask);
+    // Without memory for the bitmap that all pictures share, Wine 8 counts them all the same.
+    IMAGEINFO info = {};
+    const bool bHas = nIndex >= 0 && ImageList_GetImageInfo(m_hList, nIndex, &info) != FALSE &&
+                      info.hbmImage != nullptr;
+    return bHas ? nIndex : -1;
 }
 
 int VImageList::AddMasked(HBITMAP hBitmap, COLORREF crMask)

@@ -171,7 +171,7 @@ TEST_F(PrintingSpeedTest, PagesBeyondTheMemoryOf32BitsAreRefusedAndNothingStays)
     if (sizeof(void*) > 4) {
         GTEST_SKIP() << "64 bits have memory for pages of two gigabytes";
     }
-    OpenAccount("large.qmk", 28000);
+    OpenAccount("large.qmk", 36000);
     ExpectRefusal("large.qmk");
     // There is room for fewer.
     HandOverFile(MakeAccount("few.qmk", 3));
