@@ -323,7 +323,8 @@ FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCap
 HWND FindProgressOf(const Program& program)
 {
     for (HWND hWnd : TopWindows(program.GetId())) {
-        if (FindChildById(hWnd, IDC_PROGRESS_BAR) != nullptr) {
+        // Nobody can press a button of a window that is still being made.
+        if (IsWindowVisible(hWnd) && FindChildById(hWnd, IDC_PROGRESS_BAR) != nullptr) {
             return hWnd;
         }
     }

@@ -7,6 +7,7 @@
 
 #include "base/vtext.h"
 #include "reports/qmreport.h"
+#include "tests/e2e/ordinaryheap.h"
 #include "tests/e2e/remoteprocess.h"
 #include "tests/e2e/windowaccess.h"
 #include "tests/e2e/work_test.h"
@@ -520,6 +521,7 @@ TEST_F(ReportsTest, KeptPrintIsOfTheLastRunAndThenTheNewChoiceRuns)
 TEST_F(ReportsTest, AHundredThousandLinesEndInTheReportOrTheSentence)
 {
     constexpr int nTransactions = 100000;
+    const OrdinaryHeap heap;
     OpenFor(MakeAccount("huge.qmk", nTransactions));
     const DialogWindow dialog = Begin("huge.qmk");
     const Order order = OrderOf(QM_REPORT_NOT_CLEARED, "1/1/1990", "12/31/1999");
