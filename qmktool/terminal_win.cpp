@@ -29,7 +29,7 @@ bool TakesColours(FILE* pStream)
     const char* szNoColour = getenv("NO_COLOR");
     const bool bUnwanted = szNoColour != nullptr && *szNoColour != '\0';
     DWORD uMode = 0;
-    const HANDLE hStream = HandleOf(pStream);
+    HANDLE hStream = HandleOf(pStream);
     // An older console refuses the mode, and would show the sequences.
     return !bUnwanted && GetConsoleMode(hStream, &uMode) &&
            SetConsoleMode(hStream, uMode | uSequences);
