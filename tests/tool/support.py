@@ -161,6 +161,16 @@ class Result(NamedTuple):
 def run(*words: Path | str, **options: Any) -> Result:
     """Starts the program with these words; the options are those of subprocess.run."""
     arguments = tuple(map(program_path, words))
+    result = start(arguments, options)
+    if UNDER_WINE and (result.code, result.out, result.err) == (1, b"", b""):
+        # qmktool never ends with 1 and without a word. Wine 8 does, a few times in ten thousand
+        # starts on a machine under load, where it fails to start the program at all.
+        print(f"Wine did not start {result}; it is started once more", file=sys.__stderr__)
+        result = start(arguments, options)
+    return result
+
+
+def start(arguments: tuple[str, ...], options: dict[str, Any]) -> Result:
     # Files, not pipes: Wine's services keep running after the program and would keep a pipe open.
     with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
         settings = {"stdin": subprocess.DEVNULL, "stdout": out, "stderr": err, "timeout": LIMIT_S,

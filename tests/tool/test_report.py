@@ -203,8 +203,8 @@ class ReportPdf(ToolTestCase):
 
     def test_shades_lie_below_rules_and_texts(self):
         """Drawn later, a shade could cover the rule beside it where a viewer rounds it up."""
-        shaded = 0
         for kind in cases(KINDS):
+            shaded = 0
             streams = re.findall(rb"\nstream\r?\n(.*?)endstream", self.make(kind).read_bytes(),
                                  re.DOTALL)
             for stream in streams:
@@ -215,7 +215,7 @@ class ReportPdf(ToolTestCase):
                 if shades and inks:
                     self.assertLess(shades[-1], inks[0], kind)
                     shaded += 1
-        self.assertGreater(shaded, len(KINDS) - 1)
+            self.assertGreater(shaded, 0, kind)
 
     @posix_only
     def test_lines_are_those_of_the_json(self):
