@@ -275,6 +275,14 @@ def print_results(ring: str, results: Results, seconds: float) -> None:
           f"{len(results.skips)} skipped ({seconds:.1f} s)", flush=True)
 
 
+def conclude(ring: str, results: Results, seconds: float, counts: Path) -> int:
+    """Prints the results, appends their counts to a file, and returns the exit code."""
+    print_results(ring, results, seconds)
+    with open(counts, "a", encoding="ascii") as stream:
+        stream.write(f"{results.passed} {len(results.failures)} {len(results.skips)}\n")
+    return 1 if results.failures else 0
+
+
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("ring", help="the name to print")
@@ -304,10 +312,7 @@ def main() -> int:
         results.add(found)
     if options.tool:
         results.add(run_tool_tests(options.tool, options.tool_tests))
-    print_results(options.ring, results, time.monotonic() - began)
-    with open(options.counts, "a", encoding="ascii") as counts:
-        counts.write(f"{results.passed} {len(results.failures)} {len(results.skips)}\n")
-    return 1 if results.failures else 0
+    return conclude(options.ring, results, time.monotonic() - began, options.counts)
 
 
 if __name__ == "__main__":

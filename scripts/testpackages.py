@@ -5,6 +5,7 @@
 Usage: testpackages.py [COUNTS]
 """
 
+import os
 import shutil
 import signal
 import subprocess
@@ -39,11 +40,8 @@ def main() -> int:
         signal.signal(sign, signal.default_int_handler)
     began = time.monotonic()
     results = run()
-    ring.print_results("package", results, time.monotonic() - began)
-    if len(sys.argv) > 1:
-        with open(sys.argv[1], "a", encoding="ascii") as counts:
-            counts.write(f"{results.passed} {len(results.failures)} {len(results.skips)}\n")
-    return 1 if results.failures else 0
+    counts = Path(sys.argv[1] if len(sys.argv) > 1 else os.devnull)
+    return ring.conclude("package", results, time.monotonic() - began, counts)
 
 
 if __name__ == "__main__":
