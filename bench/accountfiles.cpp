@@ -105,7 +105,7 @@ AccountFile::AccountFile(int32_t lCount, EntryOrder order)
     m_sPath = std::string(szFolder == nullptr ? "/tmp" : szFolder) + "/account-XXXXXX";
     const int nFile = mkstemp(m_sPath.data());
     // A child process does it, so that this process, and with it every later child, stays small.
-    const ChildResult result = MeasureInChild([&](const std::function<void()>&) {
+    const Measurement result = MeasureInChild([&](const std::function<void()>&) {
         const QMFileImage image = MakeAccountBytes(lCount, order);
         const ssize_t nWritten = write(nFile, image.pBytes.get(), image.uSize);
         return nWritten == static_cast<ssize_t>(image.uSize);

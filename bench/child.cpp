@@ -4,8 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <ctime>
-
 namespace {
 
 double PeakBytes()
@@ -15,16 +13,9 @@ double PeakBytes()
     return static_cast<double>(usage.ru_maxrss) * 1024;
 }
 
-double ProcessorSeconds()
+Measurement Measure(const std::function<bool(const std::function<void()>&)>& work)
 {
-    timespec time;
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
-ChildResult Measure(const std::function<bool(const std::function<void()>&)>& work)
-{
-    ChildResult result;
+    Measurement result;
     const double dBefore = PeakBytes();
     const double dStart = ProcessorSeconds();
     result.bDone = work([&] {
@@ -36,9 +27,9 @@ ChildResult Measure(const std::function<bool(const std::function<void()>&)>& wor
 
 } // namespace
 
-ChildResult MeasureInChild(const std::function<bool(const std::function<void()>&)>& work)
+Measurement MeasureInChild(const std::function<bool(const std::function<void()>&)>& work)
 {
-    ChildResult result;
+    Measurement result;
     int anPipe[2];
     if (pipe(anPipe) != 0) {
         return result;

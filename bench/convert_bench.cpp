@@ -3,10 +3,8 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,30 +44,9 @@ private:
     std::string m_sPath;
 };
 
-std::map<std::string, double>& Peaks()
+std::string Add(const std::string& sName, int32_t lCount, const std::vector<std::string>& aszWords)
 {
-    static std::map<std::string, double> peaks; // in bytes, by the name of the benchmark
-    return peaks;
-}
-
-void Add(const std::string& sName, int32_t lCount, const std::vector<std::string>& aszWords)
-{
-    double& dPeak = Peaks()[sName + "/" + std::to_string(lCount)];
-    benchmark::RegisterBenchmark(sName.c_str(),
-                                 [aszWords, &dPeak](benchmark::State& state) {
-                                     for (auto _ : state) {
-                                         const ProgramResult result = RunProgram(aszWords);
-                                         if (!result.bDone) {
-                                             state.SkipWithError("the program failed");
-                                         }
-                                         state.SetIterationTime(result.dSeconds);
-                                         dPeak = std::max(dPeak, result.dPeakBytes);
-                                     }
-                                 })
-        ->Arg(lCount)
-        ->UseManualTime()
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond);
+    return AddMeasured(sName, lCount, [aszWords] { return RunProgram(aszWords); });
 }
 
 // What the program takes besides the records is not counted.
@@ -80,7 +57,7 @@ void ComparePeak(const std::string& sName, int32_t lCount)
     CompareValue(
         sName + ", peak memory to records",
         [sName, dRecords] {
-            const double dPeak = Peaks()[sName];
+            const double dPeak = GetPeakBytes(sName);
             return dPeak > 0 ? (dPeak - dProgram) / dRecords : 0;
         },
         1.1);
@@ -98,7 +75,7 @@ const char* Make(const std::string& sName)
 const char* MakeIn(QMExchangeKind kind, int32_t lCount, EntryOrder order, const std::string& sName)
 {
     const char* szPath = Make(sName + ExtensionOf(kind));
-    const ChildResult result = MeasureInChild([&](const std::function<void()>&) {
+    const Measurement result = MeasureInChild([&](const std::function<void()>&) {
         const std::string sText = MakeExchangeText(kind, lCount, order);
         FILE* pFile = fopen(szPath, "wb");
         return pFile != nullptr && fwrite(sText.data(), 1, sText.size(), pFile) == sText.size() &&
@@ -113,26 +90,27 @@ const char* MakeIn(QMExchangeKind kind, int32_t lCount, EntryOrder order, const 
 
 void RegisterKind(QMExchangeKind kind, const std::string& sName, double dLimit, int32_t lCount)
 {
-    const std::string sCount = "/" + std::to_string(lCount);
     const std::string sFile = sName + std::to_string(lCount);
     const char* szIn = MakeIn(kind, lCount, EntryOrder::Sorted, sFile);
     const char* szAccount = Make(sFile + ".qmk");
     const char* szOut = Make(sFile + "out.qmk");
     RunProgram({QMKTOOL_PATH, "convert", szIn, szAccount, "--force"});
-    Add(sName + "Loop", lCount, {PLAINCONVERT_PATH, szIn, szAccount, szOut});
-    Add(sName + "Convert", lCount, {QMKTOOL_PATH, "convert", szIn, szOut, "--force"});
-    CompareWith(sName + "Convert" + sCount, sName + "Loop" + sCount, dLimit);
-    ComparePeak(sName + "Convert" + sCount, lCount);
+    const std::string sLoop =
+        Add(sName + "Loop", lCount, {PLAINCONVERT_PATH, szIn, szAccount, szOut});
+    const std::string sConvert =
+        Add(sName + "Convert", lCount, {QMKTOOL_PATH, "convert", szIn, szOut, "--force"});
+    CompareWith(sConvert, sLoop, dLimit);
+    ComparePeak(sConvert, lCount);
 }
 
 void RegisterShuffled(int32_t lCount)
 {
-    const std::string sCount = "/" + std::to_string(lCount);
     const std::string sName = "QifConvertShuffled";
     const char* szIn = MakeIn(QMExchangeKind::Qif, lCount, EntryOrder::Shuffled, sName);
-    Add(sName, lCount, {QMKTOOL_PATH, "convert", szIn, Make(sName + ".qmk"), "--force"});
-    CompareWith(sName + sCount, "QifConvert" + sCount, 1.3);
-    ComparePeak(sName + sCount, lCount);
+    const std::string sShuffled =
+        Add(sName, lCount, {QMKTOOL_PATH, "convert", szIn, Make(sName + ".qmk"), "--force"});
+    CompareWith(sShuffled, "QifConvert/" + std::to_string(lCount), 1.3);
+    ComparePeak(sShuffled, lCount);
 }
 
 } // namespace

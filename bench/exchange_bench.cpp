@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "bench/child.h"
 #include "bench/exchangefiles.h"
@@ -38,28 +39,17 @@ const struct
 
 // Adds a measurement in a child process. The child finds the memory of this process as it is, so
 // the work must not use more of it here.
-void Add(const std::string& sName, int32_t lCount, Work work, QMExchangeKind kind,
-         const std::string& sText)
+std::string Add(const std::string& sName, int32_t lCount, Work work, QMExchangeKind kind,
+                const std::string& sText)
 {
     auto pFile = std::make_shared<ExchangeFile>(kind, sText);
-    const auto Run = [=](benchmark::State& state) {
-        for (auto _ : state) {
-            const ChildResult result = MeasureInChild([&](const std::function<void()>& stopClock) {
-                const bool bDone = work(pFile->GetPath());
-                stopClock();
-                return bDone;
-            });
-            if (!result.bDone) {
-                state.SkipWithError("failed");
-            }
-            state.SetIterationTime(result.dSeconds);
-        }
-    };
-    benchmark::RegisterBenchmark(sName.c_str(), Run)
-        ->Arg(lCount)
-        ->UseManualTime()
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond);
+    return AddMeasured(sName, lCount, [pFile, work = std::move(work)] {
+        return MeasureInChild([&](const std::function<void()>& stopClock) {
+            const bool bDone = work(pFile->GetPath());
+            stopClock();
+            return bDone;
+        });
+    });
 }
 
 bool Import(const char* szPath)
@@ -74,33 +64,31 @@ void RegisterExport(const Kind& kind, int32_t lCount, QMTransactionStore& store,
                     const std::string& sText)
 {
     const std::string sName = kind.szName;
-    const std::string sCount = "/" + std::to_string(lCount);
-    Add(
+    const std::string sExport = Add(
         sName + "Export", lCount,
         [&store](const char* szPath) { return QMExportFile(szPath, store); }, kind.kind, "");
-    Add(
+    const std::string sPlain = Add(
         sName + "PlainWrite", lCount,
         [sText](const char* szPath) { return PlainWrite(szPath, sText); }, kind.kind, "");
-    CompareWith(sName + "Export" + sCount, sName + "PlainWrite" + sCount, 2.5);
+    CompareWith(sExport, sPlain, 2.5);
 }
 
 template <class Kind>
 void RegisterImport(const Kind& kind, int32_t lCount, const std::string& sText)
 {
     const std::string sName = kind.szName;
-    const std::string sCount = "/" + std::to_string(lCount);
-    const std::string sBase = sName + kind.szRead;
-    const std::string sSorted = sName + "Import";
-    Add(sBase, lCount, kind.read, kind.kind, sText);
+    const std::string sBase = Add(sName + kind.szRead, lCount, kind.read, kind.kind, sText);
+    std::string sSorted;
     for (const auto& order : aOrders) {
-        const std::string sImport = sSorted + order.szName;
         const bool bSorted = order.order == EntryOrder::Sorted;
-        Add(sImport, lCount, Import, kind.kind,
-            bSorted ? sText : MakeExchangeText(kind.kind, lCount, order.order));
+        const std::string sImport =
+            Add(sName + "Import" + order.szName, lCount, Import, kind.kind,
+                bSorted ? sText : MakeExchangeText(kind.kind, lCount, order.order));
         if (bSorted) {
-            CompareWith(sImport + sCount, sBase + sCount, 4);
+            CompareWith(sImport, sBase, 4);
+            sSorted = sImport;
         } else {
-            CompareWith(sImport + sCount, sSorted + sCount, 1.3);
+            CompareWith(sImport, sSorted, 1.3);
         }
     }
 }

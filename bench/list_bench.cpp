@@ -10,28 +10,14 @@
 
 namespace {
 
-void List(benchmark::State& state, std::vector<std::string> aszWords)
+void Register(const std::string& sName, std::vector<std::string> aszWords)
 {
-    static AccountFile small(100000, EntryOrder::Sorted);
-    static AccountFile large(1000000, EntryOrder::Sorted);
-    aszWords.push_back((state.range(0) == 100000 ? small : large).GetPath());
-    for (auto _ : state) {
-        const ProgramResult result = RunProgram(aszWords);
-        if (!result.bDone) {
-            state.SkipWithError("the program failed");
-        }
-        state.SetIterationTime(result.dSeconds);
-    }
-}
-
-void Register(const char* szName, const std::vector<std::string>& aszWords)
-{
-    benchmark::RegisterBenchmark(szName, List, aszWords)
-        ->Arg(100000)
-        ->Arg(1000000)
-        ->UseManualTime()
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond);
+    static const AccountFile small(100000, EntryOrder::Sorted);
+    static const AccountFile large(1000000, EntryOrder::Sorted);
+    aszWords.emplace_back(small.GetPath());
+    AddMeasured(sName, 100000, [aszWords] { return RunProgram(aszWords); });
+    aszWords.back() = large.GetPath();
+    AddMeasured(sName, 1000000, [aszWords] { return RunProgram(aszWords); });
 }
 
 } // namespace

@@ -15,7 +15,7 @@ double SecondsOf(const timeval& time)
 
 } // namespace
 
-ProgramResult RunProgram(const std::vector<std::string>& words)
+Measurement RunProgram(const std::vector<std::string>& words)
 {
     char szOutput[] = "/tmp/output-XXXXXX";
     const int nOutput = mkstemp(szOutput);
@@ -35,7 +35,7 @@ ProgramResult RunProgram(const std::vector<std::string>& words)
     wait4(nChild, &nStatus, 0, &usage);
     close(nOutput);
     unlink(szOutput);
-    ProgramResult result;
+    Measurement result;
     result.bDone = nStatus == 0;
     result.dSeconds = SecondsOf(usage.ru_utime) + SecondsOf(usage.ru_stime);
     result.dPeakBytes = static_cast<double>(usage.ru_maxrss) * 1024;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -69,7 +70,42 @@ Collector& GetCollector()
     return collector;
 }
 
+std::map<std::string, double>& GetPeaks()
+{
+    static std::map<std::string, double> peaks; // in bytes, by the name of the benchmark
+    return peaks;
+}
+
 } // namespace
+
+std::string AddMeasured(const std::string& sName, int32_t lCount,
+                        std::function<Measurement()> measure)
+{
+    const std::string sWithCount = sName + "/" + std::to_string(lCount);
+    const auto Run = [measure = std::move(measure),
+                      &dPeak = GetPeaks()[sWithCount]](benchmark::State& state) {
+        for (auto _ : state) {
+            const Measurement result = measure();
+            if (!result.bDone) {
+                state.SkipWithError("the work failed");
+            }
+            state.SetIterationTime(result.dSeconds);
+            dPeak = std::max(dPeak, result.dPeakBytes);
+        }
+    };
+    benchmark::RegisterBenchmark(sName.c_str(), Run)
+        ->Arg(lCount)
+        ->UseManualTime()
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
+    return sWithCount;
+}
+
+double GetPeakBytes(const std::string& sName)
+{
+    const auto pPeak = GetPeaks().find(sName);
+    return pPeak == GetPeaks().end() ? 0 : pPeak->second;
+}
 
 void CompareWith(const std::string& sName, const std::string& sBase, double dLimit)
 {

@@ -1,7 +1,6 @@
 // Measures reading account files: against a plain loop, files in falling and in random order
 // against sorted ones, and the memory that the records take.
 
-#include <algorithm>
 #include <map>
 #include <memory>
 #include <string>
@@ -34,7 +33,7 @@ const char* GetFile(int32_t lCount, EntryOrder order)
     return pFile->GetPath();
 }
 
-ChildResult ReadAccount(const char* szPath)
+Measurement ReadAccount(const char* szPath)
 {
     return MeasureInChild([=](const std::function<void()>& stopClock) {
         QMAccount account(szPath);
@@ -44,7 +43,7 @@ ChildResult ReadAccount(const char* szPath)
     });
 }
 
-ChildResult ReadPlainly(const char* szPath)
+Measurement ReadPlainly(const char* szPath)
 {
     return MeasureInChild([=](const std::function<void()>& stopClock) {
         const PlainAccount account = PlainRead(szPath);
@@ -53,44 +52,29 @@ ChildResult ReadPlainly(const char* szPath)
     });
 }
 
-void Run(benchmark::State& state, ChildResult (*pRead)(const char*), EntryOrder order,
-         double* pPeakBytes)
+std::string Add(const std::string& sName, int32_t lCount, Measurement (*pRead)(const char*),
+                EntryOrder order)
 {
-    const char* szPath = GetFile(static_cast<int32_t>(state.range(0)), order);
-    for (auto _ : state) {
-        const ChildResult result = pRead(szPath);
-        if (!result.bDone) {
-            state.SkipWithError("cannot read");
-        }
-        state.SetIterationTime(result.dSeconds);
-        *pPeakBytes = std::max(*pPeakBytes, result.dPeakBytes);
-    }
+    return AddMeasured(sName, lCount, [=] { return pRead(GetFile(lCount, order)); });
 }
 
 void Register(int32_t lCount)
 {
-    static std::map<std::string, double> peaks; // in bytes, by the name of the benchmark
-    const std::string sCount = "/" + std::to_string(lCount);
-    const auto Add = [&](const char* szName, ChildResult (*pRead)(const char*), EntryOrder order) {
-        benchmark::RegisterBenchmark(szName, Run, pRead, order, &peaks[szName + sCount])
-            ->Arg(lCount)
-            ->UseManualTime()
-            ->Iterations(1)
-            ->Unit(benchmark::kMillisecond);
-    };
-    Add("PlainLoop", ReadPlainly, EntryOrder::Sorted);
-    const std::string sSorted = std::string(aOrders[0].szName) + sCount;
+    const std::string sLoop = Add("PlainLoop", lCount, ReadPlainly, EntryOrder::Sorted);
+    std::string sSorted;
     for (const auto& order : aOrders) {
-        const std::string sName = order.szName + sCount;
-        Add(order.szName, ReadAccount, order.order);
-        CompareWith(sName, "PlainLoop" + sCount, order.order == EntryOrder::Sorted ? 2.5 : 0);
-        if (order.order != EntryOrder::Sorted) {
+        const std::string sName = Add(order.szName, lCount, ReadAccount, order.order);
+        if (order.order == EntryOrder::Sorted) {
+            CompareWith(sName, sLoop, 2.5);
+            sSorted = sName;
+        } else {
+            CompareWith(sName, sLoop, 0);
             CompareWith(sName, sSorted, 1.5);
         }
         const double dRecords = static_cast<double>(lCount) * sizeof(QMTransaction);
         CompareValue(
             sName + ", peak memory to records",
-            [&dPeak = peaks[sName], dRecords] { return dPeak / dRecords; }, 1.1);
+            [sName, dRecords] { return GetPeakBytes(sName) / dRecords; }, 1.1);
     }
 }
 

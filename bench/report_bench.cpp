@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <cstring>
-#include <ctime>
 #include <map>
 #include <memory>
 #include <string>
@@ -134,35 +133,19 @@ size_t FormatPlainly(QMAccountData& account, uint32_t uKind)
 
 // ---- Registering.
 
-double ProcessorSeconds()
-{
-    timespec time = {};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
 using Work = size_t (*)(QMAccountData& account, uint32_t uKind);
 
-// Adds a measurement. Returns its name.
 std::string Add(const std::string& sName, Work pWork, uint32_t uKind, int32_t lCount,
                 int32_t lGroups)
 {
-    const auto Run = [=](benchmark::State& state) {
+    return AddMeasured(sName, lCount, [=] {
         QMAccountData& account = GetAccount(lCount, lGroups);
-        for (auto _ : state) {
-            const double dStart = ProcessorSeconds();
-            if (pWork(account, uKind) == 0) {
-                state.SkipWithError("nothing was drawn");
-            }
-            state.SetIterationTime(ProcessorSeconds() - dStart);
-        }
-    };
-    benchmark::RegisterBenchmark(sName.c_str(), Run)
-        ->Arg(lCount)
-        ->UseManualTime()
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond);
-    return sName + "/" + std::to_string(lCount);
+        Measurement result;
+        const double dStart = ProcessorSeconds();
+        result.bDone = pWork(account, uKind) > 0;
+        result.dSeconds = ProcessorSeconds() - dStart;
+        return result;
+    });
 }
 
 void RegisterKinds()

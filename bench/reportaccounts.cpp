@@ -33,7 +33,7 @@ ReportFile::ReportFile(int32_t lCount)
 {
     const int nFile = mkstemp(m_szPath);
     // A child makes it, so that this process stays small.
-    const ChildResult result = MeasureInChild([&](const std::function<void()>&) {
+    const Measurement result = MeasureInChild([&](const std::function<void()>&) {
         QMAccount account("");
         FillForReports(account, lCount, lReportGroups);
         const QMFileImage image = QMMakeAccountImage(account);

@@ -3,7 +3,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -20,27 +19,11 @@ constexpr int32_t lLinesOnPage = 65; // of letter paper
 
 // Adds a run of qmktool with the account's file behind the first word.
 std::string AddProgram(const std::string& sName, const std::shared_ptr<ReportFile>& pFile,
-                       int32_t lCount, std::vector<std::string> words, double* pPeakBytes)
+                       int32_t lCount, std::vector<std::string> words)
 {
     words.insert(words.begin(), QMKTOOL_PATH);
     words.insert(words.begin() + 2, pFile->GetPath());
-    const auto Run = [=](benchmark::State& state) {
-        const auto pKept = pFile;
-        for (auto _ : state) {
-            const ProgramResult result = RunProgram(words);
-            if (!result.bDone) {
-                state.SkipWithError("the program failed");
-            }
-            state.SetIterationTime(result.dSeconds);
-            *pPeakBytes = std::max(*pPeakBytes, result.dPeakBytes);
-        }
-    };
-    benchmark::RegisterBenchmark(sName.c_str(), Run)
-        ->Arg(lCount)
-        ->UseManualTime()
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond);
-    return sName + "/" + std::to_string(lCount);
+    return AddMeasured(sName, lCount, [pFile, words] { return RunProgram(words); });
 }
 
 std::vector<std::string> ReportWords(const char* szKind, const char* szPdf = nullptr)
@@ -55,31 +38,31 @@ std::vector<std::string> ReportWords(const char* szKind, const char* szPdf = nul
 
 void RegisterProgram()
 {
-    static double dIgnored = 0;
     const auto pFile = std::make_shared<ReportFile>(lMany);
-    const std::string sList = AddProgram("ToolList", pFile, lMany, {"list"}, &dIgnored);
-    const std::string sReport =
-        AddProgram("ToolStatement", pFile, lMany, ReportWords("statement"), &dIgnored);
+    const std::string sList = AddProgram("ToolList", pFile, lMany, {"list"});
+    const std::string sReport = AddProgram("ToolStatement", pFile, lMany, ReportWords("statement"));
     CompareWith(sReport, sList, 2);
 }
 
 // The expenses are three tenths of the transactions.
 void RegisterPdf()
 {
-    static double dShortPeak = 0;
-    static double dLongPeak = 0;
     constexpr int32_t lShort = 100 * lLinesOnPage * 10 / 3;
     const auto pShort = std::make_shared<ReportFile>(lShort);
     const auto pLong = std::make_shared<ReportFile>(10 * lShort);
     static const std::string sPdf = std::string(pLong->GetPath()) + ".pdf";
     atexit([] { unlink(sPdf.c_str()); });
     const auto words = ReportWords("expenses", sPdf.c_str());
-    const std::string sShort = AddProgram("Pdf100Pages", pShort, lShort, words, &dShortPeak);
-    const std::string sLong = AddProgram("Pdf1000Pages", pLong, 10 * lShort, words, &dLongPeak);
+    const std::string sShort = AddProgram("Pdf100Pages", pShort, lShort, words);
+    const std::string sLong = AddProgram("Pdf1000Pages", pLong, 10 * lShort, words);
     CompareWith(sLong, sShort, 11);
     CompareValue(
         "Pdf1000Pages to Pdf100Pages, peak memory",
-        [] { return dShortPeak > 0 ? dLongPeak / dShortPeak : 0; }, 11);
+        [=] {
+            const double dShort = GetPeakBytes(sShort);
+            return dShort > 0 ? GetPeakBytes(sLong) / dShort : 0;
+        },
+        11);
 }
 
 } // namespace
