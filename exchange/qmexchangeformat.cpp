@@ -99,8 +99,8 @@ void QMExchangeFormat::ParsePayee(const char* szPayee)
     char szShown[QM_FIELD_TEXT_SIZE];
     const int32_t lShown = txPending.FormatField(QM_FIELD_DESCRIPTION, szShown, true, 0);
     const auto uShown = static_cast<size_t>(lShown);
-    // Kept: " - " between the name of the type and the description stays in the description. So it
-    // doubles each time a record is written and read.
+    // Kept: " - " between the name of the type and the description stays in the description. So the
+    // description gets one more " - " each time a record is written and read.
     if (lType != QM_TRANS_CHECK && strlen(szPayee) > uShown) {
         VCopyText(txPending.szDescription, szPayee + uShown);
     }

@@ -116,7 +116,7 @@ bool QMRegisterWindow::OnCreate()
     if (!m_list.CreateList(*this, uListId)) {
         return false;
     }
-    // The name of the list for those who hear the window.
+    // Screen readers take this for the name of the list.
     m_list.SetText("Transactions");
     ShowFont(m_document.GetAccount()->header.lFontColor);
     m_list.Send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(CLR_NONE));

@@ -54,7 +54,7 @@ bool QMTBTrans::MakeControls()
     constexpr DWORD uListStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
     constexpr DWORD uPickerStyle =
         WS_CHILD | WS_VISIBLE | WS_TABSTOP | DTS_SHORTDATECENTURYFORMAT | DTS_RIGHTALIGN;
-    // The name of the list for those who hear the window: not seen, and right before it.
+    // Screen readers take this hidden label for the name of the list, which comes right after it.
     const bool bMade =
         MakeLabel("Period:", IDC_TB_PERIODLABEL, {}, 0) &&
         m_list.Create(GetHandle(), listPlace, uListStyle, WC_COMBOBOXA, "", IDC_TB_PERIOD) &&

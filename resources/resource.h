@@ -1,12 +1,13 @@
-// The numbers of everything in the program's resources, and of its commands, bars and controls.
-// Only numbers and texts by #define stand here: the resource compiler reads this file too.
+// The numbers of all resources of the program, and of its commands, bars and controls. The resource
+// compiler reads this file too, so it holds nothing but #define lines.
 #pragma once
 
 // Icons
 #define IDI_QUILLMARK 700
 #define IDI_REGISTER 701
 
-// The menu; its submenus stand in this order, and the recent files at this position of the first.
+// The menu, the positions of its submenus, and the position in the File menu at which the recent
+// files begin.
 #define IDR_MAINMENU 800
 #define QM_MENU_FILE 0
 #define QM_MENU_VIEW 1
@@ -16,12 +17,13 @@
 #define QM_MENU_HELP 5
 #define QM_FILEMENU_RECENT 20
 
-// Accelerator tables: without and with an open document
+// Accelerator tables: the first one serves while no document is open, the second one while one is.
 #define IDR_ACCEL_FRAME 1700
 #define IDR_ACCEL_DOCUMENT 1701
 
-// Bitmaps. The headings and marks are dark on white, for drawing onto any ground: they are 10 by 10
-// pixels. The toolbar is a strip of 19 pictures of 16 by 16 with straight alpha.
+// Bitmaps. Headings and marks are dark on white, so that they can be drawn on any background. They
+// are 10 by 10 pixels. The toolbar is a strip of 19 pictures of 16 by 16 pixels with an alpha channel
+// that is not premultiplied.
 #define IDB_SPLASH 1800
 #define IDB_HEADING_CLEARED 1801
 #define IDB_HEADING_TAG 1802
@@ -31,8 +33,9 @@
 #define IDB_MARK_CLEARED 1806
 #define IDB_TOOLBAR 1811
 
-// Bitmaps of the transaction dialog: signs of 12 by 12 beside its boxes, pictures of 16 by 16 with
-// straight alpha on its buttons, and a strip of four arrows for systems without alpha.
+// Bitmaps of the transaction dialog: signs of 12 by 12 pixels beside its check boxes, pictures of 16
+// by 16 with an alpha channel that is not premultiplied on its buttons, and a strip of four arrows
+// for systems whose buttons draw no alpha channel.
 #define IDB_SIGN_TAX 1807
 #define IDB_SIGN_EXPENSE 1808
 #define IDB_SIGN_VOIDED 1809
@@ -47,7 +50,7 @@
 #define IDB_BUTTON_PREVIEW 5107
 #define IDB_BUTTON_SETUP 5108
 
-// Strings; every other string has the number of the command that it explains.
+// Strings. Every string that is not named here has the number of the command that it explains.
 #define IDS_APPLICATION 1
 #define IDS_HELPFILE 699
 
@@ -97,7 +100,7 @@
 #define IDM_TRANSACTION_VOIDED 305
 #define IDM_TRANSACTION_CLEARED 306
 
-// Commands: Tools. Graphs have a prompt and no menu item.
+// Commands: Tools. IDM_TOOLS_GRAPHS has a prompt but no menu item.
 #define IDM_TOOLS_REPORTS 400
 #define IDM_TOOLS_GRAPHS 401
 #define IDM_TOOLS_BANKWEBPAGE 402
@@ -118,7 +121,8 @@
 #define IDM_HELP_INDEX 57666
 #define IDM_HELP_ABOUT 604
 
-// Bars, and the Transactions Bar's controls; its list and pickers are commands of the frame too.
+// The bars, and the controls of the Transactions Bar. The numbers of its list and its date pickers
+// are commands of the frame too.
 #define IDC_TOOLBAR 2000
 #define IDC_TRANSACTIONSBAR 2001
 #define IDC_TB_PERIOD 2002
@@ -131,13 +135,13 @@
 #define IDC_STATUSBAR 3501
 #define IDC_REBAR 3502
 
-// A control that nobody asks for
+// A control that the program never looks for
 #define IDC_STATIC (-1)
 
 // The About box
 #define IDD_ABOUT 1000
 
-// The transaction dialog; the radio buttons' numbers do not run in the order of the types
+// The transaction dialog. The numbers of its radio buttons are not in the order of the types.
 #define IDD_TRANSACTION 1600
 #define IDC_TX_CHECK 1601
 #define IDC_TX_DEPOSIT 1602
@@ -276,7 +280,7 @@
 #define IDC_IMPORT_LIST 2204
 #define IDC_IMPORT_IMPORT 1918
 
-// The window that shows how far an import or an export is
+// The window that shows how far a save, an import or an export is
 #define IDD_PROGRESS 2300
 #define IDC_PROGRESS_TASK 2301
 #define IDC_PROGRESS_BAR 2302

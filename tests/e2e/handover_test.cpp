@@ -95,6 +95,7 @@ TEST_F(HandOverTest, MinimizedFrameComesBack)
     AwaitFrameInFront();
 }
 
+// Kept: the second instance ends with the exit code 1, although nothing failed.
 TEST_F(HandOverTest, WithoutArgumentsItOnlyComesToTheFront)
 {
     m_program.Open({CopySample()});
@@ -360,7 +361,8 @@ TEST_F(HandOverInWorkTest, FilesOpenAtOnceAndThePanesAreTheirs)
     m_program.Settle();
     EXPECT_EQ(m_program.GetActiveTitle(), sSecond);
     for (int nPane = 1; nPane <= 4; ++nPane) {
-        EXPECT_EQ(m_program.GetPaneText(nPane), before[static_cast<size_t>(nPane - 1)]) << nPane;
+        EXPECT_EQ(m_program.GetPaneText(nPane), before[static_cast<size_t>(nPane - 1)])
+            << "pane " << nPane;
     }
     m_program.Post(IDM_WINDOW_NEXT);
     m_program.AwaitActive("a.qmk *");

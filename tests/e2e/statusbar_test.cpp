@@ -252,7 +252,7 @@ constexpr Prompt aPrompts[] = {
     {57604, "Save Document Using Different Name"},
     {107, "Save All Open Documents"},
     {57607, "Print Document (Ctrl+P)"},
-    // There is no item with such a key, so the text stays.
+    // Kept: the prompt names a key that the preview does not have.
     {57609, "Preview Document (Ctrl+V)"},
     {111, "Import Transactions Into Account"},
     {112, "Export Transactions To Another Account"},
@@ -308,10 +308,10 @@ TEST_F(StatusBarTest, EveryItemHasItsPrompt)
 {
     m_program.Open();
     for (const Prompt& prompt : aPrompts) {
-        EXPECT_EQ(PromptOf(prompt.uCommand), prompt.szText) << prompt.uCommand;
+        EXPECT_EQ(PromptOf(prompt.uCommand), prompt.szText) << "command " << prompt.uCommand;
         // Disabled items have prompts, too.
         EXPECT_EQ(PromptOf(prompt.uCommand, MF_HILITE | MF_GRAYED), prompt.szText)
-            << prompt.uCommand;
+            << "command " << prompt.uCommand;
     }
 }
 
@@ -340,7 +340,7 @@ TEST_F(StatusBarTest, ItemOfTheSystemMenuIsItsOwnPrompt)
     auto* hMenu = reinterpret_cast<HMENU>(uMenu);
     for (const UINT uItem : {SC_CLOSE, SC_MINIMIZE, SC_MOVE}) {
         std::string sExpected = m_program.GetMenuText(hMenu, uItem);
-        ASSERT_FALSE(sExpected.empty()) << uItem;
+        ASSERT_FALSE(sExpected.empty()) << "item " << uItem;
         sExpected = sExpected.substr(0, sExpected.find('\t'));
         if (sExpected.find('&') != std::string::npos) {
             sExpected.erase(sExpected.find('&'), 1);
@@ -377,7 +377,7 @@ TEST_F(StatusBarTest, TooltipsOfTheToolbarAreThePromptsAndLeaveTheBarAlone)
         memory.Write(0, &question, sizeof question);
         SendTo(hTooltips, TTM_GETTEXTA, sizeof question.szText, memory.AsParameter());
         memory.Read(0, &question, sizeof question);
-        EXPECT_STREQ(question.szText, prompt.szText) << prompt.uCommand;
+        EXPECT_STREQ(question.szText, prompt.szText) << "command " << prompt.uCommand;
         ++nAsked;
     }
     EXPECT_EQ(nAsked, 19);

@@ -63,6 +63,7 @@ protected:
 
 } // namespace
 
+// Kept: "Spash" is misspelled.
 TEST_F(QMOptionsPagesTest, ShowWhatIsSet)
 {
     m_driver.Next([&](HWND hSheet) {

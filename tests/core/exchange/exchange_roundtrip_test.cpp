@@ -133,7 +133,7 @@ TEST(RoundTrip, XmlKeepsAllButTheDescriptionsOfOthersThanChecksWhereNoTextHoldsT
     }
 }
 
-TEST(RoundTrip, TheDashOfADescriptionDoublesEachTime)
+TEST(RoundTrip, ADescriptionGetsOneMoreDashEachTime)
 {
     for (const char* szName : {"a.qif", "a.csv"}) {
         std::vector<QMTransaction> account = {MakeFull(1, "1/1/2004", 5, "rent", "", "")};
