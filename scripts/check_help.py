@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Checks the help's sources: every command of the menu has its topic, every link and picture leads
-somewhere, every page stands in the project, the contents and, where it is a topic, the index, and
-the compiled file holds every page. Prints each problem; exit code 1 if any.
+"""Checks the sources of the help: every command of the menu has a topic, every link and every
+picture has its file, every page is in the project, in the contents and, if it is a topic, in the
+index, and the compiled file holds every page. Prints each problem. The exit code is 1 if there is
+any.
 
 Compiling needs chmcmd and reading back extract_chmLib; a machine without them checks the sources
 alone, and says so.
@@ -25,7 +26,7 @@ COMMAND = re.compile(r'MENUITEM\s+"[^"]*",\s*IDM_([A-Z]+)_([A-Z_]+)')
 LINK = re.compile(r'(?:href|src)="([^"]*)"')
 ANCHOR = re.compile(r'\bid="([^"]*)"')
 LOCAL = re.compile(r'name="Local" value="([^"]*)"')
-# Commands that are told together with others.
+# Commands that have no topic of their own. The topic of another command tells of them.
 SHARED = {("FILE", "RECENT_EMPTY"): "recent", ("TOOLS", "BANKWEBPAGE"): "webpage",
           **{("VIEW", column): "columns"
              for column in ("DATE", "NUMBER", "DESCRIPTION", "DEBIT", "CREDIT", "BALANCE", "MEMO",

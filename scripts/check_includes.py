@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks which folder includes which. Prints each include that ROOMS does not allow; exit code 1 if
-there is any. An include of the own folder is always allowed.
+"""Checks which folder includes which. Prints each include that ROOMS does not allow. The exit code
+is 1 if there is any. A file may always include files of its own folder.
 
 Usage: check_includes.py [FOLDER]   (without FOLDER: this repository)
 """
@@ -12,11 +12,11 @@ from pathlib import Path
 
 from compiledsources import REPO
 
-# What each folder may include: the whole architecture. An arrow that is not here is an error, and
-# so is a folder that is not here. "portable" stands for the folders in PORTABLE.
+# For each folder, the folders whose files it may include. This table is the whole architecture. An
+# include that is not in it is an error, and so is a folder that is not in it.
 #
-# The portability check does the rest: of a folder with a Windows half, qmktool, fuzz, bench and
-# tests/core may include only the portable half.
+# Some folders have a portable half and a Windows half. Of these, qmktool, fuzz, bench and
+# tests/core may include only the portable half, which check_portable.py checks.
 PORTABLE = "base account settings printing entry tools register exchange reports"
 ROOMS = {
     "base": "",
@@ -49,7 +49,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"')
 
 
 def room_of(path: Path) -> str:
-    """The folder that a file below the root counts to; empty for one that stands in none."""
+    """The folder of ROOMS that a file belongs to; empty for a file in the root."""
     depth = 2 if path.parts[0] == "tests" else 1
     return "/".join(path.parts[:depth]) if len(path.parts) > depth else ""
 
@@ -64,7 +64,7 @@ def sources(root: Path) -> Iterator[Path]:
 def problems_in(root: Path, name: Path) -> Iterator[tuple[int, str]]:
     room = room_of(name)
     if room not in ROOMS:
-        # A header that every test program includes first. It includes nothing of this repository.
+        # The one header directly in tests is precompiled. It includes nothing of this repository.
         if room or name.parts[0] != "tests":
             yield 0, f"stands in a folder that {Path(__file__).name} does not know"
         return

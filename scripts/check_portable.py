@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Finds platform code in files that must be portable. Prints each place; exit code 1 if any.
 
-Portable is what a build for this machine compiles, headers included, and all that stands in the
-folders without a Windows half. The build chooses between files named *_win.* and *_posix.*, so that
-all others need no platform's headers, types or macros. Tests may use POSIX.
+A file must be portable if a build for Linux compiles or includes it, or if it is in a folder
+without a Windows half. It must not use headers, types or macros of one platform. The build chooses
+between files named *_win.* and *_posix.*, and only these may. Tests may use POSIX.
 
 Usage: check_portable.py BUILD_FOLDER
 """

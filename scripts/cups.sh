@@ -1,22 +1,26 @@
 #!/usr/bin/env bash
-# A print spooler for tests, apart from any that this machine has: its configuration, queues, jobs
-# and socket are below one folder. Each document that it prints becomes FOLDER/out/JOB-QUEUE.pdf,
-# beside a JOB-QUEUE.txt of four lines: its title, the copies, the options,
-# the number of its pages. Where FOLDER/out/pictures exists, its pages become pictures too,
-# JOB-QUEUE-PAGE.pgm with 96 dots per inch. A document whose title begins with "unread" is thrown
-# away.
+# Runs a print spooler for tests, beside any that this machine has. Its configuration, queues, jobs
+# and socket are in one folder.
+#
+# Each document that it prints becomes FOLDER/out/JOB-QUEUE.pdf. The file JOB-QUEUE.txt beside it
+# has four lines: the title, the number of copies, the options, the number of pages. While the
+# folder FOLDER/out/pictures exists, each page also becomes a picture of 96 dots per inch,
+# JOB-QUEUE-PAGE.pgm. The spooler throws away a document whose title begins with "unread".
+#
 # Usage: cups.sh [--stoppable] FOLDER
-# Prints what programs need in their environment, then an empty line once the spooler is ready, and
-# ends it when its own standard input ends.
-# --stoppable: a test stops the spooler by the file FOLDER/out/stop, whose name is printed too, and
-# starts it again by removing that file. The file FOLDER/out/stopped is there while it does not run.
-# The queues: PDF, the default, with 300 dots per inch and A4; Fine, with 600 dots per inch, Letter
-# and margins that its printer cannot reach.
+# Prints the environment variables that programs need, then an empty line when the spooler is ready.
+# Ends the spooler when standard input ends.
+# --stoppable: a test stops the spooler by making the file FOLDER/out/stop, and starts it again by
+# removing that file. The script prints the name of the file too. The file FOLDER/out/stopped exists
+# while the spooler does not run.
+#
+# The queues are PDF (the default: 300 dots per inch, A4) and Fine (600 dots per inch, Letter, and
+# margins that the printer cannot reach).
 # Needs the packages cups and printer-driver-cups-pdf, and root.
 set -euo pipefail
 
 driver=/usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd
-# Debian's tools for administrators are not on every caller's path.
+# Not every user's PATH has the folders of cupsd and lpadmin.
 export PATH=$PATH:/usr/sbin:/sbin
 
 die() {
@@ -60,8 +64,9 @@ ConfigFilePerm 0644
 CONFIGURATION
 }
 
-# The driver's backend writes to the home of the job's user and nowhere else, so the last step is
-# one of our own. It makes the PDF as that one does, by Ghostscript, and shows it when it is whole.
+# The backend of the driver writes only to the home folder of the user who printed. So the queues
+# use a backend of ours. It makes the PDF by Ghostscript too, and renames it to JOB-QUEUE.pdf when
+# it is complete.
 write_backend() {
     local part
     mkdir -p "$folder/bin/backend"
@@ -85,7 +90,8 @@ BACKEND
     chmod 755 "$folder/bin/backend/tests-pdf"
 }
 
-# Wine 8 asks each printer for 300 dots per inch. Only one that cannot print so gets its default.
+# Wine 8 asks each printer for 300 dots per inch, and uses the printer's default only if the printer
+# does not offer 300. So the description of Fine must not offer it.
 write_fine_description() {
     sed \
         -e '/^\*Resolution \(150\|300\|1200\|2400\)dpi/d' \

@@ -1,10 +1,10 @@
-# For scripts that provide a source package of Debian's, fetched from where this machine gets its
-# packages: to be sourced from the repository's folder. Such a script defines fetch_version VERSION,
-# which fetches that version and unpacks it in the current folder, and calls provide_sources.
-# Changes nothing on the machine.
+# Functions for scripts that fetch a Debian source package from the servers from which this machine
+# gets its packages. A script sources this file in the repository's folder, defines the function
+# fetch_version VERSION, which fetches that version and unpacks it in the current folder, and calls
+# provide_sources. Nothing changes outside the build folder.
 
-# on_sources COMMAND...: apt's command with lists and a cache of its own and no places but those of
-# sources.
+# on_sources COMMAND...: runs a command of apt with the servers of source packages only, and with
+# lists and a cache below $work.
 on_sources() {
     local command=$1
     shift
@@ -14,7 +14,7 @@ on_sources() {
         -o APT::Sandbox::User="$(id -un)" "$@"
 }
 
-# This machine's places of packages, rewritten as places of their sources.
+# Writes apt's list of servers anew, with source packages instead of binary packages.
 list_places() {
     local parts file
     eval "$(apt-config shell file Dir::Etc::sourcelist/f parts Dir::Etc::sourceparts/d)"
@@ -27,13 +27,13 @@ list_places() {
     done
 }
 
-# The versions that the indexes name, the newest first.
+# Prints the versions that the indexes name, the newest first.
 list_versions() {
     on_sources apt-cache madison "$package" | awk '$2 == "|" { print $3 }' | sort -rV
 }
 
-# An empty $work with the indexes of sources. A place that has no sources is no failure: another may
-# have those of the package.
+# Empties $work and fetches the indexes of source packages into it. A server without an index is no
+# failure, because another one may have the package.
 get_indexes() {
     rm -rf --one-file-system "$work" || return 1
     mkdir -p "$work"/{places,lists/partial,cache/archives/partial,unpacked} || return 1
@@ -41,7 +41,8 @@ get_indexes() {
     on_sources apt-get update || echo "the index of sources is incomplete"
 }
 
-# A server may name a version that it does not have yet. Then the next one is fetched.
+# Fetches the newest version that can be fetched. An index may name a version that the server does
+# not have yet.
 fetch() {
     local version
     get_indexes || return 1
@@ -52,7 +53,7 @@ fetch() {
     return 1
 }
 
-# The topmost folder of the sources, which some packages have one level deeper.
+# Prints the folder that has the file $proof. In some packages it is one level deeper.
 unpacked() {
     local top
     for top in "$work"/unpacked/*/{,"$package"/}; do
@@ -61,8 +62,8 @@ unpacked() {
     return 1
 }
 
-# provide_sources PACKAGE PROOF: the sources in build/PACKAGE-src. They are complete when they have
-# the file PROOF. The functions above see the variables.
+# provide_sources PACKAGE PROOF: puts the sources into build/PACKAGE-src. They count as complete
+# when they have the file PROOF. The functions above use the local variables of this one.
 provide_sources() {
     local package=$1 proof=$2 work=$PWD/build/$1-fetch
     local sources=$PWD/build/$1-src log=$PWD/build/logs/$1.log

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Expat's sources for the Windows builds, which cannot use this machine's library: those of Debian's
-# own package, patched as Debian patches them, in build/expat-src. Says nothing and asks no server
-# where they are there already. Changes nothing on the machine.
+# Fetches the sources of Expat into build/expat-src. The Windows builds cannot use the library of
+# this machine, so they compile Expat. The sources are those of Debian's package with Debian's
+# patches. When they are there already, the script prints nothing and contacts no server. It changes
+# nothing outside the build folder.
 # Usage: expat.sh
 set -euo pipefail
 

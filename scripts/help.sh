@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Compiles the help: its pages with the pictures of docs/images make one file.
+# Compiles the pages of the help and the pictures of docs/images into one file.
 # Usage: help.sh STAGE OUT.chm   (STAGE is a folder that this script empties and fills)
 set -euo pipefail
 
@@ -11,13 +11,14 @@ rm -rf "$stage"
 mkdir -p "$stage/images"
 cp -r "$repo"/help/html "$repo"/help/quillmark.hh? "$stage"
 cp "$repo"/docs/images/*.png "$stage/images"
-# chmcmd finds the files of a project from the folder that it stands in. It only warns of a
-# missing file. Then its output is removed.
+# chmcmd looks for the files of a project in the current folder. When one is missing, it only warns,
+# and this script fails.
 if ! log=$(cd "$stage" && chmcmd --no-html-scan quillmark.hhp 2>&1) || [[ $log == *Warning* ]]; then
     echo "$log" >&2
     exit 1
 fi
-# The same pages give the same bytes: the two places where chmcmd writes the time of day are zeroed.
+# chmcmd writes the time of day in two places. They become zero, so that the same pages always give
+# the same bytes.
 perl -0777 -pi -e 'substr($_, 16, 4) = "\0" x 4;
     s/\x0a\0\x04\0.{4}(?=\x09\0)/\x0a\0\x04\0\0\0\0\0/s or die "no time found"' \
     "$stage/quillmark.chm"

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# libharu's sources for the Windows builds, which cannot use this machine's library: the original
-# archive of Debian's own package, checked against the hash in the package's signed description, in
-# build/libharu-src. Says nothing and asks no server where they are there already. Changes nothing
-# on the machine.
+# Fetches the sources of libharu into build/libharu-src. The Windows builds cannot use the library
+# of this machine, so they compile libharu. The sources are the original archive in Debian's
+# package, whose hash must be the one in the signed description of the package. When they are there
+# already, the script prints nothing and contacts no server. It changes nothing outside the build
+# folder.
 # Usage: libharu.sh
 set -euo pipefail
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Checks layout, portability, which folder includes which, the help, and the rules of .clang-tidy,
-# all of which must hold without exception. Configures the presets native and win64 and needs no
-# build of them. Appends its counts as "PASSED FAILED SKIPPED" to the file COUNTS.
+# Checks the layout of the sources, that portable files are portable, which folder includes which,
+# the help, and the rules of .clang-tidy. All must hold without exception. The script configures the
+# presets native and win64 but needs no build of them. It appends its counts as "PASSED FAILED
+# SKIPPED" to the file COUNTS.
 # Usage: lint.sh [COUNTS]
 set -euo pipefail
 
@@ -10,7 +11,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 passed=0
 failed=0
 
-# check NAME COMMAND...: prints what the command found, and nothing where it found nothing.
+# check NAME COMMAND...: runs the command and counts it. Prints its output if it failed.
 check() {
     local name=$1 found
     shift
@@ -22,7 +23,7 @@ check() {
     fi
 }
 
-# A file that was in good order is not checked again before it or the rules change.
+# A file that was in order is checked again only after it, the rules or this script have changed.
 check_format() {
     local clean=build/layout-clean began=build/layout-began
     mkdir -p build

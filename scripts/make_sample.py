@@ -1,19 +1,19 @@
 #!/usr/bin/env python3
 """Makes an account file (.qmk) from a readable text source.
 
-The byte format is written here a second time on purpose, from its description in
-docs/file-format.md alone, so that a file made here checks the program's own reader.
+This script writes the file format independently of the program. It follows docs/file-format.md
+alone, so that a file made here checks the program's own reader.
 
-A source is UTF-8 text. Blank lines and lines that begin with # say nothing. It has two
-sections. [account] holds "name = value" lines, their names and kinds in HEADER_FIELDS below;
-what is not named keeps the value of a new account. [transactions] holds one entry a line:
+A source is UTF-8 text. Blank lines and lines that begin with # are ignored. It has two sections.
+[account] holds "name = value" lines; HEADER_FIELDS below lists the names and their kinds. A field
+that is not named keeps the value of a new account. [transactions] holds one entry a line:
 
     DATE TYPE [NUMBER] AMOUNT STATE [TAG] | DESCRIPTION | MEMO | CATEGORY
 
 DATE is year-month-day. TYPE is a name from TYPES; check alone takes a NUMBER. AMOUNT is
 positive, the type gives the sign. STATE is "open", "voided" or "cleared DATE". TAG is "tax" or
-"expense". Texts at the end of the line may be left out. Entries may stand in any order: they
-go to the file as they stand, and entries of one day keep their order in the register.
+"expense". Texts at the end of the line may be left out. Entries may be in any order. The file gets
+them in the same order, and entries of one day keep it in the register.
 """
 
 import argparse

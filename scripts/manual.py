@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes qmktool's manual page, qmktool.1, and its completion for bash, qmktool.bash, of what the
-program says of itself: its help, the help of each command and its version. The page has the date of
-SOURCE_DATE_EPOCH, without one today's.
+"""Writes the manual page of qmktool, qmktool.1, and its completion for bash, qmktool.bash. It takes
+both from what the program prints: its help, the help of each command and its version. The page has
+the date of SOURCE_DATE_EPOCH; if that is unset, the date of today.
 
 Usage: manual.py PROGRAM FOLDER
 """

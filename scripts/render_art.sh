@@ -23,12 +23,12 @@ require() {
     }
 }
 
-# render NAME: the picture at its own size, as $work/NAME.png
+# render NAME: draws the picture in its own size as $work/NAME.png.
 render() {
     rsvg-convert "$art/$1.svg" -o "$work/$1.png"
 }
 
-# le32 NUMBER...: each as four bytes, the lowest first
+# le32 NUMBER...: writes each number as four bytes, the lowest first.
 le32() {
     local n
     for n in "$@"; do
@@ -37,8 +37,8 @@ le32() {
     done
 }
 
-# bitmap_headers WIDTH HEIGHT BYTES: the headers of an uncompressed bitmap of 32 bits a pixel, which
-# ImageMagick would write in a later version that not every tool reads.
+# bitmap_headers WIDTH HEIGHT BYTES: writes the headers of an uncompressed bitmap of 32 bits a
+# pixel. ImageMagick would write headers of a later version, which not every tool reads.
 bitmap_headers() {
     printf 'BM'
     le32 $((BITMAP_HEADERS + $3)) 0 "$BITMAP_HEADERS" 40 "$1" "$2" $((1 | 32 << 16)) 0 "$3" 0 0 0 0
@@ -50,9 +50,9 @@ write_opaque_bitmap() {
         "BMP3:$out/$1.bmp"
 }
 
-# write_alpha_bitmap TARGET NAME...: one strip of pictures of 16 by 16, for an image list of
-# ILC_COLOR32. Its alpha is straight: the list multiplies it into the colours itself, and one that
-# came multiplied would show dark edges.
+# write_alpha_bitmap TARGET NAME...: writes a strip of pictures of 16 by 16 pixels for an image list
+# of ILC_COLOR32. The image list multiplies the colours by the alpha channel itself. So the colours
+# must not be multiplied here, or the pictures would have dark edges.
 write_alpha_bitmap() {
     local target=$1 name names=("${@:2}")
     for name in "${names[@]}"; do
@@ -73,7 +73,7 @@ write_toolbar() {
     write_alpha_bitmap toolbar "${names[@]}"
 }
 
-# The largest size is stored as PNG, the others as bitmaps with alpha and mask.
+# convert stores the largest size as PNG and the others as bitmaps with alpha channel and mask.
 write_icon() {
     local size names=()
     for size in "${ICON_SIZES[@]}"; do

@@ -1,18 +1,18 @@
 #!/usr/bin/env python3
 """Runs one ring of tests: a GoogleTest program and, for some, the command-line tests of qmktool.
 
-Prints the output of the tests that failed, the skipped ones with their reasons, the figures that
-tests print on lines of their own ("speed: ..."), and one line of counts. Appends these counts as
-"PASSED FAILED SKIPPED" to a file. Exit code 1 if anything failed.
+Prints the output of the failed tests, the skipped tests with their reasons, the figures that tests
+print on lines of their own ("speed: ..."), and one line of counts. Appends these counts as
+"PASSED FAILED SKIPPED" to a file. The exit code is 1 if anything failed.
 
---program given N times runs N parts of the tests side by side, each by a command line of its own.
---apart FILTER COMMAND takes the tests of a GoogleTest filter out of these parts. They run after
-them, by this command line, which gives them other surroundings.
+Given N times, --program runs N parts of the tests side by side, each by its own command line.
+--apart FILTER COMMAND takes the tests of a GoogleTest filter out of these parts. They run after the
+parts, by this command line, which gives them another environment.
 
-With --second-try a few failed tests run once more by themselves: tests of windows depend on the
-machine's load. What passes then counts as passed and is named with what the first try said. A crash
-or a damaged heap depends on no load: such a test gets no second try, and fails even where the test
-itself saw nothing.
+With --second-try, a few failed tests run once more by themselves, because tests of windows depend
+on the load of the machine. A test that passes then counts as passed, and is printed with the output
+of its first try. A crash or a damaged heap does not depend on the load: such a test gets no second
+try, and fails even if the test itself noticed nothing.
 """
 
 import argparse
@@ -31,7 +31,7 @@ from pathlib import Path
 
 PROGRAM_LIMIT_S = 1200
 TOOL_TEST_LIMIT_S = 300
-# So many failures are not accidental. They are not tried again.
+# More failures than this are no accident and get no second try.
 SECOND_TRIES = 5
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the packages that a group of tasks needs and this Debian machine lacks. Says nothing and
-# asks no server where nothing is missing. Never removes or downgrades a package.
+# Installs the packages that a group of tasks needs and that this Debian machine lacks. When nothing
+# is missing, it prints nothing and contacts no server. It never removes or downgrades a package.
 # Usage: setup.sh GROUP...
 #   run          build and run the programs for this machine
 #   window       build the program and show its window, with a picture of it
@@ -32,7 +32,7 @@ declare -rA PACKAGES=(
 )
 log=build/logs/setup.log
 service_policy=/usr/sbin/policy-rc.d
-# Debian's tools for administrators may not be on the caller's path.
+# Not every user's PATH has the folders of the administrator's programs.
 export PATH=$PATH:/usr/sbin:/sbin
 
 die() {
@@ -40,7 +40,7 @@ die() {
     exit 1
 }
 
-# Prints those of the packages given that are not installed.
+# Prints the packages among the arguments that are not installed.
 missing_of() {
     local package
     for package in "$@"; do
@@ -49,13 +49,14 @@ missing_of() {
     done
 }
 
-# One of several sources may be out of reach and not be needed. The installation will show that.
+# A server that cannot be reached is no failure yet: the packages may all come from others. If not,
+# the installation fails.
 update_index() {
     apt-get update || { sleep 5 && apt-get update; } || echo "the package index is incomplete"
 }
 
-# A service that comes with a package must not start here. Debian asks this file before it starts
-# one. If the machine has such a file already, that one decides.
+# A service that comes with a package must not start. Debian asks the program $service_policy before
+# it starts a service. If this machine has that program already, it decides.
 forbid_services() {
     [[ ! -e $service_policy ]] || return 0
     trap 'rm -f "$service_policy"' EXIT
@@ -91,6 +92,6 @@ for group in "$@"; do
     packages+=("${names[@]}")
 done
 provide "${packages[@]}"
-# The Windows builds need both.
+# The Windows builds need Expat and libharu.
 [[ " $* " != *" test "* && " $* " != *" window "* ]] || { scripts/expat.sh && scripts/libharu.sh; }
 [[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install

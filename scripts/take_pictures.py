@@ -33,7 +33,7 @@ BIN = REPO / "build" / "win64" / "bin"
 ACCOUNTS = REPO / "build" / "wine-win64" / "drive_c" / "Accounts"
 SETTINGS = r"HKCU\Software\Tarn Software\Quillmark"
 
-# Bits of the value "Flags".
+# Bits of the setting "Flags"
 FRAME_MAXIMIZED, CHILD_MAXIMIZED, TOOLBAR, STATUS_BAR, TRANSACTIONS_BAR = 1, 2, 4, 8, 16
 USUAL_BARS = TOOLBAR | STATUS_BAR
 

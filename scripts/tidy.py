@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over every own source of several build folders but the tests, warnings as errors.
-A source that stands in more than one folder is checked as the first of them compiles it. Exit code 1
-if anything was found.
+"""Runs clang-tidy over the sources of several build folders, except the tests. Warnings are errors.
+A source that several of the folders compile is checked as the first of them compiles it. The exit
+code is 1 if clang-tidy found anything.
 
 Usage: tidy.py BUILD_FOLDER...
 
-Most of the time goes into headers, those of Windows above all, so that the sources of a folder are
-checked several at once, each included into one that is made for the purpose. Where sources do not
-fit together, each is checked by itself. A source found clean is not checked again until it, a
-header of it, its compiler options or the checks change; build/tidy remembers.
+clang-tidy spends most of its time in headers, above all in those of Windows. So this script checks
+several sources of a folder at once: it writes a file that includes them all. Sources that cannot be
+compiled together are checked one by one. A source found clean is checked again only after it, one
+of its headers, its compiler options or the checks have changed. The folder build/tidy holds what is
+known to be clean.
 """
 
 import hashlib
@@ -27,7 +28,7 @@ from compiledsources import REPO, compile_entries, headers_in
 
 MEMORY = REPO / "build" / "tidy"
 GROUPS = REPO / "build" / "tidy-groups"
-# A larger group saves little, and one processor would wait for the other.
+# Larger groups save little time, and one processor would wait for the other.
 LARGEST_GROUP = 8
 NOISE = re.compile(
     r"^(\d+ warnings? (generated|treated as error)|Suppressed \d+|Use -header-filter)")
@@ -87,7 +88,7 @@ def options_of(entry: dict[str, str]) -> tuple[str, ...]:
     kept = [word for before, word in zip(["", *words], words)
             if not OWN_OPTIONS.fullmatch(word) and before not in ("-o", "-include")
             and word != entry["file"]]
-    # The command lines are those of another compiler, whose warnings this one need not know.
+    # The command lines are those of GCC, and clang-tidy does not know all its warning options.
     kept.append("-Wno-unknown-warning-option")
     target = re.match(r"(\w+-w64-mingw32)-", Path(compiler).name)
     if target:
@@ -96,7 +97,7 @@ def options_of(entry: dict[str, str]) -> tuple[str, ...]:
 
 
 def sources_of(builds: list[Path]) -> list[Source]:
-    # The sources of the tests would take several times as long as all others, because of the macros.
+    # Because of the macros of GoogleTest, the tests would take several times as long as all others.
     found: dict[Path, Source] = {}
     for build in builds:
         for entry in compile_entries(build):
@@ -157,7 +158,7 @@ def main() -> int:
     GROUPS.mkdir(parents=True, exist_ok=True)
     due = [source for source in sources if not (MEMORY / keys[source]).exists()]
     failed = 0
-    # The largest first, so that no processor has the last one for itself.
+    # The largest group comes first, so that at the end no processor waits long for another.
     groups = sorted(groups_of(due), key=len, reverse=True)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
         for results in pool.map(check_group, groups):

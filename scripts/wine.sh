@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Runs a Windows program of this repository under Wine, in a prefix of the repository's own
-# (build/wine-PRESET). Standard streams, arguments and exit code pass through as they are.
+# Runs a Windows program under Wine. The Wine prefix is build/wine-PRESET. Standard streams,
+# arguments and exit code pass through unchanged.
 # Usage: wine.sh PRESET PROGRAM.exe [ARGUMENT...]
 #        wine.sh --make PRESET      only makes the prefix
 #        wine.sh --prepare PRESET   makes the prefix and starts Wine's services
 #        wine.sh --hold PRESET      keeps Wine's services running until standard input ends
 #        wine.sh --end PRESET       ends what is still running in the prefix
-# PRESET is win32 or win64. A program runs on the display of DISPLAY, or on one of its own.
+# PRESET is win32 or win64. A program runs on the display that DISPLAY names. When DISPLAY is unset,
+# it gets a display of its own.
 # Variables of the environment:
 #   QUILLMARK_WINE_HELD=1   another process keeps the services running, and the display
 #   QUILLMARK_WINE_SLOT=N   use a copy of the prefix, build/wine-PRESET-N, to run side by side
@@ -35,10 +36,10 @@ original=$repo/build/wine-$preset
 export WINEPREFIX=$original${QUILLMARK_WINE_SLOT:+-$QUILLMARK_WINE_SLOT}
 export WINEARCH=$preset
 export WINEDEBUG=-all
-# Wine must not offer to download Mono and Gecko, nor write menu entries into the user's home. A help
-# viewer that a test puts in the way of Wine's own is used.
+# Wine must not offer to download Mono and Gecko, and must not write menu entries into the user's
+# home folder. Where a test has put a help viewer of its own, Wine must prefer it to Wine's.
 export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d;hhctrl.ocx=n,b'
-# The locale decides the code page of Windows programs. Results must not depend on the machine.
+# Wine takes the code page from the locale. Results must not depend on the locale of the machine.
 export LC_ALL=C.UTF-8
 
 in_wine() {
@@ -57,8 +58,8 @@ require_wine() {
     fi
 }
 
-# Debian's Wine 8 looks for its own fonts beside /usr/share/wine, not in it, and would draw the
-# buttons of captions as digits and letters. The prefix's own folder it searches in any case.
+# Debian's Wine 8 does not find its fonts in /usr/share/wine, and would draw the buttons of captions
+# as digits and letters. But it always looks in the fonts folder of the prefix.
 link_fonts() {
     local fonts=$WINEPREFIX/drive_c/windows/Fonts
     mkdir -p "$fonts"
@@ -72,18 +73,21 @@ make_prefix() {
     link_fonts >"$log" 2>&1 </dev/null || echo "wine.sh: Wine's fonts are missing, see $log" >&2
     in_wine wine wineboot -i >>"$log" 2>&1 </dev/null ||
         die "Wine could not make its prefix, see $log"
-    # In a desktop of Wine's own, captions are drawn and windows activated without a window manager.
+    # In a desktop window of Wine, Wine draws the captions and activates windows itself, so no
+    # window manager is needed.
     in_wine wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >>"$log" 2>&1
     in_wine wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1200x900 /f \
         >>"$log" 2>&1
-    # A program that crashes ends at once. Wine writes the cause to standard error and shows no box.
+    # With this value a program that crashes ends at once. Wine then writes the cause to standard
+    # error and shows no dialog.
     in_wine wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f \
         >>"$log" 2>&1
-    # Programs of Wine that run already do not use the new desktop.
+    # Wine's services run already and would go on without the new desktop.
     in_wine wineserver -k || true
 }
 
-# Wine's own programs and libraries, most of a prefix, are never changed and need no copies.
+# Wine's own programs and libraries are most of a prefix. Nothing changes them, so hard links do
+# instead of copies.
 copy_prefix() {
     local windows=drive_c/windows folder
     mkdir -p "$WINEPREFIX/$windows"
@@ -118,26 +122,27 @@ prepare() {
     ) 9>"$WINEPREFIX.lock"
 }
 
-# Wine's services start with its first program and inherit its streams; whoever reads such a stream
-# to its end would wait for the services too. So they start here, before the program.
+# The first program of Wine starts Wine's services, and they inherit its standard streams. Whoever
+# reads such a stream to its end would then wait for the services to end. So this script starts the
+# services before the program.
 start_services() {
     [[ -n ${QUILLMARK_WINE_HELD:-} ]] || in_wine wine hostname >/dev/null 2>&1 </dev/null || true
 }
 
-# Of the programs that the build makes, these two open no window.
+# Of the programs in this repository, core_tests and qmktool open no window.
 is_windowed() {
     [[ -f $1 && ${1##*/} != core_tests.exe && ${1##*/} != qmktool.exe ]]
 }
 
-# Ends the services too. Without their display they only print errors.
+# Ends Wine's services too, because without their display they would only print errors.
 end_display() {
     in_wine wineserver -k || true
     kill "$1" || true
     wait "$1" || true
 } 2>/dev/null
 
-# Runs the arguments on a display made for them. Services that were started without a display know
-# no windows, so they have to end first.
+# Runs a command on a display of its own. Wine's services that started without a display cannot show
+# windows, so they have to end first.
 run_on_own_display() {
     local number status=0
     in_wine wineserver -w
