@@ -25,14 +25,13 @@ bool IsTerminal(FILE* pStream)
 
 bool TakesColours(FILE* pStream)
 {
-    constexpr DWORD uSequences = 0x0004; // ENABLE_VIRTUAL_TERMINAL_PROCESSING, of Windows 10
     const char* szNoColour = getenv("NO_COLOR");
     const bool bUnwanted = szNoColour != nullptr && *szNoColour != '\0';
     DWORD uMode = 0;
     HANDLE hStream = HandleOf(pStream);
-    // An older console refuses the mode, and would show the sequences.
+    // A console before Windows 10 refuses the mode, and would show the sequences as text.
     return !bUnwanted && GetConsoleMode(hStream, &uMode) &&
-           SetConsoleMode(hStream, uMode | uSequences);
+           SetConsoleMode(hStream, uMode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
 void UseBytes(FILE* pStream)
