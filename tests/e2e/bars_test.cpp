@@ -57,7 +57,7 @@ protected:
             if (uCommand != 0) {
                 EXPECT_EQ(IsButtonEnabled(uCommand),
                           m_program.GetMenuItem(uCommand) != MenuItem::Grayed)
-                    << uCommand << " " << sWhen;
+                    << "command " << uCommand << " " << sWhen;
             }
         }
     }
@@ -103,14 +103,16 @@ protected:
         for (const Bar& bar : aBars) {
             const bool bShown = (uFlags & bar.uFlag) != 0;
             HWND hBar = FindChildById(m_program.GetFrame(), bar.nId);
-            EXPECT_EQ(IsWindowVisible(hBar) != 0, bShown) << bar.nId << " by " << uFlags;
+            EXPECT_EQ(IsWindowVisible(hBar) != 0, bShown)
+                << "bar " << bar.nId << ", flags " << uFlags;
             EXPECT_EQ(m_program.GetMenuItem(bar.uCommand),
                       bShown ? MenuItem::Checked : MenuItem::Enabled)
-                << bar.uCommand << " by " << uFlags;
+                << "command " << bar.uCommand << ", flags " << uFlags;
         }
         const bool bRebar = (uFlags & (uToolbarFlag | uPeriodBarFlag)) != 0;
-        EXPECT_EQ(IsWindowVisible(m_program.GetRebar()) != 0, bRebar) << uFlags;
-        EXPECT_EQ(ClientTop(), bRebar ? WindowRect(m_program.GetRebar()).GetHeight() : 0) << uFlags;
+        EXPECT_EQ(IsWindowVisible(m_program.GetRebar()) != 0, bRebar) << "flags " << uFlags;
+        EXPECT_EQ(ClientTop(), bRebar ? WindowRect(m_program.GetRebar()).GetHeight() : 0)
+            << "flags " << uFlags;
         RECT frame = {};
         GetClientRect(m_program.GetFrame(), &frame);
         const VRect status = WindowRect(m_program.GetStatusBar());
@@ -118,7 +120,7 @@ protected:
         // The upper line of the status bar covers the lowest line of the area.
         EXPECT_EQ(ClientTop() + ClientHeight(),
                   frame.bottom - (bStatus ? status.GetHeight() - 1 : 0))
-            << uFlags;
+            << "flags " << uFlags;
     }
 };
 
@@ -287,11 +289,11 @@ TEST_F(BarsTest, ToolbarHasItsButtonsInOrder)
     int nPicture = 0;
     for (int i = 0; i < 24; ++i) {
         const TBBUTTON button = ReadButton(i);
-        EXPECT_EQ(button.idCommand, anCommands[i]) << i;
+        EXPECT_EQ(button.idCommand, anCommands[i]) << "index " << i;
         const bool bSeparator = anCommands[i] == nSeparator;
-        EXPECT_EQ(button.fsStyle, bSeparator ? BTNS_SEP : BTNS_BUTTON) << i;
+        EXPECT_EQ(button.fsStyle, bSeparator ? BTNS_SEP : BTNS_BUTTON) << "index " << i;
         if (!bSeparator) {
-            EXPECT_EQ(button.iBitmap, nPicture++) << i;
+            EXPECT_EQ(button.iBitmap, nPicture++) << "index " << i;
         }
     }
     EXPECT_EQ(nPicture, 19);

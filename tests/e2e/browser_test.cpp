@@ -58,7 +58,7 @@ TEST_F(BrowserTest, BankWebpageAsksTheOneThatRuns)
     EXPECT_EQ(AwaitQuestion(server), "WWW_OpenURL|\"http://www.bank.example/login\",,-1,,,,\n");
     m_program.Settle();
     EXPECT_TRUE(m_program.GetBoxes().empty());
-    EXPECT_EQ(NotesOf(m_sBrowser), "") << "no second browser";
+    EXPECT_EQ(NotesOf(m_sBrowser), "") << "no browser may start when one that runs has answered";
 }
 
 TEST_F(BrowserTest, BankWebpageStartsTheProgramOfTheRegistry)

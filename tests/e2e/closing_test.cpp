@@ -109,7 +109,7 @@ class DialogClosingTest : public ClosingTest, public testing::WithParamInterface
 TEST_P(DialogClosingTest, KeepsTheFrameWhileItIsOpen)
 {
     if (GetParam().bPrints && !PrintedDocument::HasSpooler()) {
-        GTEST_SKIP() << "no spooler for tests runs";
+        GTEST_SKIP() << "the spooler of the tests does not run";
     }
     const std::string sPath = OpenThree();
     m_program.Post(GetParam().uCommand);

@@ -334,7 +334,7 @@ HWND FindProgressOf(const Program& program)
 DialogWindow AwaitProgress(const Program& program)
 {
     HWND hProgress = nullptr;
-    Await("the window of some progress", [&] {
+    Await("a progress window", [&] {
         hProgress = FindProgressOf(program);
         return hProgress != nullptr;
     });

@@ -52,7 +52,7 @@ TEST_F(EntryDialogTest, StartsOnACheckOfToday)
     EXPECT_FALSE(dialog.IsEnabled(IDC_TX_DATECLEARED));
     EXPECT_TRUE(dialog.IsVisible(IDC_TX_ADD));
     for (const int nId : {IDC_TX_FIRST, IDC_TX_PREVIOUS, IDC_TX_NEXT, IDC_TX_LAST}) {
-        EXPECT_FALSE(dialog.IsVisible(nId)) << nId;
+        EXPECT_FALSE(dialog.IsVisible(nId)) << "control " << nId;
     }
     EXPECT_EQ(dialog.GetDefaultButton(), IDOK);
 }
@@ -202,7 +202,7 @@ TEST_F(EntryDialogTest, DepositHasNoNumberItsOwnDescriptionAndNoTags)
     EXPECT_FALSE(dialog.IsChecked(IDC_TX_TAX));
     for (const int nId : {IDC_TX_NUMBERLABEL, IDC_TX_NUMBER, IDC_TX_DESCRIPTIONLABEL,
                           IDC_TX_DESCRIPTION, IDC_TX_TAX, IDC_TX_EXPENSE}) {
-        EXPECT_FALSE(dialog.IsEnabled(nId)) << nId;
+        EXPECT_FALSE(dialog.IsEnabled(nId)) << "control " << nId;
     }
     EXPECT_TRUE(dialog.IsEnabled(IDC_TX_VOIDED));
     EXPECT_TRUE(dialog.IsEnabled(IDC_TX_CLEARED));
@@ -302,7 +302,7 @@ TEST_F(EntryDialogTest, TextsAreLimited)
               [&] { return dialog.GetText(nId).size() == uLimit; });
         keyboard.Press(VK_TAB);
         Await("the next control", [&] { return dialog.GetFocus() != nId; });
-        EXPECT_EQ(dialog.GetText(nId), std::string(uLimit, '7')) << nId;
+        EXPECT_EQ(dialog.GetText(nId), std::string(uLimit, '7')) << "control " << nId;
     };
     ExpectLimit(IDC_TX_NUMBER, 10);
     ExpectLimit(IDC_TX_DESCRIPTION, 255);
@@ -318,8 +318,8 @@ TEST_F(EntryDialogTest, OneRowLeavesTheArrowsDisabled)
     OpenAccount(MakeAccount("three.qmk", 3));
     const DialogWindow dialog = BeginEditing();
     for (const int nId : {IDC_TX_FIRST, IDC_TX_PREVIOUS, IDC_TX_NEXT, IDC_TX_LAST}) {
-        EXPECT_TRUE(dialog.IsVisible(nId)) << nId;
-        EXPECT_FALSE(dialog.IsEnabled(nId)) << nId;
+        EXPECT_TRUE(dialog.IsVisible(nId)) << "control " << nId;
+        EXPECT_FALSE(dialog.IsEnabled(nId)) << "control " << nId;
     }
     EXPECT_FALSE(dialog.IsVisible(IDC_TX_ADD));
     dialog.AwaitFocus(IDOK);

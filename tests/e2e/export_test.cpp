@@ -211,12 +211,12 @@ TEST_F(ExportTest, UnsavedChangesAreExported)
 // What every format keeps of the exported transaction. Which flags are kept depends on the format.
 void ExpectKept(const QMTransaction& out, const QMTransaction& back, uint32_t uFlags, size_t u)
 {
-    EXPECT_EQ(back.lType, out.lType) << u;
-    EXPECT_TRUE(QMDateIsEqual(back.dtDate, out.dtDate)) << u;
-    EXPECT_EQ(back.fAmount, out.fAmount) << u;
-    EXPECT_EQ(back.lFlags, uFlags) << u;
-    EXPECT_STREQ(back.szMemo, out.szMemo) << u;
-    EXPECT_STREQ(back.szCategory, out.szCategory) << u;
+    EXPECT_EQ(back.lType, out.lType) << "transaction " << u;
+    EXPECT_TRUE(QMDateIsEqual(back.dtDate, out.dtDate)) << "transaction " << u;
+    EXPECT_EQ(back.fAmount, out.fAmount) << "transaction " << u;
+    EXPECT_EQ(back.lFlags, uFlags) << "transaction " << u;
+    EXPECT_STREQ(back.szMemo, out.szMemo) << "transaction " << u;
+    EXPECT_STREQ(back.szCategory, out.szCategory) << "transaction " << u;
 }
 
 TEST_F(ExportTest, QifKeepsDatesAmountsAndClearedButNoTagsAndNothingVoided)
@@ -229,8 +229,8 @@ TEST_F(ExportTest, QifKeepsDatesAmountsAndClearedButNoTagsAndNothingVoided)
         const QMTransaction& a = out[u < 6 ? u : u + 1];
         const QMTransaction& b = back[u];
         ExpectKept(a, b, a.lFlags & QM_TRANS_FLAG_NOT_CLEARED, u);
-        EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtDate)) << u;
-        EXPECT_EQ(b.lNumber, a.lType == QM_TRANS_CHECK ? a.lNumber : 0) << u;
+        EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtDate)) << "transaction " << u;
+        EXPECT_EQ(b.lNumber, a.lType == QM_TRANS_CHECK ? a.lNumber : 0) << "transaction " << u;
     }
 }
 
@@ -256,11 +256,11 @@ TEST_F(ExportTest, XmlKeepsTypesTagsAndTheDateClearedButDescriptionsOfChecksAlon
         const QMTransaction& b = back[u];
         ExpectKept(a, b, a.lFlags, u);
         const bool bCheck = a.lType == QM_TRANS_CHECK;
-        EXPECT_STREQ(b.szDescription, bCheck ? a.szDescription : "") << u;
+        EXPECT_STREQ(b.szDescription, bCheck ? a.szDescription : "") << "transaction " << u;
         // The number of a new transaction.
-        EXPECT_EQ(b.lNumber, bCheck ? a.lNumber : 1000U) << u;
+        EXPECT_EQ(b.lNumber, bCheck ? a.lNumber : 1000U) << "transaction " << u;
         if (!a.HasFlag(QM_TRANS_FLAG_NOT_CLEARED)) {
-            EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtCleared)) << u;
+            EXPECT_TRUE(QMDateIsEqual(b.dtCleared, a.dtCleared)) << "transaction " << u;
         }
     }
 }

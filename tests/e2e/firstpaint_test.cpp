@@ -43,12 +43,12 @@ TEST_F(FirstPaintTest, BarsArePaintedBeforeTheFirstAccountLoads)
     const Throttle slowed(hFrame);
     COLORREF crBars = 0;
     bool bLoaded = false;
-    Await("the bars or the account", [&] {
+    Await("the painted bars or the window of the account", [&] {
         crBars = ColourOfBars(hFrame);
         bLoaded = FindChild(hFrame, "VMDIChildWindow") != nullptr;
         return crBars != 0 || bLoaded;
     });
-    EXPECT_NE(crBars, 0U) << "black";
+    EXPECT_NE(crBars, 0U) << "the bars were still black when the account came up";
     EXPECT_FALSE(bLoaded);
 }
 

@@ -46,7 +46,7 @@ TEST_F(HelpTest, EachCommandAsksTheViewerOfTheMachine)
     m_program.Post(IDM_HELP_INDEX);
     sExpected += Call(m_sHelp, 2);
     EXPECT_EQ(AwaitCalls(3), sExpected);
-    EXPECT_EQ(m_program.Close(), 0U) << "nothing of the viewer is in the way";
+    EXPECT_EQ(m_program.Close(), 0U) << "the program must close while the viewer is loaded";
 }
 
 TEST_F(HelpTest, F1ShowsTheContentsWithADocumentAndWithout)

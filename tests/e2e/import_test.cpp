@@ -174,7 +174,7 @@ TEST_F(ImportTest, BoxesGoThroughTheirStatesAndTakeEveryRow)
     review.PressBox(IDC_IMPORT_CLEARALL, 0);
     EXPECT_EQ(review.GetList().ReadData(0, nQifRows), std::vector<uint32_t>(nQifRows, 0));
     review.Click(0, 60);
-    Await("the box of all cleared in between",
+    Await("the third state of the box Clear All",
           [&] { return review.GetBoxState(IDC_IMPORT_CLEARALL) == 2; });
     review.PressBox(IDC_IMPORT_CLEARALL, 1);
     EXPECT_EQ(review.GetList().ReadData(0, nQifRows),

@@ -10,7 +10,7 @@ protected:
     void ExpectAll(const std::vector<UINT>& commands, MenuItem state) const
     {
         for (const UINT uCommand : commands) {
-            EXPECT_EQ(m_program.GetMenuItem(uCommand), state) << uCommand;
+            EXPECT_EQ(m_program.GetMenuItem(uCommand), state) << "command " << uCommand;
         }
     }
 };
@@ -175,7 +175,8 @@ TEST_F(MenusTest, LabelsAreTheProgramsOwn)
 {
     m_program.Open();
     for (const Label& label : aLabels) {
-        EXPECT_EQ(m_program.GetMenuText(label.uCommand), label.szText) << label.uCommand;
+        EXPECT_EQ(m_program.GetMenuText(label.uCommand), label.szText)
+            << "command " << label.uCommand;
     }
 }
 

@@ -195,7 +195,7 @@ protected:
             EXPECT_TRUE(sPrompt.empty() || IsExpected(sPrompt)) << uId << ": " << sPrompt;
         }
         CancelAll();
-        ASSERT_TRUE(m_program.IsRunning()) << uId;
+        ASSERT_TRUE(m_program.IsRunning()) << "id " << uId;
     }
 
     // Gives every command of the table that the menu has. shows tells what it brings up.
@@ -217,7 +217,7 @@ protected:
             m_program.AwaitDocuments(uDocuments);
         }
         std::sort(told.begin(), told.end());
-        EXPECT_EQ(told, menu) << "every command of the menu was given";
+        EXPECT_EQ(told, menu) << "the test must have given every command of the menu";
         AwaitHelpCalls();
     }
 
@@ -282,8 +282,10 @@ TEST_F(MenuStoryTest, WithADocument)
 {
     OpenAccount(CopySample(szFile));
     TellStory([](const Command& command) { return command.shows; });
-    EXPECT_EQ(ActiveList().GetRowCount(), 447) << "nothing was confirmed";
-    EXPECT_NE(m_server.TakeQuestions(), "") << "the bank's page was asked for";
+    EXPECT_EQ(ActiveList().GetRowCount(), 447)
+        << "no transaction may be removed, since the test confirmed nothing";
+    EXPECT_NE(m_server.TakeQuestions(), "")
+        << "the program must have asked the browser for the bank's page";
     Save();
     TellTheEnd();
 }

@@ -161,11 +161,11 @@ void MonthTest::CorrectSome()
     m_keyboard.Fill(dialog, IDC_TX_AMOUNT, "655");
     m_keyboard.TabTo(dialog, IDC_TX_NEXT);
     m_keyboard.Press(VK_SPACE);
-    Await("the second one", [&] { return dialog.GetText(IDC_TX_MEMO) == "cash"; });
+    Await("the second transaction", [&] { return dialog.GetText(IDC_TX_MEMO) == "cash"; });
     m_keyboard.Fill(dialog, IDC_TX_MEMO, "pocket money");
     m_keyboard.TabTo(dialog, IDC_TX_LAST);
     m_keyboard.Press(VK_SPACE);
-    Await("the third one", [&] { return dialog.GetText(IDC_TX_MEMO) == "power"; });
+    Await("the third transaction", [&] { return dialog.GetText(IDC_TX_MEMO) == "power"; });
     dialog.SetDate(IDC_TX_DATE, "2004-03-29");
     m_keyboard.Press(VK_RETURN);
     dialog.AwaitEnd();
@@ -204,7 +204,7 @@ void MonthTest::TagSome()
 {
     const auto Toggle = [&](int nRow, WORD uKey, uint32_t uBefore, uint32_t uAfter) {
         QMTransactionFields& fields = m_expected[static_cast<size_t>(nRow)];
-        ASSERT_EQ(fields.lFlags, uBefore) << nRow;
+        ASSERT_EQ(fields.lFlags, uBefore) << "row " << nRow;
         fields.lFlags = uAfter;
         const uint32_t uData = ActiveList().ReadData(nRow, 1)[0];
         Select({nRow});

@@ -41,7 +41,7 @@ TEST_F(NestedTest, CommandsThatArePostedDuringADialogDoNothing)
           IDM_VIEW_TRANSACTIONSBAR}) {
         m_program.Post(uCommand);
         m_program.Settle();
-        EXPECT_EQ(CountDialogs(), 1U) << uCommand;
+        EXPECT_EQ(CountDialogs(), 1U) << "command " << uCommand;
     }
     ActiveList().DoubleClick(0, 2);
     ActiveList().Click(0, 0);
@@ -70,11 +70,11 @@ TEST_F(NestedTest, BoxOfAnotherStartKeepsTheUserFromTheDialogAndGivesItBack)
     EXPECT_EQ(GetWindow(box.GetHandle(), GW_OWNER), dialog.GetHandle());
     box.Press(IDOK);
     EXPECT_EQ(second.AwaitExit(), 1U);
-    Await("the dialog's use", [&] { return IsWindowEnabled(dialog.GetHandle()) != 0; });
+    Await("the dialog to be enabled", [&] { return IsWindowEnabled(dialog.GetHandle()) != 0; });
     EXPECT_FALSE(IsWindowEnabled(m_program.GetFrame()));
     Await("the focus in the dialog", [&] { return HasFocus(dialog); });
     dialog.End(IDCANCEL);
-    Await("the frame's use", [&] { return IsWindowEnabled(m_program.GetFrame()) != 0; });
+    Await("the frame to be enabled", [&] { return IsWindowEnabled(m_program.GetFrame()) != 0; });
 }
 
 TEST_F(NestedTest, QuestionOfTheDialogKeepsTheUserFromIt)
@@ -91,7 +91,7 @@ TEST_F(NestedTest, QuestionOfTheDialogKeepsTheUserFromIt)
         m_program.GetId(), "Check number already in use.\nWould you like to continue?");
     EXPECT_FALSE(IsWindowEnabled(dialog.GetHandle()));
     question.Press(IDNO);
-    Await("the dialog's use", [&] { return IsWindowEnabled(dialog.GetHandle()) != 0; });
+    Await("the dialog to be enabled", [&] { return IsWindowEnabled(dialog.GetHandle()) != 0; });
     Await("the focus in the dialog", [&] { return HasFocus(dialog); });
     dialog.End(IDCANCEL);
 }

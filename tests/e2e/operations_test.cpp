@@ -108,7 +108,7 @@ TEST_F(OperationsTest, CancelledEditChangesNothing)
     const DialogWindow dialog = BeginEditing();
     dialog.SetText(IDC_TX_AMOUNT, "55");
     dialog.Press(IDC_TX_NEXT);
-    Await("the second one", [&] { return dialog.GetText(IDC_TX_AMOUNT) == "2.00"; });
+    Await("the second transaction", [&] { return dialog.GetText(IDC_TX_AMOUNT) == "2.00"; });
     dialog.End(IDCANCEL);
     EXPECT_FALSE(IsMarked());
     EXPECT_EQ(Column("Balance"), (Texts{"1.00", "-1.00", "3.00"}));
@@ -427,7 +427,7 @@ TEST_F(OperationsTest, SelectionCommandsAreGrayedWithoutOne)
     OpenNew();
     for (const UINT uId : {IDM_TRANSACTION_EDIT, IDM_TRANSACTION_REMOVE, IDM_TRANSACTION_TAX,
                            IDM_TRANSACTION_VOIDED, IDM_TRANSACTION_CLEARED}) {
-        EXPECT_EQ(m_program.GetMenuItem(uId), MenuItem::Grayed) << uId;
+        EXPECT_EQ(m_program.GetMenuItem(uId), MenuItem::Grayed) << "id " << uId;
     }
     EXPECT_EQ(m_program.GetMenuItem(IDM_TRANSACTION_ADD), MenuItem::Enabled);
     Add({.sDate = "2004-01-01", .sAmount = "1", .sDescription = "first"});

@@ -176,7 +176,7 @@ protected:
     void ExpectDateControls(bool bEnabled) const
     {
         for (const int nId : {IDC_TB_FROMLABEL, IDC_TB_FROM, IDC_TB_TOLABEL, IDC_TB_TO}) {
-            EXPECT_EQ(Bar().IsEnabled(nId), bEnabled) << nId;
+            EXPECT_EQ(Bar().IsEnabled(nId), bEnabled) << "control " << nId;
         }
     }
 };
@@ -204,7 +204,7 @@ TEST_F(PeriodTest, ControlsAreInTheirPlaces)
         EXPECT_EQ((VRect{place.left - bar.left, place.top - bar.top, place.right - bar.left,
                          place.bottom - bar.top}),
                   control.place)
-            << control.nId;
+            << "control " << control.nId;
     }
     const VRect list = WindowRect(Bar().GetItem(IDC_TB_PERIOD));
     EXPECT_EQ(list.left, bar.left);
@@ -244,8 +244,8 @@ TEST_F(PeriodTest, EachPeriodShowsItsDays)
     for (const uint32_t uPeriod : {QM_ACCNT_DISPLAY_PREVIOUS_MONTH, QM_ACCNT_DISPLAY_CURRENT_MONTH,
                                    QM_ACCNT_DISPLAY_CURRENT_YEAR}) {
         const Range range = RangeOf(uPeriod, Choose(uPeriod));
-        EXPECT_EQ(Pickers(), range) << uPeriod;
-        EXPECT_EQ(Rows(), InRange(days, range)) << uPeriod;
+        EXPECT_EQ(Pickers(), range) << "period " << uPeriod;
+        EXPECT_EQ(Rows(), InRange(days, range)) << "period " << uPeriod;
         ExpectDateControls(false);
     }
     const QMDate dtToday = Choose(QM_ACCNT_DISPLAY_ALL);

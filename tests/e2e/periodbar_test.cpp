@@ -64,7 +64,7 @@ protected:
     void ExpectDatesEnabled(bool bEnabled) const
     {
         for (const int nId : {IDC_TB_FROMLABEL, IDC_TB_FROM, IDC_TB_TOLABEL, IDC_TB_TO}) {
-            EXPECT_EQ(Bar().IsEnabled(nId), bEnabled) << nId;
+            EXPECT_EQ(Bar().IsEnabled(nId), bEnabled) << "control " << nId;
         }
     }
 };

@@ -60,7 +60,7 @@ protected:
     // job the frame is enabled, but handles no message.
     void AwaitFrameInUse() const
     {
-        Await("the frame's use", [&] {
+        Await("the frame to be enabled", [&] {
             m_program.Settle();
             return IsWindowEnabled(m_program.GetFrame()) &&
                    FindDialogs(m_program, "Printing...").empty();
@@ -111,9 +111,9 @@ private:
     HANDLE m_hThread;
 };
 
-#define NEEDS_A_PRINTER()                            \
-    if (!PrintedDocument::HasSpooler()) {            \
-        GTEST_SKIP() << "no spooler for tests runs"; \
+#define NEEDS_A_PRINTER()                                        \
+    if (!PrintedDocument::HasSpooler()) {                        \
+        GTEST_SKIP() << "the spooler of the tests does not run"; \
     }
 
 } // namespace
@@ -130,7 +130,7 @@ TEST_F(PrintingTest, WithoutADocumentSaysWhatIsMissing)
 TEST_F(PrintingTest, WithoutAPrinterSaysSo)
 {
     if (PrintedDocument::HasSpooler()) {
-        GTEST_SKIP() << "there is a printer";
+        GTEST_SKIP() << "this test needs a system without a printer";
     }
     Open(CopySample());
     m_program.Post(IDM_FILE_PRINT);
@@ -195,7 +195,7 @@ TEST_F(PrintingTest, PrintsCopiesTogetherOrPageByPage)
         const std::string sName = Unique("copies");
         Open(MakeAccount(sName, 3));
         const DialogWindow dialog = BeginPrint();
-        EXPECT_TRUE(dialog.IsChecked(chx2)) << "the pages of a copy come together unless told";
+        EXPECT_TRUE(dialog.IsChecked(chx2)) << "the dialog must offer collated copies at first";
         dialog.SetText(edt3, "3");
         dialog.Check(chx2, bCollates);
         dialog.End(IDOK);
@@ -207,7 +207,7 @@ TEST_F(PrintingTest, PrintsCopiesTogetherOrPageByPage)
         EXPECT_FALSE(first == last);
         for (int nPage = 2; nPage <= 5; ++nPage) {
             const bool bFirst = bCollates ? nPage % 2 == 1 : nPage <= 3;
-            EXPECT_TRUE(printed.ReadPage(nPage) == (bFirst ? first : last)) << nPage;
+            EXPECT_TRUE(printed.ReadPage(nPage) == (bFirst ? first : last)) << "page " << nPage;
         }
         AwaitFrameInUse();
         m_program.Close();
@@ -360,7 +360,7 @@ TEST_F(PrintingTest, CancelOfAJobSaysNothing)
 TEST_F(PrintingTest, APrinterThatVanishesDuringAJobIsToldOf)
 {
     if (!StoppedSpooler::IsPossible()) {
-        GTEST_SKIP() << "no spooler runs that a test may stop";
+        GTEST_SKIP() << "the spooler that runs is not one that a test may stop";
     }
     const std::string sName = Unique("long");
     Open(MakeAccount(sName, nLong));

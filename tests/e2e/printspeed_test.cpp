@@ -138,9 +138,9 @@ private:
     OrdinaryHeap m_heap;
 };
 
-#define NEEDS_A_PRINTER()                            \
-    if (!PrintedDocument::HasSpooler()) {            \
-        GTEST_SKIP() << "no spooler for tests runs"; \
+#define NEEDS_A_PRINTER()                                        \
+    if (!PrintedDocument::HasSpooler()) {                        \
+        GTEST_SKIP() << "the spooler of the tests does not run"; \
     }
 
 } // namespace
@@ -169,7 +169,7 @@ TEST_F(PrintingSpeedTest, PagesBeyondTheMemoryOf32BitsAreRefusedAndNothingStays)
 {
     NEEDS_A_PRINTER();
     if (sizeof(void*) > 4) {
-        GTEST_SKIP() << "64 bits have memory for pages of two gigabytes";
+        GTEST_SKIP() << "a 64-bit program has memory for pages of two gigabytes";
     }
     OpenAccount("large.qmk", 36000);
     ExpectRefusal("large.qmk");

@@ -75,7 +75,7 @@ void Process::Release()
 {
     if (GetHandle() != nullptr) {
         if (HasCrashed()) {
-            ADD_FAILURE() << "a program that the test started has crashed";
+            ADD_FAILURE() << "a program that the test started crashed";
         }
         CloseHandle(m_process.hThread);
         CloseHandle(m_process.hProcess);

@@ -62,7 +62,7 @@ protected:
             }
             m_program.Close();
         }
-        FAIL() << "the work was done before its progress could be cancelled";
+        FAIL() << "the work was done before the test could cancel it";
     }
 
     void ExpectUntouched(const std::string& sPath)

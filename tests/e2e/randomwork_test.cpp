@@ -189,7 +189,7 @@ void RandomWorkTest::EditSome()
     dialog.SetText(IDC_TX_AMOUNT, sAmount);
     if (selected.size() > 1) {
         dialog.Press(IDC_TX_LAST);
-        Await("the last one", [&] { return !dialog.IsEnabled(IDC_TX_LAST); });
+        Await("the last transaction", [&] { return !dialog.IsEnabled(IDC_TX_LAST); });
     }
     dialog.SetText(IDC_TX_MEMO, sMemo);
     dialog.End(IDOK);

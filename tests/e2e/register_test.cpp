@@ -75,7 +75,7 @@ TEST_F(RegisterTest, MarkColumnsHavePicturesForHeadings)
     ASSERT_EQ(formats.size(), 10U);
     for (size_t u = 0; u < formats.size(); ++u) {
         const bool bPicture = (formats[u] & HDF_BITMAP) != 0;
-        EXPECT_EQ(bPicture, u == 0 || u == 7) << u;
+        EXPECT_EQ(bPicture, u == 0 || u == 7) << "column " << u;
     }
 }
 
@@ -88,7 +88,7 @@ TEST_F(RegisterTest, HeadingsAreAlignedAsTheirColumns)
     ASSERT_GT(formats.size(), expected.size());
     // Windows aligns the first column of a list to the left, whatever the program asks for.
     for (size_t u = 1; u < expected.size(); ++u) {
-        EXPECT_EQ(formats[u] & HDF_JUSTIFYMASK, expected[u]) << u;
+        EXPECT_EQ(formats[u] & HDF_JUSTIFYMASK, expected[u]) << "column " << u;
     }
 }
 
@@ -195,7 +195,7 @@ TEST_F(RegisterTest, PanesAreEmptyWithoutADocument)
     m_program.Post(IDM_FILE_CLOSE);
     m_program.AwaitActive("");
     for (int nPane = 1; nPane <= 4; ++nPane) {
-        EXPECT_EQ(m_program.GetPaneText(nPane), "") << nPane;
+        EXPECT_EQ(m_program.GetPaneText(nPane), "") << "pane " << nPane;
     }
 }
 

@@ -191,7 +191,7 @@ protected:
 
     void AwaitBack(const DialogWindow& dialog) const
     {
-        Await("the dialog's use", [&] {
+        Await("the report dialog to be enabled", [&] {
             return IsWindowEnabled(dialog.GetHandle()) &&
                    FindDialogs(m_program, "Printing...").empty();
         });
@@ -238,9 +238,9 @@ protected:
     int m_nLineHeight = 0;
 };
 
-#define NEEDS_A_PRINTER()                            \
-    if (!PrintedDocument::HasSpooler()) {            \
-        GTEST_SKIP() << "no spooler for tests runs"; \
+#define NEEDS_A_PRINTER()                                        \
+    if (!PrintedDocument::HasSpooler()) {                        \
+        GTEST_SKIP() << "the spooler of the tests does not run"; \
     }
 
 } // namespace
@@ -357,7 +357,7 @@ TEST_F(ReportsTest, RefusesAReversedRange)
     dialog.Press(IDC_REPORT_RUN);
     m_program.AnswerBox(szReversed);
     m_program.Settle();
-    EXPECT_EQ(HeightOnScreen(dialog), nHeight) << "the report stays";
+    EXPECT_EQ(HeightOnScreen(dialog), nHeight) << "the last report must stay on the screen";
     End(dialog);
 }
 
@@ -368,13 +368,14 @@ TEST_F(ReportsTest, KeptTheFocusOnADateChoosesTheDates)
     for (const int nPicker : {IDC_REPORT_FROM, IDC_REPORT_TO}) {
         EXPECT_TRUE(dialog.IsChecked(IDC_REPORT_BYMONTH));
         dialog.Focus(nPicker);
-        Await("the choice of the dates", [&] {
+        Await("the radio button of the dates to be chosen", [&] {
             return dialog.IsChecked(IDC_REPORT_BYRANGE) && !dialog.IsChecked(IDC_REPORT_BYMONTH);
         });
         dialog.Choose(IDC_REPORT_MONTH, 3);
     }
     dialog.Focus(IDC_REPORT_BYRANGE);
-    EXPECT_TRUE(dialog.IsChecked(IDC_REPORT_BYMONTH)) << "the focus alone presses no button";
+    EXPECT_TRUE(dialog.IsChecked(IDC_REPORT_BYMONTH))
+        << "a radio button that gets the focus must not be chosen by that";
     End(dialog);
 }
 
@@ -471,7 +472,7 @@ TEST_F(ReportsTest, EachOfTheNineHasAPreview)
     const DialogWindow dialog = Begin("household.qmk");
     for (uint32_t uKind = 0; uKind < QM_REPORT_KIND_COUNT; ++uKind) {
         Run(dialog, OrderOf(uKind));
-        EXPECT_GE(PagesOfPreview(dialog), 1) << uKind;
+        EXPECT_GE(PagesOfPreview(dialog), 1) << "kind " << uKind;
         AwaitReport(dialog, OrderOf(uKind));
     }
     End(dialog);
@@ -488,7 +489,7 @@ TEST_F(ReportsTest, KeptPreviewIsOfTheLastRunAndThenTheNewChoiceRuns)
     AwaitReport(dialog, OrderOf(QM_REPORT_STATEMENT));
     const int nHeight = HeightOnScreen(dialog);
     SetBoxes(dialog, OrderOf(QM_REPORT_TAX));
-    EXPECT_EQ(HeightOnScreen(dialog), nHeight) << "the boxes alone run nothing";
+    EXPECT_EQ(HeightOnScreen(dialog), nHeight) << "a change in the boxes must not run the report";
     EXPECT_EQ(PagesOfPreview(dialog), nPages);
     AwaitReport(dialog, OrderOf(QM_REPORT_TAX));
     EXPECT_EQ(PagesOfPreview(dialog), 1);

@@ -390,7 +390,7 @@ TEST_F(LostFolderTest, SaveAllFailsAndTheDocumentStaysChanged)
 {
     OpenChangedIn();
     if (!TakeAway()) {
-        GTEST_SKIP() << "a folder with an open file cannot be taken away";
+        GTEST_SKIP() << "this system does not let a folder with an open file be removed";
     }
     DoAnswering(IDM_FILE_SAVEALL, Failed("changed.qmk"));
     EXPECT_EQ(m_program.GetActiveTitle(), "changed.qmk *");
@@ -407,7 +407,7 @@ TEST_F(LostFolderTest, SaveAsksForAnotherPlace)
 {
     OpenChangedIn();
     if (!TakeAway()) {
-        GTEST_SKIP() << "a folder with an open file cannot be taken away";
+        GTEST_SKIP() << "this system does not let a folder with an open file be removed";
     }
     m_program.Post(IDM_FILE_SAVE);
     AwaitFileDialog(m_program, "Save As").Enter(PathOf("rescued.qmk"));
@@ -421,7 +421,7 @@ TEST_F(LostFolderTest, SaveThatFailsAtTheClosingIsNotTold)
 {
     OpenChangedIn();
     if (!TakeAway()) {
-        GTEST_SKIP() << "a folder with an open file cannot be taken away";
+        GTEST_SKIP() << "this system does not let a folder with an open file be removed";
     }
     CloseAnswering("changed.qmk", IDYES);
     EXPECT_TRUE(m_program.GetBoxes().empty());
@@ -450,7 +450,7 @@ TEST_F(SavingTest, MissingFolderIsRefusedByTheDialog)
     dialog.EnterName(PathOf("nowhere\\new.qmk"));
     dialog.Accept();
     MessageBoxWindow box(nullptr);
-    Await("the system's word on the path", [&] {
+    Await("the message of the file dialog that the path does not exist", [&] {
         for (const MessageBoxWindow& shown : m_program.GetBoxes()) {
             box = shown.GetHandle() != dialog.GetHandle() ? shown : box;
         }

@@ -256,7 +256,7 @@ protected:
             WriteSettingBytes(sKey.c_str(), sName.c_str(), absurdity.uType, absurdity.sBytes);
             ++nSpoilt;
         }
-        EXPECT_EQ(nSpoilt, 23) << "those of the three keys";
+        EXPECT_EQ(nSpoilt, 23) << "the test must spoil all values of the three keys";
     }
 
     // Opens what reads settings of its own, and closes it again.

@@ -69,7 +69,7 @@ TEST_F(ToolsTest, AccountInformationGoesIntoTheFile)
     CloseAnswering("", 0);
     const QMAccountHeader header = HeaderOf(sPath);
     EXPECT_STREQ(header.szAccountNumber, "77-1");
-    EXPECT_STREQ(header.szBankName, "First Example Bank") << "an emptied field stays";
+    EXPECT_STREQ(header.szBankName, "First Example Bank") << "an emptied field must keep its text";
     EXPECT_STREQ(header.szHolderCity, "Larknoor");
     EXPECT_EQ(header.fMinimumBalance, 0);
 }
@@ -159,7 +159,7 @@ TEST_F(ToolsTest, UnclearedTransactionsLeaveTheBalanceOfEveryWindow)
     m_program.Settle();
     const std::vector<std::string> after = Column("Balance");
     EXPECT_NE(after, before);
-    EXPECT_FALSE(IsMarked()) << "no document is changed by it";
+    EXPECT_FALSE(IsMarked()) << "an option must not mark the document as changed";
     m_program.Post(IDM_WINDOW_NEXT);
     m_program.AwaitActive(sFirst);
     EXPECT_EQ(Column("Balance"), after);
@@ -215,17 +215,17 @@ TEST_F(ToolsTest, CalculatorTakesTheKeyboardAndGivesItBack)
     keyboard.Press(VK_MULTIPLY);
     keyboard.Press(VK_NUMPAD4);
     keyboard.Press(VK_RETURN);
-    Await("50.", [&] { return Shown(calculator) == "50."; });
+    Await("the display 50.", [&] { return Shown(calculator) == "50."; });
     keyboard.Press(VK_DELETE);
-    Await("0.", [&] { return Shown(calculator) == "0."; });
+    Await("the display 0.", [&] { return Shown(calculator) == "0."; });
     keyboard.Press(VK_SPACE);
     keyboard.Press(VK_NUMPAD7);
-    Await("7.", [&] { return Shown(calculator) == "7."; });
+    Await("the display 7.", [&] { return Shown(calculator) == "7."; });
     keyboard.Press(VK_ESCAPE);
-    Await("0. again", [&] { return Shown(calculator) == "0."; });
+    Await("the display 0. after Escape", [&] { return Shown(calculator) == "0."; });
     EXPECT_TRUE(calculator.IsOpen());
-    EXPECT_EQ(ActiveList().GetRowCount(), 447) << "Delete and Enter were the calculator's";
-    EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame())) << "nothing came up";
+    EXPECT_EQ(ActiveList().GetRowCount(), 447) << "Delete and Enter must go to the calculator";
+    EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame())) << "no dialog may have come up";
     calculator.Close();
     calculator.AwaitEnd();
     m_program.Settle();
@@ -239,10 +239,10 @@ TEST_F(ToolsTest, CalculatorTakesCommandsThatComeToTheFrame)
     const DialogWindow calculator = Begin(IDM_TOOLS_CALCULATOR, "Calculator");
     m_program.Settle();
     m_program.Post(IDM_CALC_4);
-    Await("4.", [&] { return Shown(calculator) == "4."; });
+    Await("the display 4.", [&] { return Shown(calculator) == "4."; });
     m_program.Post(IDM_TRANSACTION_REMOVE);
     m_program.Settle();
-    EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame())) << "nothing came up";
+    EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame())) << "no dialog may have come up";
     EXPECT_EQ(Shown(calculator), "4.");
 }
 
@@ -258,7 +258,7 @@ TEST_F(ToolsTest, CalculatorKeepsItsPlace)
     m_program.Open();
     DialogWindow calculator = Begin(IDM_TOOLS_CALCULATOR, "Calculator");
     SetWindowPos(calculator.GetHandle(), nullptr, 140, 90, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    Await("the place",
+    Await("the stored position of the calculator",
           [] { return ReadSettingText("Settings", "Calculator Position") == "0140 0090"; });
     calculator.Close();
     calculator.AwaitEnd();
@@ -287,6 +287,6 @@ TEST_F(ToolsTest, F6GoesToTheTransactionsBarAndBack)
         keyboard.Press(uBack);
         Await("the focus back", [&] { return FocusOfProgram() == hList; });
     }
-    EXPECT_EQ(WindowText(hList), "Transactions") << "its name";
+    EXPECT_EQ(WindowText(hList), "Transactions") << "the name of the list for screen readers";
     EXPECT_EQ(WindowText(GetWindow(hPeriods, GW_HWNDPREV)), "Period:");
 }

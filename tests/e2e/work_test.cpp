@@ -38,7 +38,7 @@ void WorkTest::Do(UINT uCommand) const
 {
     m_program.Post(uCommand);
     m_program.Settle();
-    EXPECT_TRUE(m_program.GetBoxes().empty()) << uCommand;
+    EXPECT_TRUE(m_program.GetBoxes().empty()) << "command " << uCommand;
 }
 
 void WorkTest::DoAnswering(UINT uCommand, const std::string& sText) const
@@ -52,7 +52,7 @@ void WorkTest::DoAnswering(UINT uCommand, const std::string& sQuestion,
     m_program.Post(uCommand);
     m_program.AnswerQuestion(sQuestion, buttons, nAnswer);
     m_program.Settle();
-    EXPECT_TRUE(m_program.GetBoxes().empty()) << uCommand;
+    EXPECT_TRUE(m_program.GetBoxes().empty()) << "command " << uCommand;
 }
 
 void WorkTest::AwaitTitle(const std::string& sTitle) const

@@ -89,7 +89,7 @@ std::string Export(const std::string& sName, const std::vector<QMTransaction>& r
     const char* szObstacle = QMExportObstacle(QMKindOfPath(sPath.c_str()), store);
     EXPECT_EQ(szObstacle, nullptr) << szObstacle;
     if (szObstacle != nullptr || !QMExportFile(sPath.c_str(), store)) {
-        ADD_FAILURE() << sName << " is not written";
+        ADD_FAILURE() << sName << " could not be written";
         return "(refused)";
     }
     return WithSingleLineEnds(ReadWholeFile(sPath));

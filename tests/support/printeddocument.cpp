@@ -109,5 +109,5 @@ void StoppedSpooler::Set(bool bRuns)
     while (IsRunning() != bRuns && std::chrono::steady_clock::now() < end) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
-    EXPECT_EQ(IsRunning(), bRuns) << "the spooler";
+    EXPECT_EQ(IsRunning(), bRuns) << "the spooler did not stop or start within 60 seconds";
 }

@@ -132,7 +132,7 @@ void RecordingRowList::SetSelectedCount(int32_t lCount)
 bool RecordingRowList::SetCellText(int32_t lRow, int32_t lColumn, std::string_view text)
 {
     if (lColumn < 0 || static_cast<size_t>(lColumn) >= m_columns.size()) {
-        ADD_FAILURE() << "column " << lColumn;
+        ADD_FAILURE() << "there is no column " << lColumn;
         return false;
     }
     const std::string& sColumn = m_columns[static_cast<size_t>(lColumn)];

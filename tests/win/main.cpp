@@ -35,8 +35,9 @@ class ObjectCountCheck : public testing::EmptyTestEventListener
             PumpAll();
             MakeSystemBrushes();
             const ObjectCounts after = CountObjects();
-            EXPECT_EQ(after.uGdi, m_before.uGdi) << "GDI objects left behind";
-            EXPECT_EQ(after.uUser, m_before.uUser) << "windows, menus or tables left behind";
+            EXPECT_EQ(after.uGdi, m_before.uGdi) << "the test left GDI objects behind";
+            EXPECT_EQ(after.uUser, m_before.uUser)
+                << "the test left windows, menus or accelerator tables behind";
         }
     }
 

@@ -43,7 +43,7 @@ ModalDriver::~ModalDriver()
     KillTimer(nullptr, m_uTimer);
     g_pDriver = nullptr;
     if (!m_bGaveUp) {
-        EXPECT_EQ(m_uNext, m_steps.size()) << "steps did not come";
+        EXPECT_EQ(m_uNext, m_steps.size()) << "no dialog came for the next step of the test";
     }
 }
 

@@ -11,7 +11,7 @@
 std::string WhyNoPrinter()
 {
     if (!PrintedDocument::HasSpooler()) {
-        return "no spooler for tests runs";
+        return "the spooler of the tests does not run";
     }
     PRINTDLGA record = {};
     record.lStructSize = sizeof record;

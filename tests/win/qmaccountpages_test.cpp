@@ -134,7 +134,8 @@ TEST_F(QMAccountPagesTest, TakeOverWhatWasTyped)
     EXPECT_EQ(m_particulars.header.fMinimumBalance, -12.5F);
     EXPECT_TRUE(QMDateIsEqual(m_particulars.header.dtOpened, QMMakeDate(2004, 2, 29)));
     EXPECT_EQ(m_particulars.header.bReadOnly, 0);
-    EXPECT_STREQ(m_particulars.header.szBankName, "First Bank") << "its page was not looked at";
+    EXPECT_STREQ(m_particulars.header.szBankName, "First Bank")
+        << "a page that was never shown must change nothing";
 }
 
 TEST_F(QMAccountPagesTest, TakeOverTheBankAndTheHolder)
@@ -185,17 +186,17 @@ TEST_F(QMAccountPagesTest, DisableWhatReadOnlyProtects)
         Click(m_account.GetHandle(), IDC_ACCOUNT_READONLY);
         EXPECT_TRUE(m_particulars.bReadOnlyProtect);
         for (const int nId : {IDC_ACCOUNT_NUMBER, IDC_ACCOUNT_OPENED, IDC_ACCOUNT_MINIMUM}) {
-            EXPECT_FALSE(IsEnabled(m_account.GetHandle(), nId)) << nId;
+            EXPECT_FALSE(IsEnabled(m_account.GetHandle(), nId)) << "control " << nId;
         }
         EXPECT_TRUE(IsEnabled(m_account.GetHandle(), IDC_ACCOUNT_READONLY));
         PropSheet_SetCurSel(hSheet, nullptr, 1);
         for (int nId = IDC_BANK_NAME; nId <= IDC_BANK_HOMEPAGE; ++nId) {
-            EXPECT_FALSE(IsEnabled(m_bank.GetHandle(), nId)) << nId;
+            EXPECT_FALSE(IsEnabled(m_bank.GetHandle(), nId)) << "control " << nId;
         }
         EXPECT_TRUE(IsEnabled(m_bank.GetHandle(), IDC_BANK_GO));
         PropSheet_SetCurSel(hSheet, nullptr, 2);
         for (int nId = IDC_HOLDER_NAME; nId <= IDC_HOLDER_PHONE; ++nId) {
-            EXPECT_FALSE(IsEnabled(m_holder.GetHandle(), nId)) << nId;
+            EXPECT_FALSE(IsEnabled(m_holder.GetHandle(), nId)) << "control " << nId;
         }
         Press(hSheet, IDOK);
     });

@@ -78,11 +78,11 @@ TEST_F(QMToolbarTest, HoldsItsButtonsInOrder)
     for (int n = 0; n < 24; ++n) {
         const TBBUTTON button = Button(n);
         const bool bSeparator = anCommands[n] == 0;
-        EXPECT_EQ(button.fsStyle, bSeparator ? BTNS_SEP : BTNS_BUTTON) << n;
-        EXPECT_EQ(button.fsState & TBSTATE_ENABLED, TBSTATE_ENABLED) << n;
-        EXPECT_EQ(button.idCommand, anCommands[n]) << n;
+        EXPECT_EQ(button.fsStyle, bSeparator ? BTNS_SEP : BTNS_BUTTON) << "button " << n;
+        EXPECT_EQ(button.fsState & TBSTATE_ENABLED, TBSTATE_ENABLED) << "button " << n;
+        EXPECT_EQ(button.idCommand, anCommands[n]) << "button " << n;
         if (!bSeparator) {
-            EXPECT_EQ(button.iBitmap, nPicture++) << n;
+            EXPECT_EQ(button.iBitmap, nPicture++) << "button " << n;
         }
     }
     EXPECT_EQ(nPicture, 19);
@@ -143,7 +143,7 @@ TEST_F(QMStatusBarTest, PanesAreAsWideAsTheirTextsAnd10More)
     ASSERT_EQ(edges.size(), 5U);
     EXPECT_EQ(edges[4], m_bar.GetClientRect().right - 15);
     for (size_t u = 4; u > 0; --u) {
-        EXPECT_EQ(edges[u] - edges[u - 1], TextWidth(aszTexts[u - 1]) + 10) << u;
+        EXPECT_EQ(edges[u] - edges[u - 1], TextWidth(aszTexts[u - 1]) + 10) << "pane " << u;
         EXPECT_EQ(Text(m_bar.GetPaneText(static_cast<int>(u))), aszTexts[u - 1]);
     }
     EXPECT_EQ(m_bar.Send(SB_ISSIMPLE), 0);

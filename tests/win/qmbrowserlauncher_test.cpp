@@ -91,7 +91,8 @@ TEST_F(QMBrowserLauncherTest, IsDoneWithABrowserThatDoesNotAnswer)
     DdeServer server("IEXPLORE", DdeServer::IsSilent);
     const ULONGLONG uBefore = GetTickCount64();
     EXPECT_EQ(m_launcher.Launch(g_szUrl), QMBrowserLauncher::Done);
-    EXPECT_GE(GetTickCount64() - uBefore, g_uTimeOut - 50) << "it was waited for";
+    EXPECT_GE(GetTickCount64() - uBefore, g_uTimeOut - 50)
+        << "the launcher must wait for the answer";
 }
 
 TEST_F(QMBrowserLauncherTest, StartsNoProgramWhereABrowserAnswers)
@@ -133,9 +134,9 @@ TEST_F(QMBrowserLauncherTest, FindsTheProgramOfACommandWithoutQuotes)
 
 TEST_F(QMBrowserLauncherTest, FindsNothingWhereThereIsNoFile)
 {
-    EXPECT_EQ(Found(), "no: ") << "no association";
+    EXPECT_EQ(Found(), "no: ") << "the registry has no association";
     m_classes.Set(".htm", "webpage");
-    EXPECT_EQ(Found(), "no: ") << "no command";
+    EXPECT_EQ(Found(), "no: ") << "the registry has no command";
     for (const std::string& sCommand :
          {std::string("\"c:\\gone.exe\" %1"), std::string("c:\\gone.exe %1"), std::string("%1"),
           std::string("\"\""), "\"c:\\" + std::string(260, 'x') + "\"",

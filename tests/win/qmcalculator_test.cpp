@@ -181,7 +181,7 @@ TEST_F(QMCalculatorTest, TakesTypedCharacters)
     EXPECT_EQ(Type("\x1B"
                    "7 xyz=%,"),
               "7.")
-        << "other characters are for nobody";
+        << "the calculator must ignore other characters";
 }
 
 TEST_F(QMCalculatorTest, TakesCharactersWhateverHasTheFocus)
@@ -231,7 +231,7 @@ TEST_F(QMCalculatorTest, LendsItsAcceleratorsWhileItIsActive)
     HACCEL hOwn = m_main.GetAccelerators();
     EXPECT_NE(hOwn, m_hMainAccel);
     m_calculator.Send(WM_ACTIVATE, WA_CLICKACTIVE);
-    EXPECT_EQ(m_main.GetAccelerators(), hOwn) << "active already";
+    EXPECT_EQ(m_main.GetAccelerators(), hOwn) << "a second activation must keep the accelerators";
     m_calculator.Send(WM_ACTIVATE, WA_INACTIVE);
     EXPECT_EQ(m_main.GetAccelerators(), m_hMainAccel);
     m_calculator.Send(WM_ACTIVATE, WA_CLICKACTIVE);
@@ -380,10 +380,11 @@ TEST_F(QMCalculatorTest, DrawsItsIconInTheMiddleWhileItIsMinimized)
     ASSERT_NE(hIcon, nullptr);
     ASSERT_EQ(GetSystemMetrics(SM_CXICON), 32);
     VRect drawn;
-    EXPECT_FALSE(PaintOnPaper(drawn)) << "no icon, not minimized";
+    EXPECT_FALSE(PaintOnPaper(drawn)) << "without an icon, not minimized";
     m_calculator.Send(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(hIcon));
-    EXPECT_FALSE(PaintOnPaper(drawn)) << "not minimized";
-    EXPECT_TRUE(drawn.IsEmpty()) << "what is left to the default is not touched";
+    EXPECT_FALSE(PaintOnPaper(drawn)) << "with an icon, not minimized";
+    EXPECT_TRUE(drawn.IsEmpty())
+        << "the calculator must draw nothing when it leaves the painting to Windows";
     ShowWindow(m_calculator.GetHandle(), SW_MINIMIZE);
     PumpAll();
     ASSERT_TRUE(IsIconic(m_calculator.GetHandle()));
@@ -393,6 +394,6 @@ TEST_F(QMCalculatorTest, DrawsItsIconInTheMiddleWhileItIsMinimized)
     const int nTop = (area.GetHeight() - 32 + 1) / 2;
     EXPECT_EQ(drawn, (VRect{nLeft, nTop, nLeft + 32, nTop + 32}));
     m_calculator.Send(WM_SETICON, ICON_BIG, 0);
-    EXPECT_FALSE(PaintOnPaper(drawn)) << "minimized, but without an icon";
+    EXPECT_FALSE(PaintOnPaper(drawn)) << "without an icon, minimized";
     DestroyIcon(hIcon);
 }

@@ -17,8 +17,8 @@ TEST(QMCommandTest, NoCommandStandsTwice)
                 nRows += command.IsFor(uId) ? 1 : 0;
             }
         }
-        EXPECT_LE(nRows, 1) << uId;
-        EXPECT_EQ(QMFindCommand(uId) != nullptr, nRows == 1) << uId;
+        EXPECT_LE(nRows, 1) << "id " << uId;
+        EXPECT_EQ(QMFindCommand(uId) != nullptr, nRows == 1) << "id " << uId;
     }
 }
 
@@ -86,8 +86,8 @@ TEST(QMCommandTest, WordsAreTheProgramsOwn)
 {
     for (const Words& words : aWords) {
         const QMCommand* pCommand = QMFindCommand(words.uCommand);
-        ASSERT_NE(pCommand, nullptr) << words.uCommand;
-        EXPECT_STREQ(pCommand->szWhat, words.szWhat) << words.uCommand;
+        ASSERT_NE(pCommand, nullptr) << "command " << words.uCommand;
+        EXPECT_STREQ(pCommand->szWhat, words.szWhat) << "command " << words.uCommand;
     }
 }
 

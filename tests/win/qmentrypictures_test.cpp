@@ -83,7 +83,7 @@ TEST(QMEntryPictures, AllButtonsHaveThemFromVersion6On)
         ModalDriver driver;
         driver.Next([](HWND hDialog) {
             for (const int nId : aArrows) {
-                EXPECT_EQ(PictureWidth(hDialog, nId), 16) << nId;
+                EXPECT_EQ(PictureWidth(hDialog, nId), 16) << "control " << nId;
             }
             EXPECT_EQ(PictureWidth(hDialog, IDC_TX_ADD), 16);
             EXPECT_EQ(StyleOf(hDialog, IDC_TX_ADD) & 512, 0);
@@ -100,7 +100,7 @@ TEST(QMEntryPictures, ArrowsAloneHaveThemBeforeVersion6)
         ModalDriver driver;
         driver.Next([](HWND hDialog) {
             for (const int nId : aArrows) {
-                EXPECT_EQ(PictureWidth(hDialog, nId), 10) << nId;
+                EXPECT_EQ(PictureWidth(hDialog, nId), 10) << "control " << nId;
             }
             EXPECT_EQ(PictureWidth(hDialog, IDC_TX_ADD), 0);
             EXPECT_EQ(StyleOf(hDialog, IDC_TX_ADD) & 512, 512);
@@ -130,7 +130,7 @@ TEST(QMEntryPictures, SignsAreLightOnADarkGround)
     for (const POINT sign : {POINT{166, 206}, POINT{166, 226}, POINT{298, 211}, POINT{298, 237}}) {
         const VRect around = {sign.x - 6, sign.y - 6, sign.x + 18, sign.y + 18};
         EXPECT_EQ(GroundOf(At, around), 0U);
-        EXPECT_GT(ContrastIn(At, around), fReadable) << sign.x << ", " << sign.y;
+        EXPECT_GT(ContrastIn(At, around), fReadable) << "sign at " << sign.x << ", " << sign.y;
     }
 }
 
@@ -159,10 +159,10 @@ TEST(QMEntryPictures, SignsAreDrawnAtTheirPlacesAndNowhereElse)
                 const COLORREF crSign = GetPixel(picture.GetHandle(), x, y);
                 nDark += crSign != 0xFFFFFF;
                 ASSERT_EQ(GetPixel(canvas.m_surface.GetHandle(), sign.x + x, sign.y + y), crSign)
-                    << sign.uBitmap << " at " << x << ", " << y;
+                    << "bitmap " << sign.uBitmap << " at " << x << ", " << y;
             }
         }
-        EXPECT_GT(nDark, 20) << sign.uBitmap;
+        EXPECT_GT(nDark, 20) << "bitmap " << sign.uBitmap;
         canvas.m_surface.PatBlt(sign.x, sign.y, 12, 12, WHITENESS);
     }
     for (int y = 0; y < 309; ++y) {

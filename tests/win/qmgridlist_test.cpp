@@ -219,10 +219,10 @@ TEST_F(QMGridListTest, VerticalLinesRunAtTheLeftEdgesOfTheCells)
     for (int nColumn = 0; nColumn < nColumns; ++nColumn) {
         const int x = Cell(0, nColumn).left;
         // From above the first row, through all rows, to the bottom.
-        EXPECT_TRUE(IsLineDown(page, x, 0, ClientBottom())) << nColumn;
+        EXPECT_TRUE(IsLineDown(page, x, 0, ClientBottom())) << "column " << nColumn;
         EXPECT_FALSE(
             page.HasAny({x + 1, Cell(0, 0).top, x + anWidths[nColumn], ClientBottom()}, crLine))
-            << nColumn;
+            << "column " << nColumn;
     }
 }
 
@@ -235,8 +235,8 @@ TEST_F(QMGridListTest, HorizontalLinesRunOnePixelAboveTheRowsEdges)
     EXPECT_TRUE(IsLineAcross(page, Cell(0, 0).top, 0, nAllWidths));
     for (int y = Cell(0, 0).top + 1; y < ClientBottom(); ++y) {
         const bool bLine = (y - Cell(0, 0).top) % RowHeight() == RowHeight() - 1;
-        EXPECT_EQ(IsLineAcross(page, y, 0, nAllWidths), bLine) << y;
-        EXPECT_EQ(page.At(5, y), bLine ? crLine : crPaper) << y;
+        EXPECT_EQ(IsLineAcross(page, y, 0, nAllWidths), bLine) << "y = " << y;
+        EXPECT_EQ(page.At(5, y), bLine ? crLine : crPaper) << "y = " << y;
     }
 }
 
@@ -248,12 +248,12 @@ TEST_F(QMGridListTest, EachGridFlagStandsForItself)
         const Picture page(m_list);
         const VRect cell = Cell(1, nFree);
         EXPECT_EQ(page.At(cell.left + 5, cell.top + 5) == crShade, (uFlags & QM_GRID_SHADED) != 0)
-            << uFlags;
+            << "flags " << uFlags;
         EXPECT_EQ(page.At(cell.left + 5, cell.bottom - 1) == crLine,
                   (uFlags & QM_GRID_HORIZONTAL) != 0)
-            << uFlags;
+            << "flags " << uFlags;
         EXPECT_EQ(page.At(cell.left, cell.top + 5) == crLine, (uFlags & QM_GRID_VERTICAL) != 0)
-            << uFlags;
+            << "flags " << uFlags;
     }
 }
 
@@ -318,7 +318,7 @@ TEST_F(QMGridListTest, AnEmptyListIsRuledAndShaded)
     int x = 2;
     for (const int nWidth : anWidths) {
         x += nWidth;
-        EXPECT_TRUE(IsLineDown(page, x, heading.bottom, ClientBottom())) << x;
+        EXPECT_TRUE(IsLineDown(page, x, heading.bottom, ClientBottom())) << "x = " << x;
     }
     for (int y = heading.bottom; y < ClientBottom(); ++y) {
         const int nStrip = (y - heading.bottom) / nHeight;
@@ -353,7 +353,7 @@ TEST_F(QMGridListTest, AnEmptyListsLinesBeyondTheEdgesAreLeftOut)
         expected.insert(x);
     }
     for (int x = 0; x < 320; ++x) {
-        EXPECT_EQ(page.At(x, nTop + 3) == crLine, expected.count(x) != 0) << x;
+        EXPECT_EQ(page.At(x, nTop + 3) == crLine, expected.count(x) != 0) << "x = " << x;
     }
 }
 
@@ -372,14 +372,14 @@ TEST_F(QMGridListTest, TheBalanceIsInItsColourAndTheNextColumnInTheLists)
     page.Save("grid_balances");
     const COLORREF acrBalance[] = {crPositive, crNegative, crText};
     for (int nRow = 0; nRow < 3; ++nRow) {
-        EXPECT_TRUE(page.HasAny(Cell(nRow, nFree), crText)) << nRow;
+        EXPECT_TRUE(page.HasAny(Cell(nRow, nFree), crText)) << "row " << nRow;
         EXPECT_TRUE(page.HasAny(Cell(nRow, nBalance), acrBalance[nRow]))
             << nRow << "\n"
             << page.Describe(Cell(nRow, nBalance));
-        EXPECT_EQ(page.HasAny(Cell(nRow, nBalance), crText), nRow == 2) << nRow;
-        EXPECT_TRUE(page.HasAny(Cell(nRow, nTag), crText)) << nRow;
-        EXPECT_FALSE(page.HasAny(Cell(nRow, nTag), acrBalance[0])) << nRow;
-        EXPECT_TRUE(page.HasAny(Cell(nRow, nLast), crText)) << nRow;
+        EXPECT_EQ(page.HasAny(Cell(nRow, nBalance), crText), nRow == 2) << "row " << nRow;
+        EXPECT_TRUE(page.HasAny(Cell(nRow, nTag), crText)) << "row " << nRow;
+        EXPECT_FALSE(page.HasAny(Cell(nRow, nTag), acrBalance[0])) << "row " << nRow;
+        EXPECT_TRUE(page.HasAny(Cell(nRow, nLast), crText)) << "row " << nRow;
     }
 }
 

@@ -90,7 +90,7 @@ TEST_F(QMHelpViewerTest, TakesNoPathThatIsTooLong)
     m_viewer.Call(nullptr, "x", 0xFFFF, 0);
     EXPECT_EQ(GetCalls(), nullptr);
     HMODULE hByName = GetModuleHandleA("hhctrl.ocx");
-    EXPECT_NE(hByName, nullptr) << "the system's own";
+    EXPECT_NE(hByName, nullptr) << "the viewer of Windows must be loaded by its name";
     if (hByName != hBefore) {
         FreeLibrary(hByName);
     }
@@ -101,11 +101,13 @@ TEST_F(QMHelpViewerTest, TakesNoPathThatIsTooLong)
 TEST_F(QMHelpViewerTest, FindsTheViewerByItsNameWhereNoneIsRegistered)
 {
     m_sViewer = m_folder.Copy("standin_viewer.dll", "hhctrl.ocx");
-    ASSERT_EQ(GetModuleHandleA("hhctrl.ocx"), nullptr) << "loaded before";
+    ASSERT_EQ(GetModuleHandleA("hhctrl.ocx"), nullptr)
+        << "a viewer is loaded already, so the test cannot tell which one is found";
     SetDllDirectoryA(m_folder.Get().c_str());
     HWND hAnswer = m_viewer.Call(nullptr, "by name", 0, 0);
     SetDllDirectoryA(nullptr);
-    ASSERT_NE(GetCalls(), nullptr) << "this system takes its own viewer, wherever another lies";
+    ASSERT_NE(GetCalls(), nullptr)
+        << "this system loads its own viewer before the one in the program's folder";
     EXPECT_EQ(hAnswer, reinterpret_cast<HWND>(UINT_PTR{VIEWER_ANSWER}));
     EXPECT_STREQ(GetCalls()->szFile, "by name");
 }

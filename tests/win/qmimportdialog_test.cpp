@@ -92,8 +92,8 @@ TEST_F(QMImportDialogTest, HasTwoBoxesThatAreOnAndTwoButtons)
         EXPECT_EQ(ItemText(hDialog, 1918), "&Import");
         EXPECT_EQ(ItemText(hDialog, 2), "&Cancel");
         for (const int nId : {2202, 2203}) {
-            EXPECT_EQ(CheckOf(dialog, nId), BST_CHECKED) << nId;
-            EXPECT_TRUE(IsWindowEnabled(dialog.GetItem(nId))) << nId;
+            EXPECT_EQ(CheckOf(dialog, nId), BST_CHECKED) << "control " << nId;
+            EXPECT_TRUE(IsWindowEnabled(dialog.GetItem(nId))) << "control " << nId;
         }
         EXPECT_EQ(dialog.Send(DM_GETDEFID), MAKELRESULT(1918, DC_HASDEFID));
     });
@@ -171,11 +171,11 @@ TEST_F(QMImportDialogTest, HasTenColumns)
                 EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER);
                 continue;
             }
-            EXPECT_STREQ(szHeading, aExpected[n].szHeading) << n;
-            EXPECT_EQ(column.cx, aExpected[n].nWidth) << n;
+            EXPECT_STREQ(szHeading, aExpected[n].szHeading) << "column " << n;
+            EXPECT_EQ(column.cx, aExpected[n].nWidth) << "column " << n;
             // Windows aligns the first column to the left, whatever it was told.
             if (n > 0) {
-                EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, aExpected[n].nFormat) << n;
+                EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, aExpected[n].nFormat) << "column " << n;
             }
         }
     });
@@ -215,7 +215,7 @@ TEST_F(QMImportDialogTest, PutsEachTypeOnItsSide)
         std::string sSides;
         for (int nRow = 0; nRow < 12; ++nRow) {
             const bool bDebit = !list.GetItemText(nRow, 5).IsEmpty();
-            EXPECT_NE(bDebit, !list.GetItemText(nRow, 6).IsEmpty()) << nRow;
+            EXPECT_NE(bDebit, !list.GetItemText(nRow, 6).IsEmpty()) << "row " << nRow;
             sSides += bDebit ? 'D' : 'C';
         }
         EXPECT_EQ(sSides, "DCDDCDCDDCDC");

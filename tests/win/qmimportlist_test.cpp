@@ -112,7 +112,7 @@ TEST_F(QMImportListTest, BoxesArePressedByTheMouse)
             PostMessageA(dialog.GetItem(nId), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 12));
             PostMessageA(dialog.GetItem(nId), WM_LBUTTONUP, 0, MAKELPARAM(5, 12));
             PumpAll();
-            EXPECT_EQ(CheckOf(dialog, nId), BST_UNCHECKED) << nId;
+            EXPECT_EQ(CheckOf(dialog, nId), BST_UNCHECKED) << "control " << nId;
         }
         EXPECT_EQ(TicksOf(list), (Ticks{false, false}));
         EXPECT_EQ(DataOf(list), (Flags{0, 0}));
@@ -257,8 +257,8 @@ TEST_F(QMImportListTest, ShadesEverySecondRowAndRulesTheColumns)
         EXPECT_EQ(ColorAt(list, 82, MiddleOf(list, 2)), GetSysColor(COLOR_WINDOW));
         EXPECT_EQ(ColorAt(list, 82, MiddleOf(list, 3)), 0xEBEBEBU);
         for (const int x : {50, 80, 135, 185, 435, 495, 555}) {
-            EXPECT_EQ(ColorAt(list, x, MiddleOf(list, 1)), 0xC0C0C0U) << x;
-            EXPECT_EQ(ColorAt(list, x, MiddleOf(list, 2)), 0xC0C0C0U) << x;
+            EXPECT_EQ(ColorAt(list, x, MiddleOf(list, 1)), 0xC0C0C0U) << "x = " << x;
+            EXPECT_EQ(ColorAt(list, x, MiddleOf(list, 2)), 0xC0C0C0U) << "x = " << x;
         }
     });
 }
@@ -272,9 +272,9 @@ TEST_F(QMImportListTest, LeavesNothingOfASelectionThatWentAway)
         };
         for (const int nRow : {0, 1}) {
             list.SetItemState(nRow, LVIS_SELECTED, LVIS_SELECTED);
-            EXPECT_TRUE(PumpUntil([&] { return IsSelected(nRow); })) << nRow;
+            EXPECT_TRUE(PumpUntil([&] { return IsSelected(nRow); })) << "row " << nRow;
             list.SetItemState(nRow, 0, LVIS_SELECTED);
-            EXPECT_FALSE(IsSelected(nRow)) << nRow;
+            EXPECT_FALSE(IsSelected(nRow)) << "row " << nRow;
         }
         // Right of the line at the left edge, and left of the check boxes.
         EXPECT_EQ(ColorAt(list, 1, MiddleOf(list, 0)), GetSysColor(COLOR_WINDOW));

@@ -303,8 +303,8 @@ TEST(QMSetPasswordDialog, LeavesTheFocusInTheFieldThatIsMeant)
         DWORD uEnd = 0;
         SendDlgItemMessageA(hDialog, nId, EM_GETSEL, reinterpret_cast<WPARAM>(&uBegin),
                             reinterpret_cast<LPARAM>(&uEnd));
-        EXPECT_EQ(uBegin, 0U) << nId;
-        EXPECT_EQ(uEnd, ItemText(hDialog, nId).size()) << nId;
+        EXPECT_EQ(uBegin, 0U) << "control " << nId;
+        EXPECT_EQ(uEnd, ItemText(hDialog, nId).size()) << "control " << nId;
     };
     const auto Try = [](HWND hDialog, const char* szCurrent, const char* szNew,
                         const char* szAgain) {

@@ -39,7 +39,7 @@ protected:
         bool bGoesOn = true;
         while (bGoesOn && !condition()) {
             if (GetTickCount() - uBegin > uLimit) {
-                ADD_FAILURE() << "nothing came of it";
+                ADD_FAILURE() << "the condition was not met in time";
                 return bGoesOn;
             }
             bGoesOn = progress.OnStep(3, 4);
@@ -119,15 +119,16 @@ TEST_F(QMProgressDialogTest, IsCancelledInEveryWay)
             QMProgressDialog progress(m_owner.GetHandle(), "Working...");
             HWND hDialog = Open(progress);
             aWays[u](hDialog);
-            EXPECT_FALSE(StepUntil(progress, [] { return false; })) << u;
-            EXPECT_TRUE(progress.IsCancelled()) << u;
-            EXPECT_FALSE(progress.OnStep(4, 4)) << u;
-            EXPECT_TRUE(IsWindowVisible(hDialog)) << "it stays until the work has ended";
-            EXPECT_FALSE(IsEnabled(hDialog, IDCANCEL)) << u;
-            EXPECT_FALSE(IsWindowEnabled(m_owner.GetHandle())) << u;
+            EXPECT_FALSE(StepUntil(progress, [] { return false; })) << "case " << u;
+            EXPECT_TRUE(progress.IsCancelled()) << "case " << u;
+            EXPECT_FALSE(progress.OnStep(4, 4)) << "case " << u;
+            EXPECT_TRUE(IsWindowVisible(hDialog))
+                << "the dialog must stay until the work has ended";
+            EXPECT_FALSE(IsEnabled(hDialog, IDCANCEL)) << "case " << u;
+            EXPECT_FALSE(IsWindowEnabled(m_owner.GetHandle())) << "case " << u;
         }
-        EXPECT_TRUE(IsWindowEnabled(m_owner.GetHandle())) << u;
-        EXPECT_EQ(GetFocus(), m_edit.GetHandle()) << u;
+        EXPECT_TRUE(IsWindowEnabled(m_owner.GetHandle())) << "case " << u;
+        EXPECT_EQ(GetFocus(), m_edit.GetHandle()) << "case " << u;
     }
 }
 

@@ -169,14 +169,14 @@ TEST_F(QMRegisterListTest, ShowsTheVisibleColumnsInTheirOrder)
         char szText[32] = "";
         const HDITEMA item = Heading(nColumn, szText, sizeof szText);
         const Expected& expected = aExpected[nColumn];
-        EXPECT_EQ(std::string(szText), expected.szText) << nColumn;
+        EXPECT_EQ(std::string(szText), expected.szText) << "column " << nColumn;
         // Windows aligns the first column to the left.
         if (nColumn > 0) {
-            EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, expected.nFormat) << nColumn;
+            EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, expected.nFormat) << "column " << nColumn;
         }
-        EXPECT_EQ(m_list.GetColumnWidth(nColumn), expected.nWidth) << nColumn;
+        EXPECT_EQ(m_list.GetColumnWidth(nColumn), expected.nWidth) << "column " << nColumn;
         EXPECT_EQ((item.fmt & HDF_BITMAP) != 0 && item.hbm != nullptr, *expected.szText == '\0')
-            << nColumn;
+            << "column " << nColumn;
     }
 }
 
@@ -261,11 +261,12 @@ TEST_F(QMRegisterListTest, AnswersTheModelsTextsAndWords)
     for (int nRow = 0; nRow < 120; ++nRow) {
         for (int nColumn = 0; nColumn < 10; ++nColumn) {
             const std::string sExpected(plain.GetCellText(nRow, nColumn));
-            ASSERT_EQ(ReadText(nRow, nColumn), sExpected) << nRow << "," << nColumn;
+            ASSERT_EQ(ReadText(nRow, nColumn), sExpected)
+                << "row " << nRow << ", column " << nColumn;
             ASSERT_EQ(ReadWideText(nRow, nColumn),
                       std::wstring(sExpected.begin(), sExpected.end()));
         }
-        ASSERT_EQ(ReadWord(nRow), static_cast<LPARAM>(plain.GetDecoration(nRow))) << nRow;
+        ASSERT_EQ(ReadWord(nRow), static_cast<LPARAM>(plain.GetDecoration(nRow))) << "row " << nRow;
         ASSERT_EQ(ReadWord(nRow, LVM_GETITEMW), ReadWord(nRow));
         ASSERT_EQ(m_list.GetItemData(nRow), ReadWord(nRow));
     }

@@ -156,9 +156,9 @@ TEST_F(RegisterPagesTest, EachOptionPrintsItsText)
          {QM_PRINT_BANK_NAME, QM_PRINT_HOLDER_NAME, QM_PRINT_BANK_NAME | QM_PRINT_HOLDER_NAME}) {
         ASSERT_TRUE(Render(uFlags));
         Look(1);
-        EXPECT_NE(At(72, TableTop() - 1 - HeadingHeight() + 2), crLine) << uFlags;
-        EXPECT_EQ(HasInk(rcBank), (uFlags & QM_PRINT_BANK_NAME) != 0) << uFlags;
-        EXPECT_EQ(HasInk(rcHolder), (uFlags & QM_PRINT_HOLDER_NAME) != 0) << uFlags;
+        EXPECT_NE(At(72, TableTop() - 1 - HeadingHeight() + 2), crLine) << "flags " << uFlags;
+        EXPECT_EQ(HasInk(rcBank), (uFlags & QM_PRINT_BANK_NAME) != 0) << "flags " << uFlags;
+        EXPECT_EQ(HasInk(rcHolder), (uFlags & QM_PRINT_HOLDER_NAME) != 0) << "flags " << uFlags;
     }
 }
 
@@ -185,7 +185,7 @@ TEST_F(RegisterPagesTest, KeptABalanceHasTheTextsColourOnPaper)
     ASSERT_TRUE(Render());
     for (int nPage = 1; nPage <= m_context.nPages; ++nPage) {
         Look(nPage);
-        EXPECT_EQ(std::count(m_pixels.begin(), m_pixels.end(), crBalance), 0) << nPage;
+        EXPECT_EQ(std::count(m_pixels.begin(), m_pixels.end(), crBalance), 0) << "page " << nPage;
     }
 }
 
@@ -384,7 +384,7 @@ protected:
             const std::vector<double> shifted =
                 Shrink(printed.paper.ReadPage(nPage), printed.size, m_list.GetRowHeight());
             for (const auto& wrong : {papers[(uPage + 1) % papers.size()], shifted, white}) {
-                EXPECT_LT(dOwn * 2, Difference(image, wrong)) << nPage;
+                EXPECT_LT(dOwn * 2, Difference(image, wrong)) << "page " << nPage;
                 dLeastRatio = std::min(dLeastRatio, Difference(image, wrong) / dOwn);
             }
             dLargest = std::max(dLargest, dOwn);

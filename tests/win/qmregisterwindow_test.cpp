@@ -148,9 +148,10 @@ protected:
                 if (nColumn == nTag && nRow >= 2) {
                     continue; // they have no tag
                 }
-                EXPECT_EQ(GroundOf(At, cell), crGround) << nRow << ", " << nColumn;
-                EXPECT_GT(ContrastIn(At, cell), fReadable) << nRow << ", " << nColumn << "\n"
-                                                           << page.Describe(cell);
+                EXPECT_EQ(GroundOf(At, cell), crGround) << "row " << nRow << ", column " << nColumn;
+                EXPECT_GT(ContrastIn(At, cell), fReadable)
+                    << "row " << nRow << ", column " << nColumn << "\n"
+                    << page.Describe(cell);
             }
         }
     }
@@ -195,8 +196,10 @@ TEST_F(QMRegisterWindowTest, CanBeReadInDarkColorsThatComeWhileItIsOpen)
     SendMessageA(m_hList, WM_SYSCOLORCHANGE, 0, 0);
     m_pRegister->FollowSystemColors();
     const Picture page(m_hList);
-    EXPECT_EQ(page.At(Cell(0, 3).right, Cell(0, 3).top), 0xFFFFFFU) << "as before";
-    EXPECT_EQ(page.At(Cell(1, 3).right, Cell(1, 3).top), 0xEBEBEBU) << "shaded again";
+    EXPECT_EQ(page.At(Cell(0, 3).right, Cell(0, 3).top), 0xFFFFFFU)
+        << "the first row must be plain again";
+    EXPECT_EQ(page.At(Cell(1, 3).right, Cell(1, 3).top), 0xEBEBEBU)
+        << "the second row must be shaded again";
 }
 
 TEST_F(QMRegisterWindowTest, CanBeReadInDarkColorsWhereASelectionIs)
@@ -214,7 +217,8 @@ TEST_F(QMRegisterWindowTest, CanBeReadInDarkColorsWhereASelectionIs)
         const Picture page(m_hList);
         const auto At = [&](int x, int y) { return page.At(x, y); };
         for (const int nColumn : {3, nBalance, nTag}) {
-            EXPECT_GT(ContrastIn(At, Cell(nRow, nColumn)), fReadable) << nRow << ", " << nColumn;
+            EXPECT_GT(ContrastIn(At, Cell(nRow, nColumn)), fReadable)
+                << "row " << nRow << ", column " << nColumn;
         }
     }
 }
@@ -227,7 +231,8 @@ TEST_F(QMRegisterWindowTest, KeepsTheAccountsOwnColorThroughDarkOnes)
         const ScopedDarkColors dark;
         m_pRegister->FollowSystemColors();
         EXPECT_EQ(SendMessageA(m_hList, LVM_GETTEXTCOLOR, 0, 0), 0xFFFFFF);
-        EXPECT_EQ(m_pRegister->GetFontColor(), 0x800000U) << "nothing of it goes into the file";
+        EXPECT_EQ(m_pRegister->GetFontColor(), 0x800000U)
+            << "the colour that goes into the file must stay";
     }
     m_pRegister->FollowSystemColors();
     EXPECT_EQ(SendMessageA(m_hList, LVM_GETTEXTCOLOR, 0, 0), 0x800000);
@@ -242,7 +247,8 @@ TEST_F(QMRegisterWindowTest, TakesAnotherFontWithoutFlicker)
     UpdateWindow(m_hList);
     PumpAll();
     PaintWatch watch(m_hList, Cell(0, 3));
-    ASSERT_GT(watch.GetContrastBefore(), fReadable) << "the text is on the screen";
+    ASSERT_GT(watch.GetContrastBefore(), fReadable)
+        << "the text must be readable before the change";
     LOGFONTA font = m_pRegister->GetFont();
     VCopyText(font.lfFaceName, "Liberation Serif");
     font.lfItalic = TRUE;

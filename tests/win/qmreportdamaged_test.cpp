@@ -36,10 +36,10 @@ protected:
     void RunAndRender(HWND hDialog, int nKind)
     {
         Click(hDialog, IDC_REPORT_RUN);
-        EXPECT_GT(Height(), QM_REPORT_SCREEN_MARGIN) << nKind;
+        EXPECT_GT(Height(), QM_REPORT_SCREEN_MARGIN) << "kind " << nKind;
         LetterPaper context;
-        EXPECT_TRUE(m_dialog.RenderPages(context)) << nKind;
-        EXPECT_GE(context.nPages, 1) << nKind;
+        EXPECT_TRUE(m_dialog.RenderPages(context)) << "kind " << nKind;
+        EXPECT_GE(context.nPages, 1) << "kind " << nKind;
     }
 
     void RunEveryKind(HWND hDialog)
@@ -129,7 +129,7 @@ TEST_F(QMReportDamagedTest, APictureThatCannotBeMadeIsToldAndTheDialogGoesOn)
     });
     m_driver.Next(AnswerBox(IDOK, &sSentence));
     m_driver.Again([&](HWND hDialog) {
-        EXPECT_EQ(Height(), 0) << "the view is empty";
+        EXPECT_EQ(Height(), 0) << "the view must be empty";
         EXPECT_TRUE(IsEnabled(hDialog, IDC_REPORT_PRINT));
         EXPECT_TRUE(IsEnabled(hDialog, IDC_REPORT_PREVIEW));
         LetterPaper context;

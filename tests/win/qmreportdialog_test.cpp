@@ -47,7 +47,7 @@ TEST_F(QMReportDialogTest, RunsEveryKind)
             EXPECT_EQ(IsEnabled(hDialog, IDC_REPORT_CATEGORY), i >= 1 && i <= 4);
             Click(hDialog, IDC_REPORT_RUN);
             EXPECT_EQ(m_dialog.GetView().GetPictureRect().GetWidth(), 651);
-            EXPECT_GT(Height(), 15) << i;
+            EXPECT_GT(Height(), 15) << "kind " << i;
         }
         EXPECT_TRUE(IsEnabled(hDialog, IDC_REPORT_PRINT));
         EXPECT_TRUE(IsEnabled(hDialog, IDC_REPORT_PREVIEW));
@@ -104,7 +104,7 @@ TEST_F(QMReportDialogTest, TakesTheDatesOfTheChoice)
         EXPECT_TRUE(IsOn(hDialog, IDC_REPORT_BYRANGE));
         EXPECT_FALSE(IsOn(hDialog, IDC_REPORT_BYMONTH));
         Click(hDialog, IDC_REPORT_RUN);
-        EXPECT_EQ(Height() - nTwoRows, nTwoRows - nOneRow) << "three rows";
+        EXPECT_EQ(Height() - nTwoRows, nTwoRows - nOneRow) << "the report must have three rows";
         // One day.
         SetDate(hDialog, IDC_REPORT_FROM, 2004, 2, 29);
         SetDate(hDialog, IDC_REPORT_TO, 2004, 2, 29);
@@ -146,7 +146,7 @@ TEST_F(QMReportDialogTest, RefusesAReversedRange)
     m_driver.Again([&](HWND hDialog) {
         EXPECT_FALSE(IsEnabled(hDialog, IDC_REPORT_PRINT));
         EXPECT_EQ(Height(), 0);
-        EXPECT_EQ(FocusedId(hDialog), IDC_REPORT_FROM) << "the date to begin with";
+        EXPECT_EQ(FocusedId(hDialog), IDC_REPORT_FROM) << "the focus must be on the first date";
         Press(hDialog, IDCANCEL);
     });
     EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);

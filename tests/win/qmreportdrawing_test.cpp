@@ -117,7 +117,7 @@ void PlacedActs::PutText(std::string_view text, const VRect& rect, QMReportAlign
 
 void PlacedActs::PutEdges(const VRect& rect, uint32_t uMask)
 {
-    EXPECT_EQ(uMask, QM_REPORT_FRAME) << "reports draw whole frames alone";
+    EXPECT_EQ(uMask, QM_REPORT_FRAME) << "this surface knows whole frames only";
     PutLine(rect.left, rect.bottom, rect.left, rect.top - 1);
     PutLine(rect.left, rect.top, rect.right, rect.top);
     PutLine(rect.right - 1, rect.top, rect.right - 1, rect.bottom);
@@ -310,7 +310,7 @@ protected:
         }
         HENHMETAFILE hMetafile = CloseEnhMetaFile(hDC);
         const MetafileActs acts(hMetafile);
-        EXPECT_TRUE(acts.IsAsFound()) << uKind;
+        EXPECT_TRUE(acts.IsAsFound()) << "kind " << uKind;
         DeleteEnhMetaFile(hMetafile);
         return acts.GetActs();
     }

@@ -104,10 +104,11 @@ void QMReportPagesTest::ExpectPagesOf(const Picture& whole, int nStep)
         EXPECT_EQ(page.GetWidth(), m_context.sizePage.cx);
         EXPECT_EQ(page.GetHeight(), m_context.sizePage.cy);
         const int nRows = std::min(nStep, nHeight - i * nStep);
-        EXPECT_TRUE(AreSame(page, nTop, whole, i * nStep, nRows)) << i;
-        EXPECT_TRUE(page.IsAll(Rows(page, 0, nTop), crWhite)) << i;
-        EXPECT_TRUE(page.IsAll(Rows(page, nTop + nRows, page.GetHeight()), crWhite)) << i;
-        EXPECT_FALSE(page.IsAll(Rows(page, nTop, nTop + nRows), crWhite)) << i;
+        EXPECT_TRUE(AreSame(page, nTop, whole, i * nStep, nRows)) << "page " << i;
+        EXPECT_TRUE(page.IsAll(Rows(page, 0, nTop), crWhite)) << "page " << i;
+        EXPECT_TRUE(page.IsAll(Rows(page, nTop + nRows, page.GetHeight()), crWhite))
+            << "page " << i;
+        EXPECT_FALSE(page.IsAll(Rows(page, nTop, nTop + nRows), crWhite)) << "page " << i;
     }
 }
 
@@ -132,7 +133,7 @@ TEST_F(QMReportPagesTest, AreCutBetweenLines)
         // The shade changes from row to row, and so it does from one page to the next.
         const int x = m_context.rcPrintable.left + 1;
         for (int y = nStep; y < ReportHeight() - 10 * nLine; y += nStep) {
-            EXPECT_NE(whole.At(x, y - 1), whole.At(x, y)) << y;
+            EXPECT_NE(whole.At(x, y - 1), whole.At(x, y)) << "y = " << y;
         }
     });
 }
@@ -192,10 +193,10 @@ TEST_F(QMReportPagesTest, EveryKindHasPages)
     Run([&](HWND hDialog) {
         for (int nKind = 0; nKind < static_cast<int>(QM_REPORT_KIND_COUNT); ++nKind) {
             RunKind(hDialog, nKind);
-            ASSERT_TRUE(m_dialog.RenderPages(m_context)) << nKind;
-            EXPECT_EQ(m_context.nPages, 1) << nKind;
+            ASSERT_TRUE(m_dialog.RenderPages(m_context)) << "kind " << nKind;
+            EXPECT_EQ(m_context.nPages, 1) << "kind " << nKind;
             const Picture page(m_context.ilPages, 0);
-            EXPECT_FALSE(page.IsAll(Rows(page, 72, 984), crWhite)) << nKind;
+            EXPECT_FALSE(page.IsAll(Rows(page, 72, 984), crWhite)) << "kind " << nKind;
         }
     });
 }
@@ -204,13 +205,14 @@ TEST_F(QMReportPagesTest, AreRefusedWithoutARunOrRoom)
 {
     AddDeductions(3);
     Run([&](HWND hDialog) {
-        EXPECT_FALSE(m_dialog.RenderPages(m_context)) << "nothing has run";
+        EXPECT_FALSE(m_dialog.RenderPages(m_context))
+            << "before the first report there are no pages";
         RunKind(hDialog, QM_REPORT_TAX);
         const int nLine = LineHeight(RenderWhole());
         VRect& rc = m_context.rcPrintable;
         for (const int nHeight : {nLine - 1, 0, -1}) {
             rc.bottom = rc.top + nHeight;
-            EXPECT_FALSE(m_dialog.RenderPages(m_context)) << nHeight;
+            EXPECT_FALSE(m_dialog.RenderPages(m_context)) << "height " << nHeight;
         }
         rc.bottom = rc.top + nLine;
         EXPECT_TRUE(m_dialog.RenderPages(m_context));
@@ -257,7 +259,7 @@ TEST_F(QMReportPagesTest, FailuresOfPrintAndPreviewAreTold)
     });
     m_driver.Next(AnswerBox(IDOK, &sPrint));
     m_driver.Again([&](HWND hDialog) {
-        EXPECT_GT(Height(), 0) << "the report is there again";
+        EXPECT_GT(Height(), 0) << "the failed print must leave the report on the screen";
         Press(hDialog, IDC_REPORT_PREVIEW);
     });
     m_driver.Next(AnswerBox(IDOK, &sPreview));
@@ -335,18 +337,21 @@ TEST_F(QMReportPagesTest, KeptPrintPrintsTheLastRunAndThenShowsTheNewChoice)
         RunKind(hDialog, QM_REPORT_TAX);
         nDeductions = Height();
         Choose(hDialog, IDC_REPORT_TYPE, QM_REPORT_VOIDED);
-        EXPECT_EQ(Height(), nDeductions) << "the report stays on the screen";
+        EXPECT_EQ(Height(), nDeductions) << "the report must stay on the screen";
         Press(hDialog, IDC_REPORT_PRINT);
     });
     m_driver.Next([](HWND hPrint) { Press(hPrint, IDOK); });
-    m_driver.When([&](HWND hDialog) { return IsReportDialog(hDialog); },
-                  [&](HWND hDialog) {
-                      EXPECT_LT(Height(), nDeductions) << "the voided checks, of which none is";
-                      EXPECT_GT(Height(), 0);
-                      Press(hDialog, IDC_REPORT_CLOSE);
-                  });
+    m_driver.When(
+        [&](HWND hDialog) { return IsReportDialog(hDialog); },
+        [&](HWND hDialog) {
+            EXPECT_LT(Height(), nDeductions)
+                << "the screen must now show the report of voided checks, which has no rows";
+            EXPECT_GT(Height(), 0);
+            Press(hDialog, IDC_REPORT_CLOSE);
+        });
     EXPECT_EQ(m_dialog.DoModal(nullptr, "book.qmk"), IDC_REPORT_CLOSE);
-    EXPECT_GE(titled.nPages, 2) << "the voided checks would be one page";
+    EXPECT_GE(titled.nPages, 2)
+        << "the printed report must be the earlier one: voided checks take one page";
     EXPECT_EQ(AwaitPrinted(titled.sTitle).GetPageCount(), titled.nPages);
 }
 

@@ -110,7 +110,8 @@ TEST(QMTransactionDialogEdit, WritesTheArrayBack)
     EXPECT_EQ(RunEntryDialog(args), IDOK);
     EXPECT_EQ(TextOf(args.entries[0]), "3/14/2004 0 44.00 Landlord");
     EXPECT_EQ(args.entries[0].lFlags, 20U);
-    EXPECT_TRUE(IsSame(args.entries[1], ThreeEntries()[1])) << "never on show";
+    EXPECT_TRUE(IsSame(args.entries[1], ThreeEntries()[1]))
+        << "an entry that was never shown must not change";
     // The dialog shows "Fee", which is not the description. The description stays.
     EXPECT_EQ(TextOf(args.entries[2]), "4/1/2004 3 0.00 Rent");
     EXPECT_STREQ(args.entries[2].szMemo, "a fee");
@@ -125,7 +126,7 @@ TEST(QMTransactionDialogEdit, OkWithoutAChangeKeepsEveryByte)
         ModalDriver driver;
         driver.Next([](HWND hDialog) { Press(hDialog, IDOK); });
         EXPECT_EQ(RunEntryDialog(args), IDOK);
-        EXPECT_TRUE(IsSame(args.entries[0], given)) << given.lType;
+        EXPECT_TRUE(IsSame(args.entries[0], given)) << "type " << given.lType;
     }
 }
 
@@ -256,7 +257,7 @@ TEST(QMTransactionDialogEdit, DatesThatNobodyChangedStayThroughTheArrows)
         }
     });
     for (size_t u = 0; u < given.size(); ++u) {
-        EXPECT_TRUE(IsSame(left[u], given[u])) << u << ": " << TextOf(left[u]);
+        EXPECT_TRUE(IsSame(left[u], given[u])) << "entry " << u << ": " << TextOf(left[u]);
     }
 }
 

@@ -142,13 +142,14 @@ TEST(QMTransactionDialog, HasItsBoxesBesideTheirSigns)
         RECT units = {0, 0, 4, 8};
         MapDialogRect(hDialog, &units);
         if (units.right != 6 || units.bottom != 13) {
-            GTEST_SKIP() << "a dialog unit is " << units.right << "/4 by " << units.bottom << "/8";
+            GTEST_SKIP() << "this test needs dialog units of 6/4 by 13/8 pixels, and here they are "
+                         << units.right << "/4 by " << units.bottom << "/8";
         }
         for (const auto& sign : aSigns) {
             const POINT place = PlaceOf(hDialog, sign.nId);
-            EXPECT_GT(place.x, sign.x + 12 + 1) << sign.nId;
-            EXPECT_LT(place.x, sign.x + 12 + 10) << sign.nId;
-            EXPECT_LE(std::abs(place.y - (sign.y + 6)), 1) << sign.nId;
+            EXPECT_GT(place.x, sign.x + 12 + 1) << "control " << sign.nId;
+            EXPECT_LT(place.x, sign.x + 12 + 10) << "control " << sign.nId;
+            EXPECT_LE(std::abs(place.y - (sign.y + 6)), 1) << "control " << sign.nId;
             const HWND hUnder = ChildWindowFromPointEx(hDialog, {sign.x + 6, sign.y + 6},
                                                        CWP_SKIPINVISIBLE | CWP_SKIPTRANSPARENT);
             EXPECT_TRUE(hUnder == hDialog || VWindow::KindOfWindow(hUnder) == V_KIND_GROUP_BOX);
@@ -308,7 +309,7 @@ TEST(QMTransactionDialog, WhatIsRefusedStaysAsTyped)
         });
         EXPECT_EQ(RunEntryDialog(args), IDCANCEL);
         EXPECT_EQ(sSentence, "An invalid check number was entered.");
-        EXPECT_EQ(sCaption, "Window tests") << "the application's name";
+        EXPECT_EQ(sCaption, "Window tests") << "the caption must be the name of the application";
     }
     EXPECT_TRUE(args.commits.empty());
     EXPECT_TRUE(IsSame(args.entries[0], NewEntry()[0]));
@@ -324,7 +325,7 @@ TEST(QMTransactionDialog, AnEmptyEntryIsRefusedForItsAmount)
     driver.Again([](HWND hDialog) {
         EXPECT_EQ(FocusedId(hDialog), IDC_TX_AMOUNT);
         EXPECT_EQ(SendDlgItemMessageA(hDialog, IDC_TX_AMOUNT, EM_GETSEL, 0, 0), MAKELRESULT(0, 4))
-            << "all of it is selected";
+            << "the whole text must be selected";
         Press(hDialog, IDCANCEL);
     });
     EXPECT_EQ(RunEntryDialog(args), IDCANCEL);
@@ -382,7 +383,7 @@ TEST(QMTransactionDialog, EveryTypeOpensItsFields)
             EXPECT_EQ(TextsIn(hDialog), std::string("|") + type.szDescription + "|0.00||");
             for (const int nId :
                  {IDC_TX_NUMBERLABEL, IDC_TX_NUMBER, IDC_TX_DESCRIPTIONLABEL, IDC_TX_DESCRIPTION}) {
-                EXPECT_FALSE(IsEnabled(hDialog, nId)) << nId;
+                EXPECT_FALSE(IsEnabled(hDialog, nId)) << "control " << nId;
             }
             EXPECT_EQ(IsEnabled(hDialog, IDC_TX_TAX), type.bTag);
             EXPECT_EQ(IsEnabled(hDialog, IDC_TX_EXPENSE), type.bTag);
@@ -393,7 +394,7 @@ TEST(QMTransactionDialog, EveryTypeOpensItsFields)
         Click(hDialog, IDC_TX_CHECK);
         for (const int nId : {IDC_TX_NUMBERLABEL, IDC_TX_NUMBER, IDC_TX_DESCRIPTIONLABEL,
                               IDC_TX_DESCRIPTION, IDC_TX_TAX, IDC_TX_EXPENSE}) {
-            EXPECT_TRUE(IsEnabled(hDialog, nId)) << nId;
+            EXPECT_TRUE(IsEnabled(hDialog, nId)) << "control " << nId;
         }
     });
 }

@@ -338,7 +338,7 @@ TEST(VPrintDialog, LeavesADeviceModeAloneThatIsTooShort)
 TEST(VPrintDialog, WithoutAPrinterFailsAndChangesNothing)
 {
     if (HasPrinter()) {
-        GTEST_SKIP() << "there is a printer";
+        GTEST_SKIP() << "this test needs a system without a printer";
     }
     VPrintDialog dialog;
     dialog.SetPages(2, 5);
@@ -353,7 +353,7 @@ TEST(VPrintDialog, WithoutAPrinterFailsAndChangesNothing)
 TEST(VPrintDialog, TakesTheDefaultPrinterAndItsSurface)
 {
     if (!HasPrinter()) {
-        GTEST_SKIP() << "there is no printer to be chosen";
+        GTEST_SKIP() << "this test needs a printer";
     }
     VPrintDialog dialog;
     ASSERT_TRUE(dialog.Run(nullptr, PD_RETURNDEFAULT | PD_RETURNDC | PD_NOWARNING));
@@ -367,7 +367,7 @@ TEST(VPrintDialog, TakesTheDefaultPrinterAndItsSurface)
 TEST(VPrintDialog, IsBoundWhileTheDialogIsUp)
 {
     if (!HasPrinter()) {
-        GTEST_SKIP() << "there is no printer to print on";
+        GTEST_SKIP() << "this test needs a printer";
     }
     VPrintDialog dialog;
     dialog.SetPageLimits(1, 9);
@@ -425,7 +425,7 @@ TEST(VPageSetupDialog, AsksWithTheMarginsThatAreSet)
 TEST(VPageSetupDialog, WithoutAPrinterFailsAndChangesNothing)
 {
     if (HasPrinter()) {
-        GTEST_SKIP() << "there is a printer";
+        GTEST_SKIP() << "this test needs a system without a printer";
     }
     VPageSetupDialog dialog;
     const VRect rcUser = {750, 750, 750, 750};
@@ -441,7 +441,7 @@ TEST(VPageSetupDialog, WithoutAPrinterFailsAndChangesNothing)
 TEST(VPageSetupDialog, GivesBackMarginsAndPaper)
 {
     if (!HasPrinter()) {
-        GTEST_SKIP() << "there is no printer to set pages up for";
+        GTEST_SKIP() << "this test needs a printer";
     }
     VPageSetupDialog dialog;
     const VRect rcUser = {750, 760, 770, 780};

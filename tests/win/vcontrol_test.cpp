@@ -110,7 +110,7 @@ TEST(VControl, LeavesAllOtherCodes)
     LRESULT lResult = 1;
     for (int nCode = -120; nCode <= 20; ++nCode) {
         if (nCode < -8 || nCode > -1) {
-            EXPECT_EQ(Reflect(control, nCode, lResult), V_NOT_HANDLED) << nCode;
+            EXPECT_EQ(Reflect(control, nCode, lResult), V_NOT_HANDLED) << "code " << nCode;
         }
     }
     EXPECT_EQ(control.m_sNoted, "");
@@ -122,7 +122,7 @@ TEST(VControl, AnswersOneByDefaultSoThatTheParentSeesThem)
     VControl control(V_KIND_STATIC);
     for (int nCode = -8; nCode <= -1; ++nCode) {
         LRESULT lResult = 1;
-        EXPECT_EQ(Reflect(control, nCode, lResult), 1) << nCode;
+        EXPECT_EQ(Reflect(control, nCode, lResult), 1) << "code " << nCode;
         EXPECT_EQ(lResult, 1);
     }
 }
@@ -145,7 +145,7 @@ TEST(VControl, SomeKindsArePaintedOffScreen)
     for (int32_t lKind = 1; lKind <= 60; ++lKind) {
         VControl control(lKind);
         EXPECT_EQ(control.GetFlags().Get(), kinds.count(lKind) != 0 ? V_FLAG_OFF_SCREEN : 0U)
-            << lKind;
+            << "kind " << lKind;
         EXPECT_EQ(control.GetKind(), lKind);
     }
 }

@@ -222,7 +222,7 @@ TEST_F(VDialogModeless, EndsWithEveryWayOut)
     const UINT uIds[] = {IDOK, IDCANCEL};
     for (const UINT uId : uIds) {
         SendMessageA(m_hDialog, WM_COMMAND, uId, 0);
-        EXPECT_FALSE(IsWindow(m_hDialog)) << uId;
+        EXPECT_FALSE(IsWindow(m_hDialog)) << "id " << uId;
         EXPECT_EQ(m_dialog.GetHandle(), nullptr);
         Open();
     }

@@ -221,12 +221,12 @@ TEST_F(VFrameBarsTest, TheUsableAreaIsWhatTheBarsLeave)
 TEST_F(VFrameBarsTest, ABarIsShownAndHidden)
 {
     for (const UINT uId : {uRebarId, uStatusBarId, uFirstBarId}) {
-        EXPECT_TRUE(m_frame.IsBarVisible(uId)) << uId;
-        EXPECT_FALSE(m_frame.ToggleBar(uId)) << uId;
-        EXPECT_FALSE(m_frame.IsBarVisible(uId)) << uId;
-        EXPECT_EQ(m_frame.m_record.calls.back(), "UpdateCommands") << uId;
-        EXPECT_TRUE(m_frame.ToggleBar(uId)) << uId;
-        EXPECT_TRUE(m_frame.IsBarVisible(uId)) << uId;
+        EXPECT_TRUE(m_frame.IsBarVisible(uId)) << "id " << uId;
+        EXPECT_FALSE(m_frame.ToggleBar(uId)) << "id " << uId;
+        EXPECT_FALSE(m_frame.IsBarVisible(uId)) << "id " << uId;
+        EXPECT_EQ(m_frame.m_record.calls.back(), "UpdateCommands") << "id " << uId;
+        EXPECT_TRUE(m_frame.ToggleBar(uId)) << "id " << uId;
+        EXPECT_TRUE(m_frame.IsBarVisible(uId)) << "id " << uId;
     }
 }
 

@@ -100,7 +100,7 @@ TEST(VBitmap, HasNoSizeOnceItsHandleIsGone)
     EXPECT_EQ(bitmap.GetHandle(), nullptr);
     EXPECT_EQ(bitmap.GetWidth(), 0);
     EXPECT_EQ(bitmap.GetHeight(), 0);
-    EXPECT_TRUE(DeleteObject(hBitmap)) << "the caller's";
+    EXPECT_TRUE(DeleteObject(hBitmap)) << "after Release the bitmap belongs to the caller";
 }
 
 TEST(VBitmap, LoadsFromTheResources)
@@ -173,7 +173,7 @@ TEST(CreatePointFont, MakesTheHeightOfCharactersOnTheDisplay)
         VFont font;
         ASSERT_TRUE(CreatePointFont(font, "Arial", nPoints, 0));
         const LOGFONTA record = FontRecord(font);
-        EXPECT_EQ(record.lfHeight, -MulDiv(nPoints, nDotsPerInch, 72)) << nPoints;
+        EXPECT_EQ(record.lfHeight, -MulDiv(nPoints, nDotsPerInch, 72)) << "points " << nPoints;
         EXPECT_EQ(record.lfWidth, 0);
         EXPECT_EQ(record.lfEscapement, 0);
         EXPECT_EQ(record.lfOrientation, 0);
@@ -192,10 +192,10 @@ TEST(CreatePointFont, FollowsTheBitsOfTheStyle)
         VFont font;
         ASSERT_TRUE(CreatePointFont(font, "Times New Roman", 10, uStyle));
         const LOGFONTA record = FontRecord(font);
-        EXPECT_EQ(record.lfWeight, (uStyle & 1) != 0 ? 700 : 0) << uStyle;
-        EXPECT_EQ(record.lfItalic != 0, (uStyle & 2) != 0) << uStyle;
-        EXPECT_EQ(record.lfUnderline != 0, (uStyle & 4) != 0) << uStyle;
-        EXPECT_EQ(record.lfStrikeOut != 0, (uStyle & 8) != 0) << uStyle;
+        EXPECT_EQ(record.lfWeight, (uStyle & 1) != 0 ? 700 : 0) << "style " << uStyle;
+        EXPECT_EQ(record.lfItalic != 0, (uStyle & 2) != 0) << "style " << uStyle;
+        EXPECT_EQ(record.lfUnderline != 0, (uStyle & 4) != 0) << "style " << uStyle;
+        EXPECT_EQ(record.lfStrikeOut != 0, (uStyle & 8) != 0) << "style " << uStyle;
     }
 }
 

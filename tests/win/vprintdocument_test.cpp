@@ -88,7 +88,7 @@ protected:
 TEST_F(PrintDocumentTest, WithoutAPrinterEveryOperationFails)
 {
     if (WhyNoPrinter().empty()) {
-        GTEST_SKIP() << "there is a printer";
+        GTEST_SKIP() << "this test needs a system without a printer";
     }
     VPrintDocument document(m_owner);
     document.SetRenderCallback(&Client::Render, 17, &m_client);
@@ -208,7 +208,7 @@ TEST_F(PrintDocumentTest, TakesPaperAndResolutionOfThePrinterThatIsChosen)
 TEST_F(PrintDocumentTest, APrinterThatVanishesDuringTheJobFailsIt)
 {
     if (!StoppedSpooler::IsPossible()) {
-        GTEST_SKIP() << "no spooler runs that a test may stop";
+        GTEST_SKIP() << "the spooler that runs is not one that a test may stop";
     }
     VPrintDocument document(m_owner);
     document.SetRenderCallback(&Client::Render, 17, &m_client);
@@ -303,6 +303,6 @@ TEST_F(PrintDocumentTest, AbsurdValuesDoNoHarm)
         VPrintContext context;
         m_client.nPages = 1;
         document.RenderToContext(context);
-        EXPECT_EQ(document.GetMargins().top, -5) << l;
+        EXPECT_EQ(document.GetMargins().top, -5) << "value " << l;
     }
 }

@@ -199,7 +199,7 @@ TEST_F(VRegKeyTest, TextsWithoutATerminatorAreReadToTheirEnd)
 {
     for (const size_t uLength : {3U, 1023U, 1024U}) {
         Store("t", REG_SZ, std::string(uLength, 'm'));
-        EXPECT_EQ(Read("t"), "true:" + std::string(uLength, 'm')) << uLength;
+        EXPECT_EQ(Read("t"), "true:" + std::string(uLength, 'm')) << "length " << uLength;
     }
     Store("t", REG_SZ, std::string(1025, 'm'));
     EXPECT_EQ(Read("t"), "false:unchanged");

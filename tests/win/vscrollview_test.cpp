@@ -248,8 +248,8 @@ TEST_F(VScrollViewTest, KeptTwoViewsThatShareOneMemoryOfSizesHaveTheirOwnBars)
         Show(second, 100, 50);
         m_view.Redraw();
         PumpAll();
-        EXPECT_TRUE(HasBar(WS_HSCROLL) && HasBar(WS_VSCROLL)) << nRound;
-        EXPECT_EQ(second.GetLong(GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << nRound;
+        EXPECT_TRUE(HasBar(WS_HSCROLL) && HasBar(WS_VSCROLL)) << "round " << nRound;
+        EXPECT_EQ(second.GetLong(GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL), 0) << "round " << nRound;
     }
 }
 

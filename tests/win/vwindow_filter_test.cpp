@@ -207,8 +207,8 @@ TEST(VWindowFilterDeletes, AndNothingMoreReachesTheObject)
                 pWindow->AddFilter(deleter);
                 pWindow->AddFilter(next);
                 const LRESULT lResult = bHandles || !bGoesOn ? 0 : V_NOT_HANDLED;
-                EXPECT_EQ(SendMessageA(hWnd, uMessage, 3, 0), lResult) << uMessage;
-                EXPECT_EQ(record.Take(), "gone") << uMessage;
+                EXPECT_EQ(SendMessageA(hWnd, uMessage, 3, 0), lResult) << "message " << uMessage;
+                EXPECT_EQ(record.Take(), "gone") << "message " << uMessage;
                 EXPECT_FALSE(IsWindow(hWnd));
             }
         }

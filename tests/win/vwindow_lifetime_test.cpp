@@ -187,7 +187,7 @@ TEST(VWindowMemory, AWindowThatFailsAtItsCreationIsNotMade)
     EXPECT_FALSE(CreateTestWindow(window));
     EXPECT_EQ(window.GetHandle(), nullptr);
     window.m_uFailsAt = 0;
-    EXPECT_TRUE(CreateTestWindow(window)) << "there is memory again";
+    EXPECT_TRUE(CreateTestWindow(window)) << "with memory the window must come up";
 }
 
 TEST(VWindowMemory, AModalDialogThatFailsEndsWithMinusOne)

@@ -73,8 +73,8 @@ TEST(VWindow, IsDialogKindKnowsTheDialogs)
 {
     const std::set<int32_t> dialogs = {4, 9, 14, 24, 28, 29, 32, 33, 34, 35, 36, 37, 38};
     for (int32_t lKind = 0; lKind <= 60; ++lKind) {
-        EXPECT_EQ(VIsDialogKind(lKind), dialogs.count(lKind) != 0) << lKind;
-        EXPECT_EQ(VWindow(lKind).IsDialogKind(), dialogs.count(lKind) != 0) << lKind;
+        EXPECT_EQ(VIsDialogKind(lKind), dialogs.count(lKind) != 0) << "kind " << lKind;
+        EXPECT_EQ(VWindow(lKind).IsDialogKind(), dialogs.count(lKind) != 0) << "kind " << lKind;
     }
 }
 
@@ -88,8 +88,8 @@ TEST(VWindow, KindsOfFramesGoToTheFrontOfTheList)
     for (int32_t lKind = 0; lKind <= 60; ++lKind) {
         const VWindow window(lKind);
         EXPECT_EQ(list.GetCount(), lCount + 1);
-        EXPECT_EQ(list.GetFirst() == &window, fronts.count(lKind) != 0) << lKind;
-        EXPECT_EQ(last.m_pNextLive == &window, fronts.count(lKind) == 0) << lKind;
+        EXPECT_EQ(list.GetFirst() == &window, fronts.count(lKind) != 0) << "kind " << lKind;
+        EXPECT_EQ(last.m_pNextLive == &window, fronts.count(lKind) == 0) << "kind " << lKind;
     }
     EXPECT_EQ(list.GetCount(), lCount);
     EXPECT_EQ(list.GetFirst(), &first);
@@ -175,7 +175,7 @@ TEST_F(VWindowTest, KindOfWindowLooksAtTheStyleOfButtons)
     for (DWORD uStyle = 0; uStyle < 16; ++uStyle) {
         EXPECT_EQ(VKindOfClass("BUTTON", static_cast<LONG_PTR>(0x50010010U | uStyle)),
                   alKinds[uStyle])
-            << uStyle;
+            << "style " << uStyle;
     }
     HWND hRadio = Child("Button", BS_AUTORADIOBUTTON);
     EXPECT_EQ(VWindow::KindOfWindow(hRadio), 11);

@@ -86,9 +86,10 @@ TEST(HostileAccount, EndsAtAnyLengthAreRefused)
         for (size_t uSize = 0; uSize < sFile.size(); ++uSize) {
             const QMReadFault expected =
                 uSize < 4 ? QMReadFault::WrongMagic : QMReadFault::Truncated;
-            EXPECT_EQ(FaultOf(sFile.substr(0, uSize)), expected) << uVersion << " at " << uSize;
+            EXPECT_EQ(FaultOf(sFile.substr(0, uSize)), expected)
+                << "version " << uVersion << ", cut at byte " << uSize;
         }
-        EXPECT_EQ(FaultOf(sFile), QMReadFault::None) << uVersion;
+        EXPECT_EQ(FaultOf(sFile), QMReadFault::None) << "version " << uVersion;
     }
 }
 
@@ -101,10 +102,10 @@ TEST(HostileAccount, TruncatedFilesOnDiskAreRefusedAndLeft)
                                1283, 1284, 1331, 1332, 1335, 1336, 1343, 1362, 1363, 1422}) {
         WriteWholeFile(sPath, sFile.substr(0, uSize));
         QMAccount account(sPath.c_str());
-        EXPECT_FALSE(account.Read()) << uSize;
-        EXPECT_TRUE(account.IsOpen()) << uSize;
+        EXPECT_FALSE(account.Read()) << "size " << uSize;
+        EXPECT_TRUE(account.IsOpen()) << "size " << uSize;
         account.Close();
-        EXPECT_EQ(ReadWholeFile(sPath), sFile.substr(0, uSize)) << uSize;
+        EXPECT_EQ(ReadWholeFile(sPath), sFile.substr(0, uSize)) << "size " << uSize;
     }
 }
 
@@ -115,7 +116,7 @@ TEST(HostileAccount, WhatStandsBeforeAnEarlyEndIsKept)
         QMAccount account("");
         QMReadReport report;
         EXPECT_FALSE(ReadBytes(account, sFile.substr(0, uSize), &report));
-        EXPECT_EQ(report.lFaultEntry, 1) << uSize;
+        EXPECT_EQ(report.lFaultEntry, 1) << "size " << uSize;
         EXPECT_EQ(ContentsOf(account.store),
                   std::vector<std::string>{"3/14/2004 0 48.60 Hardware"});
     }
@@ -130,7 +131,7 @@ TEST(HostileAccount, EveryFlippedBitReadsOrIsRefused)
         for (size_t uBit = 0; uBit < sFile.size() * 8; ++uBit) {
             std::string sFlipped = sFile;
             sFlipped[uBit / 8] = static_cast<char>(sFlipped[uBit / 8] ^ 1 << uBit % 8);
-            SCOPED_TRACE(testing::Message() << uVersion << ", bit " << uBit);
+            SCOPED_TRACE(testing::Message() << "version " << uVersion << ", bit " << uBit);
             account.header = QMDefaultHeader();
             if (ReadBytes(account, sFlipped)) {
                 ++nRead;
@@ -193,13 +194,14 @@ TEST(HostileAccount, NumbersAreHeldAgainstTheirBounds)
 TEST(HostileAccount, MagicAndVersionAreHeldAgainstTheirBounds)
 {
     for (const uint32_t uMagic : {0U, 0x35763684U, 0x85367635U, 0xB5763685U, UINT32_MAX}) {
-        EXPECT_EQ(FaultOf(WithNumber(0, uMagic)), QMReadFault::WrongMagic) << uMagic;
+        EXPECT_EQ(FaultOf(WithNumber(0, uMagic)), QMReadFault::WrongMagic) << "magic " << uMagic;
     }
     for (const uint32_t uVersion : {0U, 1U, 4095U, 8193U, 16384U, 0x80001000U, UINT32_MAX}) {
-        EXPECT_EQ(FaultOf(WithNumber(4, uVersion)), QMReadFault::WrongVersion) << uVersion;
+        EXPECT_EQ(FaultOf(WithNumber(4, uVersion)), QMReadFault::WrongVersion)
+            << "version " << uVersion;
     }
     for (const uint32_t uVersion : {4096U, 4097U, 4352U, 5000U, 8191U, 8192U}) {
-        EXPECT_EQ(FaultOf(SmallAccount(uVersion)), QMReadFault::None) << uVersion;
+        EXPECT_EQ(FaultOf(SmallAccount(uVersion)), QMReadFault::None) << "version " << uVersion;
     }
 }
 
@@ -333,8 +335,8 @@ TEST(HostileAccount, SourceThatBreaksOffIsRefused)
             BrokenSource source(sPart, bFails);
             QMAccount account("");
             QMAccountReader reader(account);
-            EXPECT_FALSE(reader.ReadFrom(source)) << uSize;
-            EXPECT_EQ(reader.GetReport().fault, QMReadFault::Truncated) << uSize;
+            EXPECT_FALSE(reader.ReadFrom(source)) << "size " << uSize;
+            EXPECT_EQ(reader.GetReport().fault, QMReadFault::Truncated) << "size " << uSize;
         }
     }
 }

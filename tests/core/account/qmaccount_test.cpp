@@ -140,8 +140,8 @@ TEST_F(AccountTest, SetVersionTakesTheThreeFormatsOnly)
                   {-1, 8192},   {4096, 4096}, {16384, 4096}, {INT32_MIN, 4096}};
     QMAccount account("");
     for (const auto& step : aSteps) {
-        EXPECT_EQ(account.SetVersion(step.lSet), step.lThen) << step.lSet;
-        EXPECT_EQ(account.lVersion, step.lThen) << step.lSet;
+        EXPECT_EQ(account.SetVersion(step.lSet), step.lThen) << "version " << step.lSet;
+        EXPECT_EQ(account.lVersion, step.lThen) << "version " << step.lSet;
     }
 }
 
@@ -151,7 +151,8 @@ TEST_F(AccountTest, FileIsLaidOutAsDescribed)
         QMAccount account("");
         Fill(account, lVersion);
         Write(account, "a.qmk");
-        EXPECT_EQ(ReadWholeFile(PathOf("a.qmk")), JoinAccount(PartsOf(account))) << lVersion;
+        EXPECT_EQ(ReadWholeFile(PathOf("a.qmk")), JoinAccount(PartsOf(account)))
+            << "version " << lVersion;
     }
 }
 
@@ -169,9 +170,9 @@ TEST_F(AccountTest, WhatIsWrittenReadsBack)
         }
         EXPECT_EQ(again.lMagic, account.lMagic);
         EXPECT_EQ(again.lVersion, lVersion);
-        EXPECT_EQ(BytesOf(again.header), BytesOf(account.header)) << lVersion;
+        EXPECT_EQ(BytesOf(again.header), BytesOf(account.header)) << "version " << lVersion;
         EXPECT_EQ(again.store.GetCount(), 4);
-        EXPECT_EQ(RecordsOf(again), RecordsOf(account)) << lVersion;
+        EXPECT_EQ(RecordsOf(again), RecordsOf(account)) << "version " << lVersion;
     }
 }
 
@@ -297,7 +298,8 @@ TEST_F(AccountTest, BlockOfFormat10LosesByteDf)
     QMTransaction transaction = MakeTransaction(QM_TRANS_CHECK, "6/1/2015", 1, 16);
     transaction.lNumber = 223;
     for (const int32_t lVersion : {4352, 5000, 8192}) {
-        EXPECT_TRUE(IsSame(ThereAndBack(transaction, lVersion), transaction)) << lVersion;
+        EXPECT_TRUE(IsSame(ThereAndBack(transaction, lVersion), transaction))
+            << "version " << lVersion;
     }
     const QMTransaction back = ThereAndBack(transaction, 4096);
     EXPECT_EQ(DateText(back.dtDate), "6/1/1824");
@@ -360,7 +362,7 @@ TEST_F(AccountTest, WritingRefusesVersionsBelow10AndNoneAbove20)
     ASSERT_TRUE(account.Open());
     for (const int32_t lVersion : {4095, 0, -1, INT32_MIN}) {
         account.lVersion = lVersion;
-        EXPECT_FALSE(account.Write()) << lVersion;
+        EXPECT_FALSE(account.Write()) << "version " << lVersion;
         EXPECT_TRUE(account.IsOpen());
         EXPECT_EQ(BytesOfFile(account), "old contents");
     }
@@ -413,6 +415,6 @@ TEST_F(AccountTest, CopyFromTellsWhenThereIsNoMemory)
             const AllocationFault fault(nBefore);
             bCopied = copy.CopyFrom(account);
         }
-        EXPECT_FALSE(bCopied) << nBefore;
+        EXPECT_FALSE(bCopied) << "allocations before the failure: " << nBefore;
     }
 }

@@ -138,7 +138,7 @@ TEST(AccountHeader, FontSizeIsPointsRoundedToTheNearest)
     };
     for (const auto& size : aSizes) {
         EXPECT_EQ(WithFont(MakeFont(size.nHeight, size.nDotsPerInch)).lFontSize, size.lPoints)
-            << size.nHeight << " at " << size.nDotsPerInch;
+            << "height " << size.nHeight << " at " << size.nDotsPerInch << " dots per inch";
     }
 }
 
@@ -156,8 +156,8 @@ TEST(AccountHeader, FontStyleIsTheFirstThatHolds)
 TEST(AccountHeader, FontIsBoldAtExactly700)
 {
     for (const int nWeight : {0, 600, 699, 701, 800, 900}) {
-        EXPECT_EQ(StyleOf(nWeight, false, false, false), 0U) << nWeight;
-        EXPECT_EQ(StyleOf(nWeight, true, false, false), QM_FONT_ITALIC) << nWeight;
+        EXPECT_EQ(StyleOf(nWeight, false, false, false), 0U) << "weight " << nWeight;
+        EXPECT_EQ(StyleOf(nWeight, true, false, false), QM_FONT_ITALIC) << "weight " << nWeight;
     }
 }
 

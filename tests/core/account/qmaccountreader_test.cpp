@@ -44,7 +44,7 @@ TEST(AccountReader, ReadsAllThreeTextsAndBothDates)
     for (const uint32_t uVersion : {4096U, 4097U, 4352U, 5000U, 8191U, 8192U}) {
         QMAccount account("");
         QMReadReport report;
-        ASSERT_TRUE(ReadBytes(account, SmallAccount(uVersion), &report)) << uVersion;
+        ASSERT_TRUE(ReadBytes(account, SmallAccount(uVersion), &report)) << "version " << uVersion;
         EXPECT_EQ(account.lVersion, static_cast<int32_t>(uVersion));
         EXPECT_EQ(BytesOf(account.header), DefaultHeaderBytes());
         EXPECT_EQ(ContentsOf(account.store),
@@ -221,8 +221,10 @@ TEST(AccountReader, VoidedIsAlwaysNotCleared)
         QMTransaction transaction = Deposit("3/14/2004", 1);
         transaction.lFlags = flags.uFiled;
         QMReadReport report;
-        EXPECT_EQ(ReadOne(transaction, &report).lFlags, flags.uRead) << flags.uFiled;
-        EXPECT_EQ(report.lVoided, flags.uFiled == flags.uRead ? 0 : 1) << flags.uFiled;
+        EXPECT_EQ(ReadOne(transaction, &report).lFlags, flags.uRead)
+            << "flags in the file " << flags.uFiled;
+        EXPECT_EQ(report.lVoided, flags.uFiled == flags.uRead ? 0 : 1)
+            << "flags in the file " << flags.uFiled;
     }
 }
 
@@ -259,12 +261,12 @@ TEST(AccountReader, ShorterHeaderLeavesTheRestAtItsDefaults)
         QMAccount account("");
         QMReadReport report;
         const AccountParts parts{8192, sFull.substr(0, uSize), {EntryOf(Deposit("3/1/2004", 1))}};
-        ASSERT_TRUE(ReadBytes(account, JoinAccount(parts), &report)) << uSize;
+        ASSERT_TRUE(ReadBytes(account, JoinAccount(parts), &report)) << "size " << uSize;
         QMAccountHeader expected = QMAccountData().header;
         memcpy(static_cast<void*>(&expected), sFull.data(), uSize);
         QMTerminateHeaderTexts(expected);
-        EXPECT_EQ(BytesOf(account.header), BytesOf(expected)) << uSize;
-        EXPECT_EQ(account.store.GetCount(), 1) << uSize;
+        EXPECT_EQ(BytesOf(account.header), BytesOf(expected)) << "size " << uSize;
+        EXPECT_EQ(account.store.GetCount(), 1) << "size " << uSize;
     }
 }
 
@@ -285,7 +287,8 @@ TEST(AccountReader, ShorterBlockLeavesTheRestOfAFreshTransaction)
             if (QMDateIsBefore(expected.dtCleared, expected.dtDate)) {
                 expected.dtCleared = expected.dtDate;
             }
-            EXPECT_TRUE(IsSame(*account.store.GetCurrentNode(), expected)) << uVersion << uSize;
+            EXPECT_TRUE(IsSame(*account.store.GetCurrentNode(), expected))
+                << "version " << uVersion << ", size " << uSize;
         }
     }
 }
@@ -334,7 +337,8 @@ TEST(AccountReader, TellsWhenThereIsNoMemory)
             const AllocationFault fault(nBefore);
             bRead = reader.ReadFrom(again);
         }
-        EXPECT_FALSE(bRead) << nBefore;
-        EXPECT_EQ(reader.GetReport().fault, QMReadFault::OutOfMemory) << nBefore;
+        EXPECT_FALSE(bRead) << "allocations before the failure: " << nBefore;
+        EXPECT_EQ(reader.GetReport().fault, QMReadFault::OutOfMemory)
+            << "allocations before the failure: " << nBefore;
     }
 }

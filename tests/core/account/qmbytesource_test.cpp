@@ -175,7 +175,7 @@ TEST(ByteReader, TakesAcrossTheEndsOfItsBuffer)
         QMMemorySource source(sBytes.data(), sBytes.size());
         size_t uNext = 0;
         for (const std::string& sTaken : TakeAll(source, sizes)) {
-            EXPECT_EQ(sTaken, sBytes.substr(uNext, sTaken.size())) << uNext;
+            EXPECT_EQ(sTaken, sBytes.substr(uNext, sTaken.size())) << "at byte " << uNext;
             uNext += sTaken.size();
         }
         size_t uSum = 0;
@@ -192,7 +192,7 @@ TEST(ByteReader, PutsTogetherWhatComesInParts)
         OddSource source(Pattern(1000));
         source.uPart = uPart;
         const auto taken = TakeAll(source, {1, 7, 500, 492, 1});
-        EXPECT_EQ(taken[0] + taken[1] + taken[2] + taken[3], Pattern(1000)) << uPart;
+        EXPECT_EQ(taken[0] + taken[1] + taken[2] + taken[3], Pattern(1000)) << "parts of " << uPart;
         EXPECT_EQ(taken[4], "(refused)");
     }
 }

@@ -134,8 +134,8 @@ TEST(QMCheckDate, KnowsTheLengthOfEveryMonth)
 TEST(QMCheckDate, Allows29FebruaryInEveryYearLeapOrNot)
 {
     for (uint16_t wYear = 1752; wYear <= 3000; ++wYear) {
-        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 2, 29)), 0u) << wYear;
-        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 2, 30)), QM_DATE_FAULT_DAY) << wYear;
+        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 2, 29)), 0u) << "year " << wYear;
+        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 2, 30)), QM_DATE_FAULT_DAY) << "year " << wYear;
     }
 }
 
@@ -151,10 +151,10 @@ TEST(QMCheckDate, DoesNotTestTheDayOfAWrongMonth)
 TEST(QMCheckDate, TakesTheYears1752To3000)
 {
     for (const uint16_t wYear : Values{1752, 1753, 2000, 2999, 3000}) {
-        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 1, 1)), 0u) << wYear;
+        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 1, 1)), 0u) << "year " << wYear;
     }
     for (const uint16_t wYear : Values{0, 4, 99, 1751, 3001, 65535}) {
-        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 1, 1)), QM_DATE_FAULT_YEAR) << wYear;
+        EXPECT_EQ(QMCheckDate(QMMakeDate(wYear, 1, 1)), QM_DATE_FAULT_YEAR) << "year " << wYear;
     }
 }
 

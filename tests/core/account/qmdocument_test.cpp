@@ -197,8 +197,8 @@ TEST_F(DocumentTest, SaveTurnsOlderFormatsInto20)
 {
     for (const uint32_t uVersion : {4096U, 4352U, 5000U, 8191U}) {
         OpenSmall(uVersion);
-        EXPECT_TRUE(m_document.Save()) << uVersion;
-        EXPECT_EQ(m_document.GetAccount()->lVersion, 8192) << uVersion;
+        EXPECT_TRUE(m_document.Save()) << "version " << uVersion;
+        EXPECT_EQ(m_document.GetAccount()->lVersion, 8192) << "version " << uVersion;
         const std::string sFile = BytesOfFile(*m_document.GetAccount());
         EXPECT_EQ(NumberAt(sFile, uVersionOffset), 8192U);
         QMAccount again("");
@@ -283,7 +283,7 @@ TEST_F(DocumentTest, SaveAsTakesTheVersionAskedFor)
         OpenSmall(versions.uPresent);
         EXPECT_TRUE(m_document.SaveAs(PathOf("b.qmk").c_str(), versions.lAsked));
         EXPECT_EQ(m_document.GetAccount()->lVersion, versions.lThen)
-            << versions.uPresent << " as " << versions.lAsked;
+            << "version " << versions.uPresent << " saved as " << versions.lAsked;
         const std::string sFile = BytesOfFile(*m_document.GetAccount());
         EXPECT_EQ(NumberAt(sFile, uVersionOffset), static_cast<uint32_t>(versions.lThen));
         const bool bCategory = versions.uPresent == 8192 && versions.lThen == 8192;

@@ -216,8 +216,8 @@ TEST(QMEditList, AddWithoutMemoryAddsNothing)
             const AllocationFault fault(nBefore);
             pItem = list.Add("text");
         }
-        EXPECT_EQ(pItem, nullptr) << nBefore;
-        EXPECT_EQ(ItemsOf(list), Texts{}) << nBefore;
+        EXPECT_EQ(pItem, nullptr) << "allocations before the failure: " << nBefore;
+        EXPECT_EQ(ItemsOf(list), Texts{}) << "allocations before the failure: " << nBefore;
     }
 }
 
@@ -311,8 +311,9 @@ TEST(QMEditList, RandomTextsAgreeWithAPlainModelForEveryFlagWord)
             Model model{uFlags, {}};
             for (int n = 0; n < 12; ++n) {
                 const std::string sText = RandomText(random);
-                ASSERT_EQ(list.Add(sText.c_str()) != nullptr, model.Add(sText)) << uFlags;
-                ASSERT_EQ(ItemsOf(list), model.texts) << uFlags;
+                ASSERT_EQ(list.Add(sText.c_str()) != nullptr, model.Add(sText))
+                    << "flags " << uFlags;
+                ASSERT_EQ(ItemsOf(list), model.texts) << "flags " << uFlags;
             }
         }
     }

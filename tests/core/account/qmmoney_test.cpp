@@ -34,7 +34,7 @@ std::string Formatted(double dValue, int nWidth)
 void ExpectLikePrinting(double dValue)
 {
     for (const int nWidth : {0, 1, 4, 10, 31, 32, 40}) {
-        ASSERT_EQ(Formatted(dValue, nWidth), Printed(dValue, nWidth)) << nWidth;
+        ASSERT_EQ(Formatted(dValue, nWidth), Printed(dValue, nWidth)) << "width " << nWidth;
     }
 }
 
@@ -90,7 +90,7 @@ TEST(QMRoundToCents, RoundsToTheNearerCent)
         {12.346F, 12.35}, {19.99F, 19.99}, {1e10F, 1e10}, {0.1F, 0.1},    {-12.346F, -12.35},
     };
     for (const auto& test : aCases) {
-        EXPECT_EQ(QMRoundToCents(test.fAmount), test.dRounded) << test.fAmount;
+        EXPECT_EQ(QMRoundToCents(test.fAmount), test.dRounded) << "amount " << test.fAmount;
     }
 }
 
@@ -107,7 +107,7 @@ TEST(QMRoundToCents, TakesHalfACentByItsBinaryValue)
     // A double cannot hold these exactly: some are a little below the half, some above.
     for (const float fAmount : {0.005F, 0.015F, 0.025F, 0.035F, 1.005F, 1.015F}) {
         const std::string sText = Printed(static_cast<double>(fAmount), 0);
-        EXPECT_EQ(QMRoundToCents(fAmount), strtod(sText.c_str(), nullptr)) << fAmount;
+        EXPECT_EQ(QMRoundToCents(fAmount), strtod(sText.c_str(), nullptr)) << "amount " << fAmount;
     }
 }
 

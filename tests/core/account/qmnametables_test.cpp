@@ -104,8 +104,8 @@ TEST(QMTypeLabel, NamesTheTwelveTypesAndTheirSides)
 TEST(QMTypeLabel, HasNothingForAValueOutsideTheTable)
 {
     for (const int32_t lType : {-1, 12, 100, INT32_MIN, INT32_MAX}) {
-        EXPECT_EQ(QMTypeLabel(lType), nullptr) << lType;
-        EXPECT_EQ(QMTypeSide(lType), QMSide::None) << lType;
+        EXPECT_EQ(QMTypeLabel(lType), nullptr) << "type " << lType;
+        EXPECT_EQ(QMTypeSide(lType), QMSide::None) << "type " << lType;
     }
 }
 

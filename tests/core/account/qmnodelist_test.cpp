@@ -461,7 +461,7 @@ TEST(QMNodeList, RandomOperationsAgreeWithAPlainModel)
             const bool bEmpty = model.values.empty();
             ExpectCursor(list, bEmpty ? -1 : model.values[static_cast<size_t>(model.lCursor)],
                          model.lCursor);
-            ASSERT_FALSE(HasFailure()) << nRun << " " << n;
+            ASSERT_FALSE(HasFailure()) << "run " << nRun << ", operation " << n;
         }
     }
     EXPECT_EQ(Node::nAlive, 0);

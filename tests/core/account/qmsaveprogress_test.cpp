@@ -78,12 +78,13 @@ TEST_F(SaveProgressTest, SaveThatIsGivenUpLeavesTheFileAsItWas)
     Change();
     for (const int nSteps : {0, 1, nRecords - 1}) {
         CountingProgress progress(nSteps);
-        EXPECT_FALSE(m_document.Save(&progress)) << nSteps;
-        EXPECT_EQ(progress.nCalls, nSteps + 1) << "nothing more is told";
+        EXPECT_FALSE(m_document.Save(&progress)) << "steps before giving up: " << nSteps;
+        EXPECT_EQ(progress.nCalls, nSteps + 1)
+            << "a save that was given up must report no more steps";
         EXPECT_EQ(progress.nNoReturns, 0);
         EXPECT_TRUE(m_document.IsModified());
         EXPECT_TRUE(Account().IsOpen());
-        EXPECT_EQ(Bytes(), sBefore) << nSteps;
+        EXPECT_EQ(Bytes(), sBefore) << "steps before giving up: " << nSteps;
     }
 }
 
@@ -93,7 +94,7 @@ TEST_F(SaveProgressTest, SaveIsNotGivenUpOnceTheOldContentsAreGone)
     Change();
     CountingProgress progress(nRecords); // the steps that make the bytes
     EXPECT_TRUE(m_document.Save(&progress));
-    EXPECT_GT(progress.nCalls, nRecords) << "it was told to give up";
+    EXPECT_GT(progress.nCalls, nRecords) << "the progress must have asked to give up";
     EXPECT_EQ(progress.nNoReturns, 1);
     EXPECT_FALSE(m_document.IsModified());
     Account().Close();
@@ -109,7 +110,7 @@ TEST_F(SaveProgressTest, FirstSaveThatIsGivenUpLeavesNoFile)
     CountingProgress progress(3);
     EXPECT_FALSE(m_document.Save(&progress));
     EXPECT_FALSE(IsThere("a.qmk"));
-    EXPECT_FALSE(Account().IsOpen()) << "it counts as never saved still";
+    EXPECT_FALSE(Account().IsOpen()) << "the document must still count as never saved";
     EXPECT_TRUE(m_document.Save());
     EXPECT_TRUE(IsThere("a.qmk"));
 }
@@ -166,9 +167,10 @@ TEST_F(SaveProgressTest, MergeThatIsGivenUpAddsNothing)
         QMTransactionStore from;
         Fill(from, QM_TRANS_FLAG_IMPORT);
         CountingProgress progress(nSteps);
-        EXPECT_LT(QMMergeMarked(from, Account().store, &progress), 0) << nSteps;
+        EXPECT_LT(QMMergeMarked(from, Account().store, &progress), 0)
+            << "steps before giving up: " << nSteps;
         EXPECT_EQ(progress.nCalls, nSteps + 1);
-        EXPECT_EQ(ContentsOf(Account().store), before) << nSteps;
+        EXPECT_EQ(ContentsOf(Account().store), before) << "steps before giving up: " << nSteps;
     }
     QMTransactionStore from;
     Fill(from, QM_TRANS_FLAG_IMPORT);

@@ -91,7 +91,7 @@ TEST(Scramble, EveryByteButDfComesBack)
                           static_cast<char>(uExpected));
                 EXPECT_EQ(ByUnscramble(ByScramble(Around(uByte, uPlace, uCount))),
                           Around(uExpected, uPlace, uCount))
-                    << uByte << " at " << uPlace << " of " << uCount;
+                    << "byte " << uByte << " at " << uPlace << " of " << uCount;
             }
         }
     }
@@ -100,7 +100,8 @@ TEST(Scramble, EveryByteButDfComesBack)
 TEST(Scramble, UnscramblingNeverYieldsDf)
 {
     for (unsigned uByte = 0; uByte < 256; ++uByte) {
-        EXPECT_EQ(ByUnscramble(Around(uByte, 2, 8)).find('\xDF'), std::string::npos) << uByte;
+        EXPECT_EQ(ByUnscramble(Around(uByte, 2, 8)).find('\xDF'), std::string::npos)
+            << "byte " << uByte;
     }
 }
 

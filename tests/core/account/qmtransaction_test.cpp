@@ -124,9 +124,9 @@ TEST(QMTransaction, EveryTypeIsOnItsSideAndAnyOtherOnNone)
         transaction.lType = lType;
         const bool bValid = lType >= 0 && lType <= 11;
         const char cSide = bValid ? sSides[static_cast<size_t>(lType)] : '-';
-        EXPECT_EQ(transaction.IsTypeValid(), bValid) << lType;
-        EXPECT_EQ(transaction.IsDebitType(), cSide == 'D') << lType;
-        EXPECT_EQ(transaction.IsCreditType(), cSide == 'C') << lType;
+        EXPECT_EQ(transaction.IsTypeValid(), bValid) << "type " << lType;
+        EXPECT_EQ(transaction.IsDebitType(), cSide == 'D') << "type " << lType;
+        EXPECT_EQ(transaction.IsCreditType(), cSide == 'C') << "type " << lType;
     }
 }
 
@@ -189,7 +189,7 @@ TEST(QMFieldText, ShowsEveryFieldOfACheck)
     const Texts expected = {" 3/14/04", " 1042",     "Rent",    "Rent",  "   1234.50",
                             "-7.25",    "for March", "Housing", "V, NC", "12/ 1/99"};
     for (uint32_t uKind = 0; uKind < QM_FIELD_COUNT; ++uKind) {
-        EXPECT_EQ(FieldOf(check, uKind, false, -7.25), expected[uKind]) << uKind;
+        EXPECT_EQ(FieldOf(check, uKind, false, -7.25), expected[uKind]) << "kind " << uKind;
     }
 }
 
@@ -202,7 +202,7 @@ TEST(QMFieldText, ShowsEveryFieldOfEveryOtherType)
                                 "-7.25",    "for March", "Housing", "V, NC",      "12/ 1/99"};
         for (uint32_t uKind = 0; uKind < QM_FIELD_COUNT; ++uKind) {
             EXPECT_EQ(FieldOf(transaction, uKind, false, -7.25), expected[uKind])
-                << lType << " " << uKind;
+                << "type " << lType << ", field " << uKind;
         }
         EXPECT_EQ(FieldOf(transaction, QM_FIELD_DESCRIPTION, true), sDescription + "   (voided)");
     }
@@ -295,7 +295,7 @@ TEST(QMFieldText, OnlyTheDescriptionSaysThatItIsVoided)
     ASSERT_TRUE(transaction.HasFlag(QM_TRANS_FLAG_VOIDED));
     for (uint32_t uKind = 0; uKind < QM_FIELD_COUNT; ++uKind) {
         const bool bSame = FieldOf(transaction, uKind, true) == FieldOf(transaction, uKind, false);
-        EXPECT_EQ(bSame, uKind != QM_FIELD_DESCRIPTION) << uKind;
+        EXPECT_EQ(bSame, uKind != QM_FIELD_DESCRIPTION) << "kind " << uKind;
     }
 }
 
@@ -386,10 +386,10 @@ TEST(QMSetTag, ShutsTheOtherTagsOutFromEveryStart)
                 transaction.SetTag(uTag);
                 return transaction.lFlags;
             };
-            EXPECT_EQ(After(4), (uStart & ~3u) | 4) << uStart;
-            EXPECT_EQ(After(2), (uStart & ~5u) | 2) << uStart;
-            EXPECT_EQ(After(1), (uStart & ~6u) | 17) << uStart;
-            EXPECT_EQ(After(16), uStart | 16) << uStart;
+            EXPECT_EQ(After(4), (uStart & ~3u) | 4) << "flags before " << uStart;
+            EXPECT_EQ(After(2), (uStart & ~5u) | 2) << "flags before " << uStart;
+            EXPECT_EQ(After(1), (uStart & ~6u) | 17) << "flags before " << uStart;
+            EXPECT_EQ(After(16), uStart | 16) << "flags before " << uStart;
         }
     }
 }
@@ -401,7 +401,7 @@ TEST(QMSetTag, DoesNothingForAnyOtherTag)
             QMTransaction transaction;
             transaction.lFlags = uStart;
             transaction.SetTag(uTag);
-            EXPECT_EQ(transaction.lFlags, uStart) << uTag;
+            EXPECT_EQ(transaction.lFlags, uStart) << "tag " << uTag;
         }
     }
 }

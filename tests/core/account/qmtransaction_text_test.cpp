@@ -27,7 +27,7 @@ void ExpectDateFaults(const std::string& sDate, uint32_t uFaults)
     EXPECT_EQ(transaction.Validate(), uFaults) << sDate;
     transaction = ProperTransaction();
     transaction.dtCleared = MakeDate(sDate);
-    EXPECT_EQ(transaction.Validate(), uFaults) << sDate << " cleared";
+    EXPECT_EQ(transaction.Validate(), uFaults) << sDate << " as the date cleared";
 }
 
 uint32_t FaultsOfAmount(float fAmount, uint32_t uFlags)
@@ -56,7 +56,7 @@ uint32_t NumberOf(const char* szText)
 TEST(QMValidate, FindsNothingWrongWithAProperEntryOfAnyType)
 {
     for (int32_t lType = 0; lType <= 11; ++lType) {
-        EXPECT_EQ(MakeTransaction(lType, "3/14/2004", 12.5F).Validate(), 0u) << lType;
+        EXPECT_EQ(MakeTransaction(lType, "3/14/2004", 12.5F).Validate(), 0u) << "type " << lType;
     }
 }
 
@@ -68,7 +68,7 @@ TEST(QMValidate, ANewTransactionLacksItsAmountOnly)
 TEST(QMValidate, Bit1IsAnUnknownType)
 {
     for (const int32_t lType : {-1, 12, INT32_MIN, INT32_MAX}) {
-        EXPECT_EQ(MakeTransaction(lType, "3/14/2004", 12.5F).Validate(), 1u) << lType;
+        EXPECT_EQ(MakeTransaction(lType, "3/14/2004", 12.5F).Validate(), 1u) << "type " << lType;
     }
 }
 
@@ -125,15 +125,15 @@ TEST(QMValidate, Bit16IsANumberOutside1To9999999OfACheck)
         QMTransaction transaction = MakeTransaction(lType, "3/14/2004", 12.5F);
         const uint32_t uFault = lType == QM_TRANS_CHECK ? 16 : 0;
         transaction.lNumber = 0;
-        EXPECT_EQ(transaction.Validate(), uFault) << lType;
+        EXPECT_EQ(transaction.Validate(), uFault) << "type " << lType;
         transaction.lNumber = 10000000;
-        EXPECT_EQ(transaction.Validate(), uFault) << lType;
+        EXPECT_EQ(transaction.Validate(), uFault) << "type " << lType;
         transaction.lNumber = 0xFFFFFFFF;
-        EXPECT_EQ(transaction.Validate(), uFault) << lType;
+        EXPECT_EQ(transaction.Validate(), uFault) << "type " << lType;
         transaction.lNumber = 1;
-        EXPECT_EQ(transaction.Validate(), 0u) << lType;
+        EXPECT_EQ(transaction.Validate(), 0u) << "type " << lType;
         transaction.lNumber = 9999999;
-        EXPECT_EQ(transaction.Validate(), 0u) << lType;
+        EXPECT_EQ(transaction.Validate(), 0u) << "type " << lType;
     }
 }
 
@@ -168,10 +168,10 @@ TEST(QMValidate, Bit256IsAnUnknownFlagOrTwoOfVoidedExpenseAndTax)
     for (uint32_t uFlags = 0; uFlags < 64; ++uFlags) {
         const uint32_t uExclusive = (uFlags & 1) + (uFlags >> 1 & 1) + (uFlags >> 2 & 1);
         const bool bGood = uExclusive <= 1 && (uFlags & (8 | 32)) == 0;
-        EXPECT_EQ(FaultsOfAmount(5, uFlags), bGood ? 0u : 256u) << uFlags;
+        EXPECT_EQ(FaultsOfAmount(5, uFlags), bGood ? 0u : 256u) << "flags " << uFlags;
     }
     for (uint32_t uBit = 5; uBit < 32; ++uBit) {
-        EXPECT_EQ(FaultsOfAmount(5, 1u << uBit), 256u) << uBit;
+        EXPECT_EQ(FaultsOfAmount(5, 1u << uBit), 256u) << "bit " << uBit;
     }
 }
 

@@ -146,7 +146,7 @@ TEST(QMTransactionStoreOrder, AddAgreesWithTheModelInEveryMode)
             Pair pair(lMode);
             for (const ModelEntry& entry : RandomEntries(random, uRun % 14, 1 + uRun % 5)) {
                 ASSERT_NO_FATAL_FAILURE(pair.AddToBoth(entry));
-                ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << lMode;
+                ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << "mode " << lMode;
             }
         }
     }
@@ -162,7 +162,7 @@ TEST(QMTransactionStoreOrder, AddGoesByTheRuleWhereverTheCursorIs)
             ModelEntry entry = RandomEntries(random, 1, 5)[0];
             entry.uId = 100;
             ASSERT_NO_FATAL_FAILURE(pair.AddToBoth(entry));
-            ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << lMode;
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << "mode " << lMode;
         }
     }
 }
@@ -179,7 +179,7 @@ TEST(QMTransactionStoreOrder, AFillerAgreesWithAddingOneByOneInEveryMode)
                 pair.model.Add(entry);
             }
             ASSERT_TRUE(filler.Finish());
-            ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << lMode;
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << "mode " << lMode;
         }
     }
 }
@@ -195,7 +195,7 @@ TEST(QMTransactionStoreOrder, AFillerOfManyEntriesAgreesWithAddingOneByOne)
             pair.model.Add(entry);
         }
         ASSERT_TRUE(filler.Finish());
-        ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << lMode;
+        ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << "mode " << lMode;
     }
 }
 
@@ -240,8 +240,8 @@ TEST(QMTransactionStoreOrder, AssignFromAgreesWithAddingOneByOneInEveryMode)
             ASSERT_NO_FATAL_FAILURE(Disorder(copy, random));
             ASSERT_TRUE(copy.store.AssignFrom(pair.store));
             copy.model.AssignFrom(pair.model);
-            ASSERT_NO_FATAL_FAILURE(ExpectSame(copy.store, copy.model)) << lMode;
-            ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << lMode;
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(copy.store, copy.model)) << "mode " << lMode;
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << "mode " << lMode;
             ASSERT_EQ(copy.store.GetSortMode(), lMode);
         }
     }
@@ -272,7 +272,8 @@ TEST(QMTransactionStoreOrder, ResortAgreesWithItsDefinitionFromEveryModeToEveryO
                 ASSERT_NO_FATAL_FAILURE(Disorder(pair, random));
                 const uint32_t uId = CurrentId(pair.store);
                 ASSERT_EQ(pair.store.Resort(lTo), pair.model.Resort(lTo));
-                ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model)) << lFrom << " " << lTo;
+                ASSERT_NO_FATAL_FAILURE(ExpectSame(pair.store, pair.model))
+                    << "from mode " << lFrom << " to mode " << lTo;
                 ASSERT_EQ(CurrentId(pair.store), uId);
                 ASSERT_EQ(pair.store.GetSortMode(), lTo);
             }

@@ -59,13 +59,13 @@ TEST(VCharacters, ATextIsShownAsCharacters)
 TEST(VCharacters, ColumnsOfCharacters)
 {
     for (const uint32_t uWide : {0x1100U, 0x3042U, 0x4E00U, 0xAC00U, 0xFF01U, 0x1F4B6U, 0x20000U}) {
-        EXPECT_EQ(VColumnsOf(uWide), 2U) << std::hex << uWide;
+        EXPECT_EQ(VColumnsOf(uWide), 2U) << "character " << std::hex << uWide;
     }
     for (const uint32_t uMark : {0x0300U, 0x0483U, 0x0591U, 0x200BU, 0x20D0U, 0xFE0FU, 0xE0100U}) {
-        EXPECT_EQ(VColumnsOf(uMark), 0U) << std::hex << uMark;
+        EXPECT_EQ(VColumnsOf(uMark), 0U) << "character " << std::hex << uMark;
     }
     for (const uint32_t uOne : {0x20U, 0xADU, 0xE9U, 0x2FFU, 0x416U, 0x20ACU, 0xFF61U, 0x10FFFDU}) {
-        EXPECT_EQ(VColumnsOf(uOne), 1U) << std::hex << uOne;
+        EXPECT_EQ(VColumnsOf(uOne), 1U) << "character " << std::hex << uOne;
     }
 }
 

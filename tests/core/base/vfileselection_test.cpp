@@ -91,8 +91,8 @@ TEST(VFileSelection, ReadsNothingPastTheBuffer)
         std::string sCut = sWhole.substr(0, uSize) + "XXXX";
         VFileSelection selection;
         selection.Read(sCut.data(), uSize, &IsFile);
-        EXPECT_EQ(Text(selection.sDirectory).find('X'), std::string::npos) << uSize;
-        EXPECT_EQ(Text(selection.sNames).find('X'), std::string::npos) << uSize;
+        EXPECT_EQ(Text(selection.sDirectory).find('X'), std::string::npos) << "size " << uSize;
+        EXPECT_EQ(Text(selection.sNames).find('X'), std::string::npos) << "size " << uSize;
     }
 }
 

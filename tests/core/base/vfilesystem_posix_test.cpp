@@ -160,8 +160,8 @@ TEST(VWriteWholeFilePosix, WritesAFileOfTheLongestName)
     for (const size_t uLength : {246U, 247U, 255U}) {
         const std::string sName(uLength, 'n');
         const std::string sPath = folder.PathOf(sName);
-        EXPECT_EQ(WriteText(sPath, "first", false), VFileFault::None) << uLength;
-        EXPECT_EQ(WriteText(sPath, "second", true), VFileFault::None) << uLength;
+        EXPECT_EQ(WriteText(sPath, "first", false), VFileFault::None) << "length " << uLength;
+        EXPECT_EQ(WriteText(sPath, "second", true), VFileFault::None) << "length " << uLength;
         EXPECT_EQ(ReadWholeFile(sPath), "second");
         EXPECT_EQ(WriteText(sPath + std::string(256 - uLength, 'n'), "x", false),
                   VFileFault::NameTooLong);

@@ -45,7 +45,7 @@ TEST(VWriteWholeFileWindows, RefusesAReadOnlyFile)
     const std::string sPath = folder.PathOf("a");
     const ReadOnlyFile file(sPath);
     if (std::ofstream(sPath, std::ios::app).is_open()) {
-        GTEST_SKIP() << "this system lets its user write into read-only files";
+        GTEST_SKIP() << "this user may write to a file that is marked read-only";
     }
     EXPECT_EQ(VWriteWholeFile(sPath.c_str(), "new", 3, true), VFileFault::NoAccess);
     EXPECT_EQ(ReadWholeFile(sPath), "old");

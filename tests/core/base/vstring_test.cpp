@@ -196,7 +196,8 @@ TEST(VString, GrowsByTheRuleForEveryBlockSize)
             if (uCapacity < uNeeded) {
                 uCapacity = (uNeeded / uBlock + 1) * uBlock;
             }
-            ASSERT_EQ(s.GetCapacity(), uCapacity) << uBlock << " " << uLength;
+            ASSERT_EQ(s.GetCapacity(), uCapacity)
+                << "block size " << uBlock << ", length " << uLength;
         }
     }
 }

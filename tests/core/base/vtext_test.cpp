@@ -25,7 +25,7 @@ TEST(VText, LowersAsciiLettersAlone)
     for (int n = -128; n < 128; ++n) {
         const char c = static_cast<char>(n);
         const bool bUpper = n >= 'A' && n <= 'Z';
-        EXPECT_EQ(VToLower(c), bUpper ? static_cast<char>(n - 'A' + 'a') : c) << n;
+        EXPECT_EQ(VToLower(c), bUpper ? static_cast<char>(n - 'A' + 'a') : c) << "character " << n;
     }
 }
 
@@ -33,8 +33,10 @@ TEST(VText, KnowsSpacesAndDigits)
 {
     for (int n = -128; n < 128; ++n) {
         const char c = static_cast<char>(n);
-        EXPECT_EQ(VIsSpace(c), c != '\0' && strchr(" \t\n\v\f\r", c) != nullptr) << n;
-        EXPECT_EQ(VIsDigit(c), c != '\0' && strchr("0123456789", c) != nullptr) << n;
+        EXPECT_EQ(VIsSpace(c), c != '\0' && strchr(" \t\n\v\f\r", c) != nullptr)
+            << "character " << n;
+        EXPECT_EQ(VIsDigit(c), c != '\0' && strchr("0123456789", c) != nullptr)
+            << "character " << n;
     }
 }
 

@@ -29,7 +29,8 @@ std::string Judge(TChange change)
     change(fields);
     const char* szFault = entry.Accept(fields);
     const bool bStored = IsSame(args.entries[0], entry.GetCurrent());
-    EXPECT_EQ(szFault == nullptr, bStored) << "only what is proper gets into the array";
+    EXPECT_EQ(szFault == nullptr, bStored)
+        << "Accept must store an entry exactly when it finds no fault";
     return szFault == nullptr ? "" : szFault;
 }
 
@@ -80,7 +81,7 @@ TEST(QMTransactionEntryFlow, TheFirstFaultOfTheOrderIsTold)
             sExpected = (uFaults & it->first) != 0 ? it->second : sExpected;
         }
         const char* szSentence = QMFaultSentence(uFaults);
-        EXPECT_EQ(szSentence == nullptr ? "none" : szSentence, sExpected) << uFaults;
+        EXPECT_EQ(szSentence == nullptr ? "none" : szSentence, sExpected) << "faults " << uFaults;
     }
     EXPECT_EQ(QMFaultSentence(0), nullptr);
 }
@@ -394,7 +395,8 @@ TEST(QMTransactionEntryFlow, MovesStayWithinTheArray)
                     entry.Move(QMEntryMove::Next);
                 }
                 ASSERT_EQ(entry.GetIndex(), nFrom);
-                EXPECT_EQ(entry.CanMove(move), nTo != nFrom) << nCount << ", " << nFrom;
+                EXPECT_EQ(entry.CanMove(move), nTo != nFrom)
+                    << nCount << " entries, from entry " << nFrom;
                 entry.Move(move);
                 EXPECT_EQ(entry.GetIndex(), nTo);
             }
@@ -427,6 +429,6 @@ TEST(QMTransactionEntryFlow, AMoveKeepsWhatWasAcceptedAndShowsTheOther)
     EXPECT_STREQ(fields.sAmount.GetText(), "12.50");
     EXPECT_EQ(fields.boxes, QMEntryBoxes{.bCleared = true});
     EXPECT_EQ(args.entries[0].fAmount, 44.0F);
-    EXPECT_TRUE(args.commits.empty()) << "a move commits nothing";
+    EXPECT_TRUE(args.commits.empty()) << "a move must not call the function of the caller";
     EXPECT_STREQ(entry.Move(QMEntryMove::First).sAmount.GetText(), "44.00");
 }

@@ -121,7 +121,7 @@ TEST(QMTransactionEntry, ATypePressedDropsTheTagsThatItDoesNotTake)
                 std::erase(sExpected, 'E');
             }
             EXPECT_EQ(LettersOf(PressType(entry, lType).boxes), sExpected)
-                << sOn << " as " << g_typeLabels[static_cast<size_t>(lType)];
+                << "boxes " << sOn << ", type " << g_typeLabels[static_cast<size_t>(lType)];
         }
     }
 }

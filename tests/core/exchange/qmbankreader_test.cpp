@@ -94,7 +94,8 @@ TEST(BankDate, RefusesWhatIsNoDay)
           "Betrag 3 2004", "99999999999", "12345678", "2004", "14.März.2004"}) {
         EXPECT_EQ(DateOf(szText, QMDateOrder::DayFirst), "(none)") << szText;
     }
-    EXPECT_EQ(DateOf("03/04/2004", QMDateOrder::YearFirst), "(none)") << "it would be a guess";
+    EXPECT_EQ(DateOf("03/04/2004", QMDateOrder::YearFirst), "(none)")
+        << "a year at the end does not fit the order year, month, day";
 }
 
 TEST(BankAmount, ReadsSignsMarksAndCurrencies)
@@ -251,8 +252,9 @@ TEST(Dialect, RefusesValuesAndSaysWhy)
         for (const std::string& sValue : refused.values) {
             QMDialect dialect;
             const std::string sBefore = dialect.GetProfile();
-            EXPECT_NE(dialect.Set(refused.szName, sValue), nullptr) << refused.szName << sValue;
-            EXPECT_EQ(dialect.GetProfile(), sBefore) << refused.szName << sValue;
+            EXPECT_NE(dialect.Set(refused.szName, sValue), nullptr)
+                << refused.szName << " = " << sValue;
+            EXPECT_EQ(dialect.GetProfile(), sBefore) << refused.szName << " = " << sValue;
         }
     }
 }
@@ -414,7 +416,7 @@ TEST(BankProperty, ARandomRegisterInAnyDialectReadsBackAsItself)
             expected.push_back(FullText(record));
         }
         QMBankReport report;
-        ASSERT_EQ(Read(dialect.GetProfile(), sFile, &report), expected) << uSeed << "\n"
+        ASSERT_EQ(Read(dialect.GetProfile(), sFile, &report), expected) << "seed " << uSeed << "\n"
                                                                         << dialect.GetProfile();
         ASSERT_EQ(report.lWithoutDate + report.lWithoutAmount + report.lPassedOver, 0);
     }

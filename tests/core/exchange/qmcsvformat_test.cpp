@@ -84,7 +84,8 @@ TEST(CsvReader, KnowsHeadingsByTheirBeginningIgnoringCase)
 {
     EXPECT_EQ(Amount("AMOUNT (USD)", "5"), "1 5.00");
     EXPECT_EQ(Amount("amounts", "-5"), "2 5.00");
-    EXPECT_EQ(Amount(" Amount", "5"), "2 0.00") << "a blank in front is another name";
+    EXPECT_EQ(Amount(" Amount", "5"), "2 0.00")
+        << "a heading that begins with a blank is an unknown one";
 }
 
 TEST(CsvReader, TakesADateClearedColumnForASecondDate)
@@ -98,7 +99,7 @@ TEST(CsvReader, MakesACheckOfANumberAndANegativeAmountOnly)
     EXPECT_EQ(Row("Num,Amount", "7,5"), "1/1/2000 1 #7 5.00 f16 1/1/2000");
     EXPECT_EQ(Row("Number,Amount", ",-5"), "1/1/2000 2 #0 5.00 f16 1/1/2000");
     EXPECT_EQ(Row("Payee,Number,Amount", "Fee,7,-5"), "1/1/2000 3 #7 5.00 f16 1/1/2000")
-        << "the number of another type is kept unseen";
+        << "a fee must keep the number, although nothing shows it";
 }
 
 TEST(CsvReader, TakesATypeFromThePayeeUnlessTheSignDisagrees)
@@ -117,7 +118,7 @@ TEST(CsvReader, TakesTheSignFromADebitColumn)
         EXPECT_EQ(Amount(sName + ",Credit", "-5,"), "2 5.00") << sName;
         EXPECT_EQ(Amount(sName + ",Deposit", ",5"), "1 5.00") << sName;
     }
-    EXPECT_EQ(Amount("Debit,Credit", "5,6"), "1 6.00") << "the last one read stands";
+    EXPECT_EQ(Amount("Debit,Credit", "5,6"), "1 6.00") << "of two amounts the later one must count";
     EXPECT_EQ(Amount("Credit,Debit", "6,5"), "2 5.00");
     EXPECT_EQ(Amount("Credit,Debit", "6,0.00"), "2 0.00");
 }
@@ -135,8 +136,9 @@ TEST(CsvReader, ReadsTagsByThreeWords)
         EXPECT_EQ(Flags("Tax Deductible", szNo), 16U);
         EXPECT_EQ(Flags("Expense", szNo), 16U);
     }
-    EXPECT_EQ(Flags("Tax,Expense", "y,y"), 18U) << "tags shut one another out";
-    EXPECT_EQ(Flags("Tax,Expense", "y,n"), 20U) << "a no takes off its own tag alone";
+    EXPECT_EQ(Flags("Tax,Expense", "y,y"), 18U)
+        << "the later of two tags that exclude each other must stay";
+    EXPECT_EQ(Flags("Tax,Expense", "y,n"), 20U) << "\"n\" must take off its own tag only";
     EXPECT_EQ(Flags("Tax,Tax", "y,n"), 16U);
 }
 
@@ -148,7 +150,7 @@ TEST(CsvReader, TakesAllButThreeWordsForCleared)
     for (const char* szYes : {"true", "x", "0", " no"}) {
         EXPECT_EQ(Flags("Cleared", szYes), 0U);
     }
-    EXPECT_EQ(Flags("Cleared,Memo", ",m"), 16U) << "an empty cell is passed over";
+    EXPECT_EQ(Flags("Cleared,Memo", ",m"), 16U) << "an empty cell must change nothing";
 }
 
 TEST(CsvReader, ClearsAVoidedTransactionWhereClearedStandsBehindVoided)
@@ -169,7 +171,7 @@ TEST(CsvReader, TakesQuotesOffAndJoinsCellsWithoutTheirComma)
     EXPECT_EQ(Row("\"Memo\",Amount", "\"never closed,5,6"),
               "1/1/2000 2 #0 0.00 f16 1/1/2000 '' 'never closed56'");
     EXPECT_EQ(Row("\"Memo\",Amount", "\",5"), "1/1/2000 1 #0 5.00 f16 1/1/2000")
-        << "a lone quote is closed already";
+        << "a cell of one quote must end at its comma";
     EXPECT_EQ(Row("\"Memo\",\"Amount, USD\"", "m,5"), "1/1/2000 1 #0 5.00 f16 1/1/2000 '' 'm'");
 }
 
@@ -178,9 +180,9 @@ TEST(CsvReader, DecidesAboutQuotesByTheFirstHeaderCellAlone)
     EXPECT_EQ(Row("Memo,Category", "\"a, b\",c"),
               "1/1/2000 2 #0 0.00 f16 1/1/2000 '' '\"a' ' b\"'");
     EXPECT_EQ(Row("Memo,\"Category\"", "\"a\",c"), "1/1/2000 2 #0 0.00 f16 1/1/2000 '' '\"a\"'")
-        << "a quoted name is unknown there";
+        << "a heading in quotes is unknown when the first one has none";
     EXPECT_EQ(Row("\"Memo,Category\"", "a,b"), "1/1/2000 2 #0 0.00 f16 1/1/2000 '' '' 'b'")
-        << "the first token has no quote at its end, the second is known by its beginning";
+        << "the first heading has no quote at its end, so its comma separates two columns";
 }
 
 TEST(CsvReader, ReadsARowTheSameWhereTheFileHasAMark)
@@ -241,7 +243,7 @@ TEST(CsvWriter, QuotesNothingSoThatACommaAddsAColumn)
     EXPECT_NE(sFile.find(",Smith, John,-5.00,say \"x\",,"), std::string::npos) << sFile;
     EXPECT_EQ(Import("a.csv", sFile),
               Texts{"3/4/2004 0 #1000 0.00 f16 3/4/2004 'Smith' '-5.00' 'say \"x\"'"})
-        << "everything behind it moves by one";
+        << "each cell after the comma must move by one column";
 }
 
 TEST(CsvWriter, FailsWhereTheFileCannotBeMade)

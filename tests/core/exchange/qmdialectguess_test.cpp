@@ -28,7 +28,7 @@ const QMGuess& Named(const QMDialectGuess& guess, const std::string& sName)
         }
     }
     static const QMGuess none;
-    ADD_FAILURE() << "no guess of " << sName;
+    ADD_FAILURE() << "the guess has no value for " << sName;
     return none;
 }
 

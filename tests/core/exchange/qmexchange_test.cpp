@@ -111,8 +111,9 @@ TEST(ExportObstacle, IsAVoidedTransactionAtTheEndInQifAlone)
     AddTo(store, MakeTransaction(1, "1/1/2004", 5, 17));
     AddTo(store, MakeTransaction(1, "1/2/2004", 5));
     store.First();
-    EXPECT_EQ(Obstacle(QMExchangeKind::Qif, store), "") << "a voided one elsewhere is none";
-    EXPECT_EQ(store.GetPosition(), 0) << "the cursor stays";
+    EXPECT_EQ(Obstacle(QMExchangeKind::Qif, store), "")
+        << "a voided transaction is an obstacle only as the last one";
+    EXPECT_EQ(store.GetPosition(), 0) << "the cursor must not move";
     AddTo(store, MakeTransaction(1, "1/3/2004", 5, 17));
     EXPECT_EQ(Obstacle(QMExchangeKind::Qif, store),
               "the last transaction is voided, and a QIF file cannot end with one that it leaves "
@@ -126,7 +127,8 @@ TEST(ExportObstacle, IsATransactionOfAnUnknownTypeAtTheEndInXmlAlone)
     QMTransactionStore store;
     AddTo(store, MakeTransaction(12, "1/1/2004", 5));
     AddTo(store, MakeTransaction(11, "1/2/2004", 5));
-    EXPECT_EQ(Obstacle(QMExchangeKind::Xml, store), "") << "one elsewhere is none";
+    EXPECT_EQ(Obstacle(QMExchangeKind::Xml, store), "")
+        << "an unknown type is an obstacle only in the last transaction";
     for (const int32_t lType : {12, -1}) {
         AddTo(store, MakeTransaction(lType, "1/3/2004", 5));
         EXPECT_EQ(Obstacle(QMExchangeKind::Xml, store),
@@ -156,7 +158,7 @@ TEST(Merge, TakesTheMarkedOnesAndTheirMarksOff)
         });
     }
     EXPECT_EQ(from.GetCount(), 3);
-    EXPECT_EQ(QMMergeMarked(from, into), 0) << "no marks are left";
+    EXPECT_EQ(QMMergeMarked(from, into), 0) << "the first merge must have removed all marks";
 }
 
 TEST(Merge, QuestionsNothing)
@@ -168,7 +170,8 @@ TEST(Merge, QuestionsNothing)
     QMTransactionStore into;
     AddTo(into, odd);
     EXPECT_EQ(QMMergeMarked(from, into), 1);
-    EXPECT_EQ(into.GetCount(), 2) << "not even a record that is there already";
+    EXPECT_EQ(into.GetCount(), 2)
+        << "the merge must not ask whether the account has the same record";
 }
 
 TEST(Merge, MergesNothingOutOfAnEmptyStore)
@@ -217,11 +220,11 @@ TEST(Merge, AddsNothingWhereMemoryRunsOut)
             lResult = QMMergeMarked(from, into);
         }
         if (lResult < 0) {
-            ASSERT_EQ(IdsOf(into), before) << nBefore;
+            ASSERT_EQ(IdsOf(into), before) << "allocations before the failure: " << nBefore;
         }
     }
     EXPECT_EQ(lResult, 5);
-    EXPECT_GT(nBefore, 5) << "each copy is asked for, and the room to put them in order";
+    EXPECT_GT(nBefore, 5) << "each of 5 copies takes an allocation, and sorting takes one more";
     EXPECT_EQ(into.GetCount(), 10);
 }
 

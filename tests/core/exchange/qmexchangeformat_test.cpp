@@ -88,8 +88,8 @@ TEST(SettleRecord, MakesAWithdrawalOfEveryCreditTypeButInterestWithoutAPositiveA
     const std::vector<int32_t> numbered = {0, 2, 2, 3, 2, 5, 2, 7, 8, 2, 10, 11};
     const std::vector<int32_t> unnumbered = {2, 2, 2, 3, 2, 5, 2, 7, 8, 2, 10, 11};
     for (const float fAmount : {-5.0F, -0.01F, 0.0F, -0.0F}) {
-        EXPECT_EQ(SettledTypes(fAmount, 1001), numbered) << fAmount;
-        EXPECT_EQ(SettledTypes(fAmount, 0), unnumbered) << fAmount;
+        EXPECT_EQ(SettledTypes(fAmount, 1001), numbered) << "amount " << fAmount;
+        EXPECT_EQ(SettledTypes(fAmount, 0), unnumbered) << "amount " << fAmount;
     }
 }
 
@@ -121,7 +121,7 @@ TEST(SignedAmount, TakesItsSignFromTheType)
     EXPECT_STREQ(QMSignedAmount(MakeTransaction(2, "3/14/2004", -5)).szText, "--5.00");
     EXPECT_STREQ(QMSignedAmount(MakeTransaction(2, "3/14/2004", 3e38F)).szText,
                  "-300000000549775575777803994281145270272.00")
-        << "the largest amounts have room";
+        << "the buffer must hold the largest amount";
 }
 
 TEST(Payee, IsTheDescriptionWhereItBeginsWithNoTypesName)
@@ -143,7 +143,8 @@ TEST(Payee, KeepsTheDashInFrontOfWhatStandsBehindATypesName)
 TEST(Payee, TakesAWordThatMerelyBeginsWithATypesNameForThatType)
 {
     EXPECT_EQ(Payee("Feeding Program"), "3:ding Program");
-    EXPECT_EQ(Payee("Check Cashing"), "0:") << "a check keeps nothing of it";
+    EXPECT_EQ(Payee("Check Cashing"), "0:")
+        << "the rest of the text must not become the description of a check";
     EXPECT_EQ(Payee("Depositary"), "1:ary");
 }
 
@@ -158,15 +159,18 @@ TEST(Payee, MeasuresByTheVoidedTextTooOnceTheRecordIsVoided)
 {
     Format format;
     format.GetPending().SetTag(QM_TRANS_FLAG_VOIDED);
-    EXPECT_EQ(format.Payee("Deposit - rent"), "1:") << "\"Deposit   (voided)\" is longer";
-    EXPECT_EQ(format.Payee("Deposit - rent for March"), "1: March") << "behind 18 characters";
+    EXPECT_EQ(format.Payee("Deposit - rent"), "1:")
+        << "\"Deposit   (voided)\" is longer than this payee";
+    EXPECT_EQ(format.Payee("Deposit - rent for March"), "1: March")
+        << "the description begins after 18 characters, as many as \"Deposit   (voided)\" has";
 }
 
 TEST(Payee, MeasuresByTheDescriptionThatTheRecordHasAlready)
 {
     Format format;
     EXPECT_EQ(format.Payee("Shop"), "0:Shop");
-    EXPECT_EQ(format.Payee("Deposit - rent"), "1:Shop") << "\"Deposit - Shop\" is as long";
+    EXPECT_EQ(format.Payee("Deposit - rent"), "1:Shop")
+        << "\"Deposit - Shop\" is as long as this payee";
     EXPECT_EQ(format.Payee("Deposit - rent 4"), "1: 4");
 }
 
@@ -178,7 +182,7 @@ TEST(ExchangeFormat, MakesARecordReadyWithoutACheckNumber)
     EXPECT_EQ(format.GetPending().lNumber, 1000U);
     QMTransactionStore store;
     ASSERT_TRUE(format.Import(folder.PathOf("f").c_str(), store));
-    EXPECT_EQ(format.nLines, 3) << "blank lines are delivered";
+    EXPECT_EQ(format.nLines, 3) << "the reader must deliver the blank line too";
     EXPECT_EQ(format.GetPending().lNumber, 0U);
     EXPECT_EQ(format.CountTemporary(), 0);
     std::vector<std::string> texts;
@@ -201,7 +205,8 @@ TEST(ExchangeFormat, ReplacesWhatTheStoreHeldAndOnlyOnSuccess)
     EXPECT_EQ(ContentsOf(store), std::vector<std::string>{"3/14/2004 1 5.00 before"});
     EXPECT_TRUE(format.Import(folder.PathOf("f").c_str(), store));
     EXPECT_EQ(ContentsOf(store), std::vector<std::string>{"1/1/2000 2 0.00 one"});
-    EXPECT_TRUE(format.Import(folder.PathOf("f").c_str(), store)) << "a second time";
+    EXPECT_TRUE(format.Import(folder.PathOf("f").c_str(), store))
+        << "the second import of the same file";
     EXPECT_EQ(store.GetCount(), 1);
 }
 
@@ -222,7 +227,7 @@ TEST(ExchangeFormat, LeavesTheStoreWhereMemoryRunsOut)
         }
         ASSERT_EQ(store.GetCount(), bDone ? 2 : 1);
     }
-    EXPECT_GT(nBefore, 3) << "the line's room and two records are asked for";
+    EXPECT_GT(nBefore, 3) << "the line and each of two records take an allocation";
 }
 
 TEST(ExchangeFormat, WritesNothingByItself)

@@ -71,9 +71,9 @@ TEST(QMImportReview, HasTenColumnsInTheirFixedOrder)
     ASSERT_EQ(std::size(aExpected), size_t{QM_IMPORT_COUNT});
     for (size_t u = 0; u < std::size(aExpected); ++u) {
         const QMImportColumnInfo& info = QMGetImportColumnInfo(ColumnAt(u));
-        EXPECT_STREQ(info.szHeading, aExpected[u].szHeading) << u;
-        EXPECT_EQ(info.alignment, aExpected[u].alignment) << u;
-        EXPECT_EQ(info.lWidth, aExpected[u].lWidth) << u;
+        EXPECT_STREQ(info.szHeading, aExpected[u].szHeading) << "column " << u;
+        EXPECT_EQ(info.alignment, aExpected[u].alignment) << "column " << u;
+        EXPECT_EQ(info.lWidth, aExpected[u].lWidth) << "column " << u;
     }
 }
 
@@ -92,7 +92,8 @@ TEST(QMImportReview, FindsTheColumnUnderAPosition)
         {1290, QM_IMPORT_FILLER},  {1291, QM_IMPORT_COUNT},      {-1, QM_IMPORT_COUNT},
     };
     for (const auto& test : aCases) {
-        EXPECT_EQ(QMFindImportColumn(aDefaultWidths, test.lPixels), test.column) << test.lPixels;
+        EXPECT_EQ(QMFindImportColumn(aDefaultWidths, test.lPixels), test.column)
+            << "pixels " << test.lPixels;
     }
 }
 
@@ -139,8 +140,10 @@ TEST(QMImportReview, ShowsEachTypeOnOneSide)
     for (int32_t lType = 0; lType < 12; ++lType) {
         const QMTransaction transaction = MakeTransaction(lType, "3/14/2004", 3);
         const bool bDebit = debits.count(lType) != 0;
-        EXPECT_EQ(TextIn(transaction, QM_IMPORT_DEBIT), bDebit ? "      3.00" : "") << lType;
-        EXPECT_EQ(TextIn(transaction, QM_IMPORT_CREDIT), bDebit ? "" : "      3.00") << lType;
+        EXPECT_EQ(TextIn(transaction, QM_IMPORT_DEBIT), bDebit ? "      3.00" : "")
+            << "type " << lType;
+        EXPECT_EQ(TextIn(transaction, QM_IMPORT_CREDIT), bDebit ? "" : "      3.00")
+            << "type " << lType;
     }
 }
 
@@ -163,9 +166,10 @@ TEST(QMImportReview, MarksTheClearedAndNothingElse)
     EXPECT_EQ(QMImportDecoration(MakeTransaction(0, "3/14/2004", 1, uNotCleared)), 0U);
     for (const uint32_t uFlags : {0U, QM_TRANS_FLAG_VOIDED, QM_TRANS_FLAG_EXPENSE,
                                   QM_TRANS_FLAG_TAX, QM_TRANS_FLAG_IMPORT}) {
-        EXPECT_EQ(QMImportDecoration(MakeTransaction(0, "3/14/2004", 1, uFlags)), 32U) << uFlags;
+        EXPECT_EQ(QMImportDecoration(MakeTransaction(0, "3/14/2004", 1, uFlags)), 32U)
+            << "flags " << uFlags;
         EXPECT_EQ(QMImportDecoration(MakeTransaction(0, "3/14/2004", 1, uFlags | uNotCleared)), 0U)
-            << uFlags;
+            << "flags " << uFlags;
     }
 }
 

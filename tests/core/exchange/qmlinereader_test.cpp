@@ -331,7 +331,7 @@ TEST(LineReader, ReadsLineEndsOnEachSideOfABlock)
                         FileOf(kind, std::string(uLength, 'x') + szEnd +
                                          std::string(uLength % 7, 'y') + szEnd + "z" + szLast);
                     ASSERT_EQ(LinesOf(sBytes), PlainLinesOf(kind, sBytes))
-                        << kind.szName << " " << uLength;
+                        << kind.szName << ", length " << uLength;
                 }
             }
         }
@@ -365,7 +365,8 @@ TEST(LineReader, ReadsUtf16CutAnywhereAsTheBlockRuleTells)
         const std::string sBytes = FileOf(kind, sText);
         for (size_t uSize = kind.sMark.size(); uSize < sBytes.size(); ++uSize) {
             const std::string sPart = sBytes.substr(0, uSize);
-            ASSERT_EQ(LinesOf(sPart), PlainLinesOf(kind, sPart)) << kind.szName << " " << uSize;
+            ASSERT_EQ(LinesOf(sPart), PlainLinesOf(kind, sPart))
+                << kind.szName << ", size " << uSize;
         }
     }
 }
@@ -376,7 +377,7 @@ TEST(LineReader, CutsALineAt16382CharactersAndDeliversTheRestAsTheNext)
         for (const size_t uLength : {16381, 16382, 16383, 32763, 32764, 32765, 70000}) {
             const std::string sBytes = FileOf(kind, std::string(uLength, 'x') + "\nnext");
             const Lines lines = LinesOf(sBytes);
-            EXPECT_EQ(lines, PlainLinesOf(kind, sBytes)) << kind.szName << " " << uLength;
+            EXPECT_EQ(lines, PlainLinesOf(kind, sBytes)) << kind.szName << ", length " << uLength;
             EXPECT_EQ(lines[0].size(), 2 + std::min<size_t>(uLength, 16382));
         }
     }
@@ -409,6 +410,6 @@ TEST(LineReader, ReadsRandomFilesAsThePlainReaderDoes)
         }
         ASSERT_EQ(LinesOf(sBytes, true, static_cast<int32_t>(uMaxLine)),
                   PlainLinesOf(kind, sBytes, uMaxLine))
-            << i << " " << kind.szName;
+            << "file " << i << ", " << kind.szName;
     }
 }

@@ -50,8 +50,9 @@ TEST_P(QMProgressTest, ExportThatIsGivenUpLeavesNoFile)
     Fill(store);
     for (const int nSteps : {0, 1, nRecords - 1}) {
         CountingProgress progress(nSteps);
-        EXPECT_FALSE(QMExportFile(GetPath().c_str(), store, &progress)) << nSteps;
-        EXPECT_FALSE(IsThere()) << nSteps;
+        EXPECT_FALSE(QMExportFile(GetPath().c_str(), store, &progress))
+            << "steps before giving up: " << nSteps;
+        EXPECT_FALSE(IsThere()) << "steps before giving up: " << nSteps;
         EXPECT_EQ(progress.nCalls, nSteps + 1);
     }
 }
@@ -94,7 +95,8 @@ TEST_P(QMProgressTest, ImportThatIsGivenUpLeavesTheStoreAsItWas)
         CountingProgress progress(nSteps);
         QMTransactionStore kept;
         AddTo(kept, MakeTransaction(QM_TRANS_CHECK, "1/1/2001", 1.0F, 0, "kept"));
-        EXPECT_FALSE(QMImportFile(GetPath().c_str(), kept, &progress)) << nSteps;
+        EXPECT_FALSE(QMImportFile(GetPath().c_str(), kept, &progress))
+            << "steps before giving up: " << nSteps;
         EXPECT_EQ(kept.GetCount(), 1);
         // Nothing more is read.
         EXPECT_EQ(progress.nCalls, nSteps + 1);

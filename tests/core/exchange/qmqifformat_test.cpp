@@ -66,7 +66,8 @@ TEST(QifReader, TakesXAloneForCleared)
     for (const char* szLine : {"C\n", "C*\n", "Cc\n", "CR\n", "C X\n"}) {
         EXPECT_EQ(Record(szLine), "1/1/2000 2 #0 0.00 f16 1/1/2000") << szLine;
     }
-    EXPECT_EQ(Record("CX\nC*\n"), "1/1/2000 2 #0 0.00 f0 1/1/2000") << "nothing is taken back";
+    EXPECT_EQ(Record("CX\nC*\n"), "1/1/2000 2 #0 0.00 f0 1/1/2000")
+        << "a second C line must not take the mark off again";
 }
 
 TEST(QifReader, ReadsDatesAsTheyAreWritten)
@@ -74,7 +75,7 @@ TEST(QifReader, ReadsDatesAsTheyAreWritten)
     EXPECT_EQ(Record("D03/14/2004\n"), "3/14/2004 2 #0 0.00 f16 3/14/2004");
     EXPECT_EQ(Record("D3-14-2004\n"), "3/14/2004 2 #0 0.00 f16 3/14/2004");
     EXPECT_EQ(Record("D3.14.2004\n"), "3/14/2004 2 #0 0.00 f16 3/14/2004");
-    EXPECT_EQ(Record("D3/14/03\n"), "3/14/3 2 #0 0.00 f16 1/1/2000") << "the year 3";
+    EXPECT_EQ(Record("D3/14/03\n"), "3/14/3 2 #0 0.00 f16 1/1/2000") << "03 is the year 3";
     EXPECT_EQ(Record("D3/14\n"), "3/14/14 2 #0 0.00 f16 1/1/2000");
     EXPECT_EQ(Record("D20040314\n"), "1/1/2000 2 #0 0.00 f16 1/1/2000");
     EXPECT_EQ(Record("D\n"), "1/1/2000 2 #0 0.00 f16 1/1/2000");
@@ -97,7 +98,7 @@ TEST(QifReader, TakesTheSideFromTheSignOfTheAmount)
     EXPECT_EQ(Record("T1,234.56\n"), "1/1/2000 1 #0 1234.56 f16 1/1/2000");
     EXPECT_EQ(Record("T-5\nN7\n"), "1/1/2000 0 #7 5.00 f16 1/1/2000");
     EXPECT_EQ(Record("T5\nN7\n"), "1/1/2000 1 #7 5.00 f16 1/1/2000")
-        << "a deposit keeps the number unseen";
+        << "a deposit must keep the number, although nothing shows it";
     EXPECT_EQ(Record("T-5\nPDeposit\n"), "1/1/2000 2 #0 5.00 f16 1/1/2000");
     EXPECT_EQ(Record("T-5\nPInterest Paid\n"), "1/1/2000 11 #0 5.00 f16 1/1/2000");
     EXPECT_EQ(Record("T$5\n"), "1/1/2000 2 #0 0.00 f16 1/1/2000");
@@ -109,7 +110,8 @@ TEST(QifReader, MakesACheckOfEveryNumberLineWhateverItHolds)
     EXPECT_EQ(Record("PFee\nN7\n"), "1/1/2000 0 #7 0.00 f16 1/1/2000");
     EXPECT_EQ(Record("PFee\nNDEP\n"), "1/1/2000 2 #0 0.00 f16 1/1/2000");
     EXPECT_EQ(Record("PFee\nN\n"), "1/1/2000 2 #0 0.00 f16 1/1/2000");
-    EXPECT_EQ(Record("N7\nPFee\n"), "1/1/2000 3 #7 0.00 f16 1/1/2000") << "the later line wins";
+    EXPECT_EQ(Record("N7\nPFee\n"), "1/1/2000 3 #7 0.00 f16 1/1/2000")
+        << "the later line must decide the type";
 }
 
 TEST(QifReader, TakesBracketsOffTextsAndLeavesAnEmptyOneAlone)
@@ -197,7 +199,7 @@ TEST(QifWriter, WritesEveryOtherTypeByItsLabelAndSign)
     }
     EXPECT_EQ(WrittenRecord(MakeFull(1, "12/31/1999", 5, "x", "", "")),
               "D12/31/1999\nT5.00\nPDeposit\n^\n")
-        << "a description of one character is left out";
+        << "the writer must leave out a description of one character";
 }
 
 TEST(QifWriter, LeavesVoidedTransactionsOut)

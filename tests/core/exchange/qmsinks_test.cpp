@@ -106,7 +106,8 @@ TEST(AccountSink, GetsALargeStoreInOrder)
         ASSERT_TRUE(QMWriteAccountTo(sink, account));
         const QMFileImage image = QMMakeAccountImage(account);
         ASSERT_EQ(sink.sBytes.size(), image.uSize);
-        ASSERT_EQ(memcmp(sink.sBytes.data(), image.pBytes.get(), image.uSize), 0) << lCount;
+        ASSERT_EQ(memcmp(sink.sBytes.data(), image.pBytes.get(), image.uSize), 0)
+            << "count " << lCount;
     }
 }
 
@@ -124,7 +125,7 @@ TEST(TextWriter, PassesTextsOnWholeWhateverTheirLength)
 {
     for (const size_t uLength : {1U, 32767U, 32768U, 32769U, 100000U}) {
         const std::string sText(uLength, 'x');
-        EXPECT_TRUE(Written(sText) == sText) << uLength;
+        EXPECT_TRUE(Written(sText) == sText) << "length " << uLength;
     }
     const std::string sLines(40000, '\n');
     EXPECT_EQ(Written(sLines).size(), 40000 * strlen(VLineEnd));

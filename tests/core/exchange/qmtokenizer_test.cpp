@@ -20,7 +20,7 @@ Tokens TokensOf(std::string sText)
         tokens.emplace_back(szToken);
     }
     EXPECT_EQ(tokenizer.Next(), nullptr);
-    EXPECT_EQ(sText, sBefore) << "every separator is put back";
+    EXPECT_EQ(sText, sBefore) << "the tokenizer must put every separator back";
     return tokens;
 }
 

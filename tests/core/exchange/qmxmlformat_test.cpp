@@ -82,7 +82,7 @@ TEST(XmlReader, DropsATransactionOfAnUnknownTypeOrOfNone)
                      "</transaction><transaction><amount>6</amount></transaction>"
                      "<transaction type='deposit'/></q>"),
               Texts{szDefaults})
-        << "and nothing of it stays for the next";
+        << "no value of a dropped transaction may reach the next one";
 }
 
 TEST(XmlReader, KeepsWhateverDisagrees)
@@ -109,7 +109,7 @@ TEST(XmlReader, KnowsElementsByTheirBeginning)
               "1/1/2000 1 #7 0.00 f16 1/1/2000 'a' 'm'");
     EXPECT_EQ(Record("<date>3/14/2004</date><date-cleared>4/1/2004</date-cleared>"),
               "4/1/2004 1 #1000 0.00 f16 1/1/2000")
-        << "which is a date as well";
+        << "date-cleared begins with date, so it sets the date";
     EXPECT_EQ(Record("<debit>5</debit><credit>6</credit><voided>yes</voided><other>x</other>"),
               szDefaults);
 }
@@ -131,10 +131,10 @@ TEST(XmlReader, ReadsTheDateOfAClearedTagAlone)
     EXPECT_EQ(Record("<tag type='voided'>3/14/2004</tag>"), "1/1/2000 1 #1000 0.00 f17 1/1/2000");
     EXPECT_EQ(Record("<tag type='cleared'><date>3/14/2004</date></tag>"),
               "3/14/2004 1 #1000 0.00 f0 1/1/2000")
-        << "an element within is a field of its own";
+        << "an element inside the tag must set its own field";
     EXPECT_EQ(Record("<tag type='cleared'/><tag>3/14/2004</tag>"),
               "1/1/2000 1 #1000 0.00 f0 3/14/2004")
-        << "the tag is remembered until another field comes";
+        << "the type of the last tag must stay until another field comes";
     EXPECT_EQ(Record("<tag type='cleared'/><memo/><tag>3/14/2004</tag>"),
               "1/1/2000 1 #1000 0.00 f0 1/1/2000");
 }
@@ -144,7 +144,7 @@ TEST(XmlReader, JoinsThePiecesOfATextAndOfNothingElse)
     EXPECT_EQ(Memo("a&lt;b&gt;c"), "a<b>c");
     EXPECT_EQ(Memo("<![CDATA[a<b]]>c"), "a<bc");
     EXPECT_EQ(Record("<amount>1&#50;</amount>"), "1/1/2000 1 #1000 2.00 f16 1/1/2000")
-        << "the last piece of an amount stands";
+        << "of an amount in pieces the last piece must count";
 }
 
 TEST(XmlReader, LosesABlankThatIsAPieceOfItsOwn)
@@ -245,7 +245,8 @@ TEST(XmlReader, LeavesTheStoreOnAnyFailure)
     EXPECT_FALSE(format.Import(nullptr, store));
     EXPECT_EQ(store.GetCount(), 1);
     WriteWholeFile(sPath, "<q><transaction type='fee'/><transaction type='fee'/></q>");
-    EXPECT_TRUE(format.Import(sPath.c_str(), store)) << "nothing of the failures stays";
+    EXPECT_TRUE(format.Import(sPath.c_str(), store))
+        << "the failed imports must leave nothing behind";
     EXPECT_EQ(store.GetCount(), 2);
 }
 

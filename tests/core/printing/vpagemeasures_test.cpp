@@ -92,10 +92,10 @@ TEST(VMeasurePage, FailsWithoutAResolutionAndChangesNothing)
         *apDots[nMissing] = 0;
         VPageMeasures page;
         page.sizePage = {1, 2};
-        EXPECT_FALSE(VMeasurePage(printer, screen, page)) << nMissing;
+        EXPECT_FALSE(VMeasurePage(printer, screen, page)) << "case " << nMissing;
         EXPECT_EQ(page.sizePage, (VSize{1, 2}));
         *apDots[nMissing] = -96;
-        EXPECT_FALSE(VMeasurePage(printer, screen, page)) << nMissing;
+        EXPECT_FALSE(VMeasurePage(printer, screen, page)) << "case " << nMissing;
     }
 }
 
@@ -136,6 +136,7 @@ TEST(VTurnMargins, AnyOtherPairLeavesThemAlone)
     const VRect rc = {1, 2, 3, 4};
     for (const auto& [lFrom, lTo] :
          {std::pair{1, 1}, {2, 2}, {0, 2}, {2, 0}, {1, 99}, {99, 1}, {1, -2}, {0, 0}}) {
-        EXPECT_EQ(VTurnMargins(rc, lFrom, lTo), rc) << lFrom << " " << lTo;
+        EXPECT_EQ(VTurnMargins(rc, lFrom, lTo), rc)
+            << "from orientation " << lFrom << " to " << lTo;
     }
 }

@@ -65,7 +65,8 @@ TEST(VForEachPrintTile, CoversAnyPageOfEqualResolutionsOnce)
     for (int32_t cx = 100; cx < 340; cx += 7) {
         for (int32_t cy = 100; cy < 340; cy += 11) {
             const VPrintTiling tiling = {{100, 100}, {50, 50}, {cx, cy}, {cx / 2, cy / 2}};
-            ASSERT_EQ(AreaOf(TilesOf(tiling)), int64_t{cx} * cy) << cx << " " << cy;
+            ASSERT_EQ(AreaOf(TilesOf(tiling)), int64_t{cx} * cy)
+                << "page of " << cx << " by " << cy;
         }
     }
 }
@@ -102,7 +103,7 @@ TEST(VForEachPrintTile, StopsAtTheFirstFailure)
 TEST(VForEachPrintTile, FailsWithoutAResolutionBeforeTheFirstTile)
 {
     const auto Never = [](const VPrintTile&) {
-        ADD_FAILURE() << "a tile without a resolution";
+        ADD_FAILURE() << "without a resolution there must be no tile";
         return true;
     };
     for (int nMissing = 0; nMissing < 4; ++nMissing) {
@@ -110,7 +111,7 @@ TEST(VForEachPrintTile, FailsWithoutAResolutionBeforeTheFirstTile)
         int32_t* apDots[] = {&tiling.sizeDotsPerInch.cx, &tiling.sizeDotsPerInch.cy,
                              &tiling.sizeScreenDotsPerInch.cx, &tiling.sizeScreenDotsPerInch.cy};
         *apDots[nMissing] = 0;
-        EXPECT_FALSE(VForEachPrintTile(tiling, Never)) << nMissing;
+        EXPECT_FALSE(VForEachPrintTile(tiling, Never)) << "case " << nMissing;
     }
 }
 

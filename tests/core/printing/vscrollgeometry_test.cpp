@@ -46,7 +46,8 @@ TEST(VScrollTo, StaysBetweenZeroAndTheMaximum)
     EXPECT_EQ(VScrollTo({790, 1000, 200, 10}, VScrollRequest::Thumb, -1), 0);
     // Without a bar nothing scrolls.
     for (int n = 0; n <= static_cast<int>(VScrollRequest::End); ++n) {
-        EXPECT_EQ(VScrollTo({0, 0, 200, 10}, static_cast<VScrollRequest>(n), 50), 0) << n;
+        EXPECT_EQ(VScrollTo({0, 0, 200, 10}, static_cast<VScrollRequest>(n), 50), 0)
+            << "request " << n;
     }
 }
 

@@ -48,11 +48,11 @@ TEST(QMColumnTable, HasElevenColumnsInTheirFixedOrder)
     ASSERT_EQ(std::size(aExpected), size_t{QM_ENTRY_COUNT});
     for (size_t u = 0; u < std::size(aExpected); ++u) {
         const QMColumnInfo& info = QMGetColumnInfo(ColumnAt(u));
-        EXPECT_STREQ(info.szHeading, aExpected[u].szHeading) << u;
-        EXPECT_EQ(info.alignment, aExpected[u].alignment) << u;
-        EXPECT_EQ(info.uMask, aExpected[u].uMask) << u;
-        EXPECT_EQ(info.pWidth, aExpected[u].pWidth) << u;
-        EXPECT_EQ(info.pShown, aExpected[u].pShown) << u;
+        EXPECT_STREQ(info.szHeading, aExpected[u].szHeading) << "column " << u;
+        EXPECT_EQ(info.alignment, aExpected[u].alignment) << "column " << u;
+        EXPECT_EQ(info.uMask, aExpected[u].uMask) << "column " << u;
+        EXPECT_EQ(info.pWidth, aExpected[u].pWidth) << "column " << u;
+        EXPECT_EQ(info.pShown, aExpected[u].pShown) << "column " << u;
     }
 }
 
@@ -83,8 +83,8 @@ TEST(QMColumnTable, NewAccountShowsEverythingButTheCategory)
     QMColumnTable table;
     table.LoadFrom(QMDefaultHeader());
     for (size_t u = 0; u < std::size(aExpected); ++u) {
-        EXPECT_EQ(table.IsVisible(ColumnAt(u)), aExpected[u].bShownByDefault) << u;
-        EXPECT_EQ(table.GetWidth(ColumnAt(u)), aExpected[u].lDefaultWidth) << u;
+        EXPECT_EQ(table.IsVisible(ColumnAt(u)), aExpected[u].bShownByDefault) << "column " << u;
+        EXPECT_EQ(table.GetWidth(ColumnAt(u)), aExpected[u].lDefaultWidth) << "column " << u;
     }
     EXPECT_EQ(table.GetVisibleCount(), 10);
     EXPECT_EQ(table.GetListIndex(QM_ENTRY_MEMO), 8);
@@ -105,11 +105,12 @@ TEST(QMColumnTable, EverySetOfVisibleColumnsIsCountedFromZero)
         int32_t lNext = 0;
         for (size_t u = 0; u < 10; ++u) {
             const bool bShown = (uSet >> u & 1) != 0;
-            EXPECT_EQ(table.IsVisible(ColumnAt(u)), bShown) << uSet;
-            EXPECT_EQ(table.GetListIndex(ColumnAt(u)), bShown ? lNext++ : -1) << uSet;
+            EXPECT_EQ(table.IsVisible(ColumnAt(u)), bShown) << "set of columns " << uSet;
+            EXPECT_EQ(table.GetListIndex(ColumnAt(u)), bShown ? lNext++ : -1)
+                << "set of columns " << uSet;
         }
-        EXPECT_EQ(table.GetListIndex(QM_ENTRY_FILLER), lNext) << uSet;
-        EXPECT_EQ(table.GetVisibleCount(), lNext + 1) << uSet;
+        EXPECT_EQ(table.GetListIndex(QM_ENTRY_FILLER), lNext) << "set of columns " << uSet;
+        EXPECT_EQ(table.GetVisibleCount(), lNext + 1) << "set of columns " << uSet;
     }
 }
 
@@ -179,12 +180,13 @@ TEST(QMColumnTable, PixelBelongsToTheVisibleColumnThatIsDrawnThere)
         table.LoadFrom(HeaderOf(uSet, anWidths));
         const std::vector<QMColumn> owners = OwnersOf(uSet, anWidths);
         for (size_t u = 0; u < owners.size(); ++u) {
-            ASSERT_EQ(table.FindColumnAt(static_cast<int32_t>(u)), owners[u]) << uSet << " " << u;
+            ASSERT_EQ(table.FindColumnAt(static_cast<int32_t>(u)), owners[u])
+                << "set of columns " << uSet << ", pixel " << u;
         }
         for (const size_t uBehind : {size_t{0}, size_t{1}, size_t{100000}}) {
             ASSERT_EQ(table.FindColumnAt(static_cast<int32_t>(owners.size() + uBehind)),
                       QM_ENTRY_FILLER)
-                << uSet;
+                << "set of columns " << uSet;
         }
     }
 }
@@ -225,7 +227,7 @@ TEST(QMColumnTable, EveryBitTellsOfItsOwnColumnAlone)
         }
         for (size_t u = 0; u < 10; ++u) {
             ASSERT_EQ(QMIsColumnShown(header, aExpected[u].uMask), (uSet >> u & 1) != 0)
-                << uSet << " " << u;
+                << "set of columns " << uSet << ", pixel " << u;
         }
     }
 }
@@ -236,7 +238,7 @@ TEST(QMColumnTable, NoColumnIsNotShown)
     header.bShowCategory = 1;
     // Also the mask of the filler, and masks of several columns.
     for (const uint32_t uColumn : {0U, 3U, 1023U, 1024U, 0x80000000U, 0xFFFFFFFFU}) {
-        EXPECT_FALSE(QMIsColumnShown(header, uColumn)) << uColumn;
+        EXPECT_FALSE(QMIsColumnShown(header, uColumn)) << "column " << uColumn;
     }
 }
 

@@ -124,6 +124,6 @@ TEST(QMPeriod, PreviousMonthOfMarchKnowsLeapYears)
 TEST(QMPeriod, RangeAndNoPeriodLeaveBothDates)
 {
     for (const uint32_t uPeriod : {QM_ACCNT_DISPLAY_DATE_RANGE, 5U, 6U, 100U, 0xFFFFFFFFU}) {
-        EXPECT_EQ(DatesOf(uPeriod, "3/14/2004"), "7/8/1977 9/10/1978") << uPeriod;
+        EXPECT_EQ(DatesOf(uPeriod, "3/14/2004"), "7/8/1977 9/10/1978") << "period " << uPeriod;
     }
 }

@@ -84,11 +84,13 @@ TEST(QMRegisterBalance, EveryTypeFallsOnItsSide)
         TestRegister reg;
         reg.Add(lType, "1/1/2004", 7.5F, 0);
         reg.Show();
-        EXPECT_EQ(reg.model.GetBalance(false), bDebit ? -7.5 : 7.5) << lType;
-        EXPECT_EQ(reg.model.GetBalance(true), bDebit ? -7.5 : 7.5) << lType;
-        EXPECT_EQ(reg.rows.GetColumn("Debit"), Texts{bDebit ? "      7.50" : ""}) << lType;
-        EXPECT_EQ(reg.rows.GetColumn("Credit"), Texts{bDebit ? "" : "      7.50"}) << lType;
-        EXPECT_EQ(reg.rows.GetDecorations(), (Words{bDebit ? 34U : 33U})) << lType;
+        EXPECT_EQ(reg.model.GetBalance(false), bDebit ? -7.5 : 7.5) << "type " << lType;
+        EXPECT_EQ(reg.model.GetBalance(true), bDebit ? -7.5 : 7.5) << "type " << lType;
+        EXPECT_EQ(reg.rows.GetColumn("Debit"), Texts{bDebit ? "      7.50" : ""})
+            << "type " << lType;
+        EXPECT_EQ(reg.rows.GetColumn("Credit"), Texts{bDebit ? "" : "      7.50"})
+            << "type " << lType;
+        EXPECT_EQ(reg.rows.GetDecorations(), (Words{bDebit ? 34U : 33U})) << "type " << lType;
     }
 }
 
@@ -100,9 +102,10 @@ TEST(QMRegisterBalance, TypeOutsideTheTableChangesNothing)
         reg.Add(lType, "1/2/2004", 30, 0);
         reg.Add(QM_TRANS_CHECK, "1/3/2004", 1, uNotCleared);
         reg.Show();
-        EXPECT_EQ(reg.model.GetBalance(false), 100) << lType;
-        EXPECT_EQ(reg.model.GetBalance(true), 99) << lType;
-        EXPECT_EQ(reg.rows.GetColumn("Balance"), (Texts{"100.00", "", "99.00"})) << lType;
+        EXPECT_EQ(reg.model.GetBalance(false), 100) << "type " << lType;
+        EXPECT_EQ(reg.model.GetBalance(true), 99) << "type " << lType;
+        EXPECT_EQ(reg.rows.GetColumn("Balance"), (Texts{"100.00", "", "99.00"}))
+            << "type " << lType;
     }
 }
 

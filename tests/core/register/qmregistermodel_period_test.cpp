@@ -170,7 +170,7 @@ TEST(QMRegisterPeriod, EveryOtherSelectionGoesByTheDates)
     for (const uint32_t uSelection : {1U, 2U, 3U, 4U, 77U}) {
         reg.SetHeaderPeriod(uSelection, "2/1/2004", "2/29/2004");
         reg.model.SetPeriodFilter(true, true);
-        EXPECT_EQ(reg.model.GetRowCount(), 2) << uSelection;
+        EXPECT_EQ(reg.model.GetRowCount(), 2) << "selection " << uSelection;
     }
 }
 
@@ -184,8 +184,8 @@ TEST(QMRegisterPeriod, RowsAndPositionsDifferByTheFirstShown)
         EXPECT_EQ(reg.rows.GetSelectedRow(), lRow);
     }
     for (const int32_t lRow : {-2, -1, 4}) {
-        EXPECT_FALSE(reg.model.SelectRow(lRow)) << lRow;
-        EXPECT_EQ(reg.Store().GetPosition(), 4) << lRow;
+        EXPECT_FALSE(reg.model.SelectRow(lRow)) << "row " << lRow;
+        EXPECT_EQ(reg.Store().GetPosition(), 4) << "row " << lRow;
     }
     for (const int32_t lRow : {0, 3, 1, 2}) {
         EXPECT_TRUE(reg.model.SetFocusRow(lRow));
@@ -212,7 +212,7 @@ TEST(QMRegisterPeriod, RefreshFromBeforeTheFirstShownWritesAllRows)
     for (const int32_t lFrom : {0, 1, 2}) {
         reg.rows.TakeLog();
         EXPECT_TRUE(reg.model.RefreshRows(lFrom, 0, false));
-        EXPECT_EQ(reg.rows.TakeLog(), (Texts{"decoration 0", "decoration 1"})) << lFrom;
+        EXPECT_EQ(reg.rows.TakeLog(), (Texts{"decoration 0", "decoration 1"})) << "from " << lFrom;
     }
 }
 

@@ -160,7 +160,7 @@ TEST(QMRegisterRefresh, EachBitOfTheMaskWritesItsColumnAlone)
             }
         }
         std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(SortedLog(reg, 0, bit.uBit), expected) << bit.uBit;
+        EXPECT_EQ(SortedLog(reg, 0, bit.uBit), expected) << "bit " << bit.uBit;
     }
 }
 
@@ -208,8 +208,8 @@ TEST(QMRegisterRefresh, NarrowMaskTakesTheOtherDecorationsAway)
     };
     for (const auto& step : aSteps) {
         EXPECT_TRUE(reg.model.RefreshRows(0, step.uMask, false));
-        EXPECT_EQ(reg.rows.GetDecorations(), step.words) << step.uMask;
-        EXPECT_EQ(reg.rows.GetColumn("Description"), before) << step.uMask;
+        EXPECT_EQ(reg.rows.GetDecorations(), step.words) << "mask " << step.uMask;
+        EXPECT_EQ(reg.rows.GetColumn("Description"), before) << "mask " << step.uMask;
     }
 }
 
@@ -244,7 +244,7 @@ TEST(QMRegisterRefresh, DecorationFollowsTheFlags)
     for (const auto& flags : aFlags) {
         reg.At(0).lFlags = flags.uFlags;
         EXPECT_TRUE(reg.model.RefreshRows(0, QM_COLUMN_ALL, false));
-        EXPECT_EQ(reg.rows.GetDecorations(), Words{flags.uWord + 1}) << flags.uFlags;
+        EXPECT_EQ(reg.rows.GetDecorations(), Words{flags.uWord + 1}) << "flags " << flags.uFlags;
     }
 }
 
@@ -323,9 +323,9 @@ TEST(QMRegisterRefresh, StartAtOrPastTheEndIsRefused)
     MixedRegister reg;
     reg.At(0).fAmount = 20;
     for (const int32_t lFrom : {3, 4, INT_MAX}) {
-        EXPECT_FALSE(reg.model.RefreshRows(lFrom, QM_COLUMN_ALL, true)) << lFrom;
-        EXPECT_EQ(reg.rows.TakeLog(), Texts()) << lFrom;
-        EXPECT_EQ(reg.model.GetBalance(true), 14) << lFrom;
+        EXPECT_FALSE(reg.model.RefreshRows(lFrom, QM_COLUMN_ALL, true)) << "from " << lFrom;
+        EXPECT_EQ(reg.rows.TakeLog(), Texts()) << "from " << lFrom;
+        EXPECT_EQ(reg.model.GetBalance(true), 14) << "from " << lFrom;
     }
 }
 

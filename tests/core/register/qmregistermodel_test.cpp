@@ -187,7 +187,7 @@ TEST(QMRegisterModel, RowOutsideTheListIsNotSelected)
     reg.Show();
     reg.Store().First();
     for (const int32_t lRow : {INT_MIN, -1, 3, 4, INT_MAX}) {
-        EXPECT_FALSE(reg.model.SelectRow(lRow)) << lRow;
+        EXPECT_FALSE(reg.model.SelectRow(lRow)) << "row " << lRow;
     }
     EXPECT_EQ(reg.rows.TakeLog(), Texts());
     EXPECT_EQ(reg.Store().GetPosition(), 0);

@@ -336,7 +336,7 @@ TEST(QMRegisterOperations, EditsNothingWithoutASelection)
     reg.Show();
     reg.rows.SetSelection({});
     reg.user.onDialog = [](QMTransactionDialogArgs&) {
-        ADD_FAILURE() << "the dialog ran";
+        ADD_FAILURE() << "the dialog must not run without a selection";
         return true;
     };
     EXPECT_TRUE(reg.operations.EditTransactions());
@@ -618,10 +618,10 @@ TEST(QMRegisterOperations, TaxAndExpenseAreOfferedForFourTypes)
         const bool bOffered = lType == QM_TRANS_CHECK || lType == QM_TRANS_DIRECT_DEBIT ||
                               lType == QM_TRANS_AUTOMATIC_PAYMENT ||
                               lType == QM_TRANS_TRANSFER_DEBIT;
-        EXPECT_EQ(reg.operations.CanToggleTag(QM_TRANS_FLAG_TAX), bOffered) << lType;
-        EXPECT_EQ(reg.operations.CanToggleTag(QM_TRANS_FLAG_EXPENSE), bOffered) << lType;
-        EXPECT_TRUE(reg.operations.CanToggleTag(QM_TRANS_FLAG_VOIDED)) << lType;
-        EXPECT_TRUE(reg.operations.CanToggleTag(uNotCleared)) << lType;
+        EXPECT_EQ(reg.operations.CanToggleTag(QM_TRANS_FLAG_TAX), bOffered) << "type " << lType;
+        EXPECT_EQ(reg.operations.CanToggleTag(QM_TRANS_FLAG_EXPENSE), bOffered) << "type " << lType;
+        EXPECT_TRUE(reg.operations.CanToggleTag(QM_TRANS_FLAG_VOIDED)) << "type " << lType;
+        EXPECT_TRUE(reg.operations.CanToggleTag(uNotCleared)) << "type " << lType;
     }
 }
 

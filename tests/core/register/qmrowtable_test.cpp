@@ -268,13 +268,13 @@ TEST(QMRowTable, TextHasAtMost65535Bytes)
     Prepare(table, 2);
     for (const size_t uLength : {65520, 65527, 65528, 65531, 65532, 65534, 65535}) {
         const std::string sText(uLength, 'x');
-        EXPECT_TRUE(table.SetCellText(0, 0, sText)) << uLength;
-        EXPECT_TRUE(table.GetCellText(0, 0) == sText) << uLength;
+        EXPECT_TRUE(table.SetCellText(0, 0, sText)) << "length " << uLength;
+        EXPECT_TRUE(table.GetCellText(0, 0) == sText) << "length " << uLength;
     }
     EXPECT_TRUE(table.SetCellText(1, 1, "stays"));
     for (const size_t uLength : {65536, 65537, 131072, 200000}) {
-        EXPECT_FALSE(table.SetCellText(1, 1, std::string(uLength, 'y'))) << uLength;
-        EXPECT_EQ(table.GetCellText(1, 1), "stays") << uLength;
+        EXPECT_FALSE(table.SetCellText(1, 1, std::string(uLength, 'y'))) << "length " << uLength;
+        EXPECT_EQ(table.GetCellText(1, 1), "stays") << "length " << uLength;
     }
 }
 
@@ -283,14 +283,14 @@ TEST(QMRowTable, CellsOutsideTheTableAreRefused)
     QMRowTable table;
     Prepare(table, 3);
     for (const int32_t lRow : {INT_MIN, -1, 3, 4, INT_MAX}) {
-        EXPECT_FALSE(table.SetCellText(lRow, 0, "a")) << lRow;
-        EXPECT_FALSE(table.SetDecoration(lRow, 1)) << lRow;
-        EXPECT_EQ(table.GetCellText(lRow, 0), "") << lRow;
-        EXPECT_EQ(table.GetDecoration(lRow), 0U) << lRow;
+        EXPECT_FALSE(table.SetCellText(lRow, 0, "a")) << "row " << lRow;
+        EXPECT_FALSE(table.SetDecoration(lRow, 1)) << "row " << lRow;
+        EXPECT_EQ(table.GetCellText(lRow, 0), "") << "row " << lRow;
+        EXPECT_EQ(table.GetDecoration(lRow), 0U) << "row " << lRow;
     }
     for (const int32_t lColumn : {INT_MIN, -1, 11, 12, INT_MAX}) {
-        EXPECT_FALSE(table.SetCellText(0, lColumn, "a")) << lColumn;
-        EXPECT_EQ(table.GetCellText(0, lColumn), "") << lColumn;
+        EXPECT_FALSE(table.SetCellText(0, lColumn, "a")) << "column " << lColumn;
+        EXPECT_EQ(table.GetCellText(0, lColumn), "") << "column " << lColumn;
     }
     ExpectSame(table, EmptyRows(3));
 }
@@ -320,7 +320,7 @@ TEST(QMRowTable, OneRowIsSelectedAtATime)
         EXPECT_EQ(table.GetSelectedCount(), 1);
     }
     for (const int32_t lRow : {INT_MIN, -1, 3, INT_MAX}) {
-        EXPECT_FALSE(table.SelectRow(lRow)) << lRow;
+        EXPECT_FALSE(table.SelectRow(lRow)) << "row " << lRow;
     }
 }
 

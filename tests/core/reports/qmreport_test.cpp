@@ -216,7 +216,7 @@ TEST(Report, EveryKindHasADateColumnForTheWordsDateCleared)
         report.SetGroup(QM_REPORT_ALL_GROUPS);
         VRect page = {0, 0, 651, 0};
         ASSERT_TRUE(report.Measure(uKind, recorder, page, {}));
-        EXPECT_EQ(report.GetLayout().lDateWidth, lWidth) << uKind;
+        EXPECT_EQ(report.GetLayout().lDateWidth, lWidth) << "kind " << uKind;
     }
 }
 

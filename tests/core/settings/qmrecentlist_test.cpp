@@ -371,7 +371,7 @@ TEST(QMRecentList, LongRandomUseOfMoreFilesThanSlotsFollowsThePlainModel)
         const bool bAdd = random() % 4 != 0;
         const Slots expected = bAdd ? WithAdded(slots, sPath) : WithRemoved(slots, sPath);
         slots = bAdd ? AfterAdding(slots, sPath) : AfterRemoving(slots, sPath);
-        ASSERT_EQ(Describe(slots), Describe(expected)) << n;
+        ASSERT_EQ(Describe(slots), Describe(expected)) << "index " << n;
         // These files, each once, and free slots after them.
         const std::set<Slot> files(slots.begin(), slots.begin() + CountIn(slots));
         ASSERT_EQ(files.size(), static_cast<size_t>(CountIn(slots)));

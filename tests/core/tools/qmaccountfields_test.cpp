@@ -25,7 +25,7 @@ const QMAccountField& FieldOf(int nControl)
         }
     }
     static const QMAccountField none = {};
-    ADD_FAILURE() << "no field " << nControl;
+    ADD_FAILURE() << "no field has the control " << nControl;
     return none;
 }
 

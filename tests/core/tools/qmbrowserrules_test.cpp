@@ -61,8 +61,8 @@ TEST(QMProgramOfCommand, TakesWhatStandsBetweenQuotes)
 {
     EXPECT_EQ(ProgramOf("\"C:\\My Programs\\Browser.exe\" -url \"%1\"", {}),
               "c:\\my programs\\browser.exe");
-    EXPECT_TRUE(g_asked.empty()) << "whether it exists is asked later";
-    EXPECT_EQ(ProgramOf("\"c:\\open", {}), "c:\\open") << "without the second quote";
+    EXPECT_TRUE(g_asked.empty()) << "a path in quotes must not be looked up here";
+    EXPECT_EQ(ProgramOf("\"c:\\open", {}), "c:\\open") << "the second quote may be missing";
     EXPECT_EQ(ProgramOf("\"", {}), "");
     EXPECT_EQ(ProgramOf("\"\" x", {}), "");
 }

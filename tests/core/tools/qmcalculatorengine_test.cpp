@@ -47,10 +47,10 @@ TEST(QMCalculatorEngine, KnowsItsOwnCommandsOnly)
 {
     QMCalculatorEngine engine;
     for (const int32_t nCommand : {0, 300, 11099, 11125, -1, 10101}) {
-        EXPECT_FALSE(engine.Press(nCommand)) << nCommand;
+        EXPECT_FALSE(engine.Press(nCommand)) << "command " << nCommand;
     }
     for (int32_t nCommand = 11100; nCommand <= 11124; ++nCommand) {
-        EXPECT_TRUE(engine.Press(nCommand)) << nCommand;
+        EXPECT_TRUE(engine.Press(nCommand)) << "command " << nCommand;
     }
 }
 
@@ -68,7 +68,8 @@ TEST(QMCalculatorEngine, ShowsSixSignificantDigits)
 {
     EXPECT_EQ(Shown("1234567"), "1.23457e+06.");
     Calculator calculator;
-    EXPECT_EQ(calculator.Press("1234567-1234566="), "1.") << "the value keeps its digits";
+    EXPECT_EQ(calculator.Press("1234567-1234566="), "1.")
+        << "the value must keep the digits that the display does not show";
     EXPECT_EQ(Shown("2/3="), "0.666667");
 }
 
@@ -76,7 +77,8 @@ TEST(QMCalculatorEngine, ShowsNoPointBeyondThirtyTwoBits)
 {
     EXPECT_EQ(Shown("2147483647"), "2.14748e+09.");
     EXPECT_EQ(Shown("2147483648"), "2.14748e+09");
-    EXPECT_EQ(Shown("2147483648n"), "-2.14748e+09.") << "the least whole number of 32 bits";
+    EXPECT_EQ(Shown("2147483648n"), "-2.14748e+09.")
+        << "this is the least number of 32 bits, so it has a point";
     EXPECT_EQ(Shown("2147483649n"), "-2.14748e+09");
 }
 
@@ -93,7 +95,7 @@ TEST(QMCalculatorEngine, SurvivesNumbersWithoutEnd)
 {
     EXPECT_EQ(Shown(std::string(309, '9')), "inf");
     EXPECT_EQ(Shown(std::string(309, '9') + "b").substr(0, 3), "inf")
-        << "nothing to read in \"in\"";
+        << "Back leaves \"in\", which is no number, so the entry must stay";
     // The longest text that the display can have.
     const std::string sLong = Shown(std::string(308, '9') + ".12345678901234");
     EXPECT_EQ(sLong.size(), 308U + 1 + 14);
@@ -123,7 +125,7 @@ TEST(QMCalculatorEngine, IgnoresTheFifteenthDigitBehindThePoint)
 TEST(QMCalculatorEngine, MovesThePlaceByAZero)
 {
     EXPECT_EQ(Shown("1.05"), "1.05");
-    EXPECT_EQ(Shown("n.0"), "-0.0") << "a zero adds nothing, not even a sign";
+    EXPECT_EQ(Shown("n.0"), "-0.0") << "a zero after the point must not change the sign";
 }
 
 TEST(QMCalculatorEngine, TakesASecondPointForNothing)
@@ -203,8 +205,8 @@ TEST(QMCalculatorEngine, StartsAnewAfterEqualsButForTheOperator)
     EXPECT_EQ(calculator.Press("2+3=7"), "7.");
     EXPECT_EQ(calculator.Get().GetAccumulator(), 0);
     EXPECT_EQ(calculator.Get().GetEntry(), 7);
-    EXPECT_EQ(calculator.Press("="), "7.") << "0 + 7";
-    EXPECT_EQ(Shown("2*3=7="), "0.") << "0 * 7";
+    EXPECT_EQ(calculator.Press("="), "7.") << "the next = must add 7 to 0";
+    EXPECT_EQ(Shown("2*3=7="), "0.") << "the next = must multiply 0 by 7";
     EXPECT_EQ(Shown("2+3=.5"), "0.5");
 }
 
@@ -247,7 +249,7 @@ TEST(QMCalculatorEngine, ClearsAnEntryAndKeepsItsPlaces)
     EXPECT_EQ(Shown("1.25e"), "0.00");
     EXPECT_EQ(Shown("1.25e7"), "0.007");
     EXPECT_EQ(Shown("2+3e4="), "6.");
-    EXPECT_EQ(Shown("2+3=e="), "5.") << "nothing is added";
+    EXPECT_EQ(Shown("2+3=e="), "5.") << "after CE there is no operand to add";
 }
 
 TEST(QMCalculatorEngine, ClearsAllButTheMemory)
@@ -256,18 +258,18 @@ TEST(QMCalculatorEngine, ClearsAllButTheMemory)
     EXPECT_EQ(calculator.Press("5s3+4C"), "0.");
     EXPECT_EQ(calculator.Get().GetAccumulator(), 0);
     EXPECT_EQ(calculator.Get().GetMemory(), 5);
-    EXPECT_EQ(calculator.Press("9="), "9.") << "no operator waits";
+    EXPECT_EQ(calculator.Press("9="), "9.") << "C must remove the pending operator";
 }
 
 // Kept: the sign of the finished calculation outlives C, so Back does nothing.
 TEST(QMCalculatorEngine, KeepsTheSignOfEqualsThroughClear)
 {
     EXPECT_EQ(Shown("2+3=C5"), "5.");
-    EXPECT_EQ(Shown("1s2+3=Cr5"), "5.") << "a digit clears the recalled entry";
+    EXPECT_EQ(Shown("1s2+3=Cr5"), "5.") << "a digit must replace the recalled entry";
     EXPECT_EQ(Shown("1.25sC"
                     "rb"),
               "1.2")
-        << "without it Back works";
+        << "without a finished calculation Back must work";
     EXPECT_EQ(Shown("1.25s2+3=Crb"), "1.25");
 }
 
@@ -287,7 +289,8 @@ TEST(QMCalculatorEngine, KeepsTheEntryInMemory)
 {
     Calculator calculator;
     calculator.Press("2+3=p");
-    EXPECT_EQ(calculator.Get().GetMemory(), 3) << "the entry, not the result on show";
+    EXPECT_EQ(calculator.Get().GetMemory(), 3)
+        << "M+ must take the entry, not the result on the display";
     EXPECT_TRUE(calculator.Get().HasMemory());
     calculator.Press("p");
     EXPECT_EQ(calculator.Get().GetMemory(), 6);
@@ -308,7 +311,7 @@ TEST(QMCalculatorEngine, TellsAnEmptyMemory)
     EXPECT_EQ(calculator.Get().GetMemory(), 0);
     EXPECT_FALSE(calculator.Get().HasMemory());
     calculator.Press("5s0s");
-    EXPECT_TRUE(calculator.Get().HasMemory()) << "50";
+    EXPECT_TRUE(calculator.Get().HasMemory()) << "5s0s puts 50 into the memory";
     calculator.Press("es");
     EXPECT_FALSE(calculator.Get().HasMemory());
 }
@@ -316,9 +319,11 @@ TEST(QMCalculatorEngine, TellsAnEmptyMemory)
 TEST(QMCalculatorEngine, RecallsTheMemoryIntoTheEntry)
 {
     EXPECT_EQ(Shown("5sC7+r="), "12.");
-    EXPECT_EQ(Shown("5sC7+r+2="), "9.") << "no entry was begun, so the next operator replaces";
+    EXPECT_EQ(Shown("5sC7+r+2="), "9.")
+        << "MR begins no entry, so the next operator must replace the pending one";
     EXPECT_EQ(Shown("5sC7+0r+2="), "14.");
     EXPECT_EQ(Shown("5sCr"), "5.");
-    EXPECT_EQ(Shown("5sCr1"), "51.") << "digits go on behind it";
-    EXPECT_EQ(Shown("2.5sC1.00r"), "2.50") << "in the places of the entry";
+    EXPECT_EQ(Shown("5sCr1"), "51.") << "a digit must be appended to the recalled number";
+    EXPECT_EQ(Shown("2.5sC1.00r"), "2.50")
+        << "the number must be shown with the decimals of the entry";
 }

@@ -36,7 +36,7 @@ TEST(QMPasswordCheck, IsSpentByThreeWrongEntries)
     EXPECT_FALSE(check.Accepts(""));
     EXPECT_FALSE(check.IsSpent());
     EXPECT_TRUE(check.Accepts("abc"));
-    EXPECT_FALSE(check.IsSpent()) << "a right one does not count";
+    EXPECT_FALSE(check.IsSpent()) << "a right entry must not count as a wrong one";
     EXPECT_FALSE(check.Accepts("y"));
     EXPECT_TRUE(check.IsSpent());
 }
