@@ -14,7 +14,8 @@ SAFE = b"abcdefghijklmnopqrstuvwxyzABCXYZ0123456789 .:;!?*+=/#@_-"
 
 
 def plain_entries(count: int, seed: int = 11) -> list[Entry]:
-    """Valid entries of all types and tags, not in order, with texts that every format can hold."""
+    """Valid entries of all types and tags, not in the order of their dates, with texts that every
+    format can hold."""
     source = random.Random(seed)
 
     def text(longest: int) -> bytes:
@@ -32,7 +33,8 @@ def plain_entries(count: int, seed: int = 11) -> list[Entry]:
 
 
 def shown(entries: Iterable[Entry]) -> list[dict[str, Any]]:
-    """The fields that `list` prints of entries, in the register's order; amounts are singles."""
+    """The fields that `list` prints of entries, in the order of the register; amounts are of single
+    precision."""
     return [{"lType": entry.type, "dtDate": list(entry.day), "lNumber": entry.number,
              "fAmount": "%.9g" % rules.as_single(entry.amount), "lFlags": entry.flags,
              "dtCleared": list(entry.cleared or entry.day),

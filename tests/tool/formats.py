@@ -1,5 +1,5 @@
-"""The exchange formats, written a second time: what their writers write of an account's entries,
-byte for byte, and what their readers make of a file."""
+"""A second statement of the exchange formats, to compare the program with: the bytes that each
+writer makes of the entries of an account, and the entries that each reader makes of a file."""
 
 import re
 import xml.etree.ElementTree as ElementTree
@@ -100,7 +100,7 @@ def write_csv(entries: Iterable[Entry]) -> bytes:
 
 
 def escaped(text: bytes) -> bytes:
-    """Of several ampersands only the first is replaced."""
+    """Replaces only the first of several ampersands."""
     text = text.replace(b"&", b"&amp;", 1).replace(b"<", b"&lt;").replace(b">", b"&gt;")
     return text.replace(b"'", b"&apos;").replace(b'"', b"&quot;")
 
@@ -131,7 +131,7 @@ WRITERS: dict[str, Callable[[Iterable[Entry]], bytes]] = {
 
 
 def in_order(entries: Iterable[Entry]) -> list[Entry]:
-    """By date. Nothing is mended: that is done when an account file is read."""
+    """The entries by date. An import corrects nothing; only the reader of account files does."""
     return sorted(entries, key=lambda entry: entry.day)
 
 
@@ -162,7 +162,7 @@ def with_payee(entry: Entry, text: bytes) -> Entry:
 
 
 def settled(entry: Entry) -> Entry:
-    """The end of a record in QIF and CSV: the sign of the amount decides on debit or credit."""
+    """Ends a record in QIF and CSV: the sign of the amount decides between debit and credit."""
     if entry.amount > 0:
         number = entry.type if entry.type in CREDITS else 1
     elif entry.type == 0:
@@ -217,7 +217,7 @@ def read_csv(data: bytes) -> list[Entry]:
 
 
 def read_xml(data: bytes) -> list[Entry]:
-    """Values are taken as they are: no rule changes them."""
+    """Takes the values as they are; no rule changes them."""
     text = re.sub(rb"<!DOCTYPE.*?\]>", b"", data, flags=re.DOTALL)
     return [xml_entry(element) for element in ElementTree.fromstring(text)]
 

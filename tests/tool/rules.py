@@ -1,4 +1,4 @@
-"""The rules of the register, written a second time to compare the program with them."""
+"""A second statement of the rules of the register, to compare the program with."""
 
 import struct
 import unicodedata
@@ -16,7 +16,7 @@ CREDITS = {1, 4, 6, 9, 11}
 VOIDED, EXPENSE, TAX, NOT_CLEARED = 1, 2, 4, 16
 TAG_LETTERS = ((VOIDED, b"V"), (EXPENSE, b"E"), (TAX, b"T"), (NOT_CLEARED, b"NC"))
 
-# Characters that stand between others and take no room, and the hyphen that a terminal shows.
+# Characters that take no column of a terminal, and the soft hyphen, which takes one.
 ZERO_WIDTH = "\u200b\u200c\u200d"
 SOFT = "\xad"
 
@@ -151,7 +151,7 @@ def register_of(entries: Iterable[Entry], version: int = V2_0, cleared_balance: 
 
 
 def shown_character(character: str) -> str:
-    """The character as a terminal gets it: never a command."""
+    """The character as a terminal may get it, so that it is never a command."""
     code = ord(character)
     if code < 0x20 or code == 0x7F:
         return chr(0x2400 + code if code < 0x20 else 0x2421)
@@ -162,14 +162,14 @@ def shown_character(character: str) -> str:
 
 
 def shown(text: bytes, encoding: str = "cp1252") -> str:
-    """The characters of a text; a byte that is none is shown as its number."""
+    """The characters of a text. A byte that is no character becomes its number."""
     decoded = text.decode(encoding, "surrogateescape")
     return "".join(f"\\x{ord(one) - 0xDC00:02X}" if 0xDC80 <= ord(one) <= 0xDCFF
                    else shown_character(one) for one in decoded)
 
 
 def columns_of(text: str) -> int:
-    """The columns of a terminal that characters take."""
+    """How many columns of a terminal the characters take."""
     def width(one: str) -> int:
         if unicodedata.category(one) in ("Mn", "Me") or one in ZERO_WIDTH:
             return 0
@@ -204,7 +204,7 @@ ORDER_GUESSED = b", month and day perhaps exchanged: every day is below 13 (see 
 
 
 def order_note(days: Iterable[Day]) -> bytes:
-    """What is told of dates that were read month first, when nothing in them proves it."""
+    """The remark about dates that were read month first when no day above 12 proves that order."""
     told = [day for day in days if day != Day(2000, 1, 1) and 1 <= day.month <= 12]
     doubtful = any(day.day != day.month for day in told) and all(day.day < 13 for day in told)
     return ORDER_GUESSED if doubtful else b""

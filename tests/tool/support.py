@@ -48,7 +48,7 @@ V1_0, V1_1, V2_0 = make_sample.FORMATS.values()
 PREFIX_SIZE = 16
 FRONT_SIZE = PREFIX_SIZE + make_sample.HEADER_SIZE + 4
 
-# The names of the header's fields, in the file's order, as make_sample.HEADER_FIELDS are.
+# The names of the fields of the header, in the order of the file and of make_sample.HEADER_FIELDS
 HEADER_KEYS = (
     "szAccountNumber", "dtOpened", "fMinimumBalance", "bReadOnly", "szPassword", "szBankName",
     "szBankAddress", "szBankCity", "szBankState", "szBankZip", "szBankPhone", "szBankHomepage",
@@ -67,7 +67,7 @@ posix_only = unittest.skipIf(
 
 
 class Day(NamedTuple):
-    """A date that need not exist in the calendar. Compares by year, month and day."""
+    """A date that need not exist in the calendar. Dates compare by year, month and day."""
     year: int
     month: int
     day: int
@@ -93,7 +93,7 @@ class Entry:
         return transaction.encode(version)
 
 
-# make_sample.py refuses values that a file does not give back unchanged. Tests need such values.
+# make_sample.py refuses values that a reader does not get back unchanged. Tests need such values.
 ANY_VALUE = {
     "require_kept": lambda region, what: None,
     "pack_amount": lambda amount: struct.pack("<f", amount),
@@ -163,15 +163,16 @@ def run(*words: Path | str, **options: Any) -> Result:
     arguments = tuple(map(program_path, words))
     result = start(arguments, options)
     if UNDER_WINE and (result.code, result.out, result.err) == (1, b"", b""):
-        # qmktool never ends with 1 and without a word. Wine 8 does, a few times in ten thousand
-        # starts on a machine under load, where it fails to start the program at all.
+        # qmktool never ends with code 1 without a message. On a machine under load, Wine 8 does in
+        # a few of ten thousand starts, because it fails to start the program.
         print(f"Wine did not start {result}; it is started once more", file=sys.__stderr__)
         result = start(arguments, options)
     return result
 
 
 def start(arguments: tuple[str, ...], options: dict[str, Any]) -> Result:
-    # Files, not pipes: Wine's services keep running after the program and would keep a pipe open.
+    # The output goes to files, not to pipes. Wine's services run on after the program has ended,
+    # and would keep a pipe open.
     with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
         settings = {"stdin": subprocess.DEVNULL, "stdout": out, "stderr": err, "timeout": LIMIT_S,
                     "check": False, **options}
@@ -232,8 +233,8 @@ class ToolTestCase(unittest.TestCase):
         return self.write(name, make_account(entries, **options))
 
     def words_for(self, command: str, file: Path | str, out: str = "refused-out.qmk") -> list[Any]:
-        """The command with this account; convert gets an OUT that does not exist, import
-        shows what a file of one transaction would add."""
+        """Runs the command with this account. convert gets an OUT that does not exist; import gets
+        a file of one transaction and --dry-run."""
         if command == "import":
             return [command, ONE_RECORD, file, "--dry-run"]
         return [command, file] + ([self.folder / out] if command == "convert" else [])
@@ -251,7 +252,8 @@ class ToolTestCase(unittest.TestCase):
         self.assertEqual(result.out, b"", str(result))
 
     def assert_refused(self, result: Result, file: Path | str, reason: str = "") -> None:
-        """One line that names the file and says why, and nothing else."""
+        """The program must refuse: it prints one line that names the file and the reason, and
+        nothing else."""
         self.assert_one_error_line(result, REFUSED)
         self.assertEqual(result.out, b"", str(result))
         name = os.fsencode(program_path(file))
@@ -265,7 +267,7 @@ class ToolTestCase(unittest.TestCase):
 
     @contextlib.contextmanager
     def small_volume(self) -> Iterator[Path]:
-        """A folder that is a volume of 256 KiB; skips where none can be mounted."""
+        """A folder that is a volume of 256 KiB. Skips the test if none can be mounted."""
         folder = self.folder / "volume"
         folder.mkdir()
         mount = ["mount", "-t", "tmpfs", "-o", "size=256k,mode=755", "tmpfs", str(folder)]
@@ -279,7 +281,8 @@ class ToolTestCase(unittest.TestCase):
             subprocess.run(["umount", str(folder)], check=True)
 
     def options_of_other_user(self) -> dict[str, Any]:
-        """Options of run for a user without special rights; skips where there is none to be had."""
+        """Options of `run` for a user without special rights. Skips the test if there is no such
+        user."""
         if not IS_ROOT:
             return {}
         options = {"user": NOBODY, "group": NOBODY, "extra_groups": []}

@@ -10,7 +10,7 @@ from typing import NamedTuple
 from rules import ORDER_GUESSED
 from support import SAMPLE, ToolTestCase, cases, run
 
-# Date, type, check number, amount and description of what every file holds.
+# Date, type, check number, amount and description of the entries in every file
 RENT = ([2024, 3, 4], 2, 0, 1250.0, "Rent, March")
 WAGE = ([2024, 3, 15], 1, 0, 2500.5, "Wage")
 CHECK = ([2024, 3, 28], 0, 1001, 75.25, "Books")
@@ -179,7 +179,8 @@ class Banks(ToolTestCase):
                 self.assertEqual(self.rows(), list(bank.rows))
 
     def test_the_proposed_profile_reads_the_same(self) -> None:
-        """Only what no file can tell must be decided: the order of dates, and the sign of a card."""
+        """A user must decide only what no file can tell: the order of dates, and the sign of a
+        card."""
         for name, bank in cases(BANKS.items()):
             with self.subTest(name):
                 source = self.write(bank.name, bank.data)

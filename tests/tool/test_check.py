@@ -1,4 +1,4 @@
-"""qmktool check: which accounts it calls sound, and what it finds in others."""
+"""qmktool check: which accounts it finds in order, and what it finds in others."""
 
 import math
 import struct

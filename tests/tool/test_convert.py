@@ -1,4 +1,4 @@
-"""qmktool convert: the bytes it writes, and what it leaves alone when it cannot."""
+"""qmktool convert: the bytes that it writes, and that it leaves files alone when it fails."""
 
 import itertools
 import os
@@ -64,7 +64,7 @@ class ConvertTestCase(ToolTestCase):
 
     def assert_kept(self, result: Result, reason: str, kept: bytes = OLD_BYTES,
                     out: Path | None = None) -> None:
-        """Refused because of OUT. OUT is unchanged, and there is no new file beside it."""
+        """The program must refuse because of OUT, leave it as it is, and make no file beside it."""
         out = out or self.out
         names = {"in.qmk", out.name} if out.parent == self.folder else {out.name}
         self.assert_refused(result, out, reason)
@@ -73,7 +73,7 @@ class ConvertTestCase(ToolTestCase):
 
 
 class Bytes(ConvertTestCase):
-    """Compared with files that make_sample's encoder writes."""
+    """Compares the output with files that the encoder of make_sample writes."""
 
     def test_the_same_version_without_a_format(self) -> None:
         for version in cases((V1_0, V1_1, 5000, 8191, V2_0)):
@@ -287,7 +287,7 @@ class NeverHalfWritten(ConvertTestCase):
         self.source = self.write("in.qmk", self.data)
 
     def limit_file_size(self, **settings: Any) -> Result:
-        """Converts while no file can grow to the size that must be written."""
+        """Converts under a limit of the file size that is too small for the output."""
         limit = (len(self.data) // 2, len(self.data) // 2)
         return self.convert(self.source, "--force", **settings,
                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, limit))
@@ -304,7 +304,8 @@ class NeverHalfWritten(ConvertTestCase):
             self.assert_kept(self.convert(self.source, "--force"), "not enough room")
 
     def test_a_limit_of_the_file_size(self) -> None:
-        # This process ignores the signal that comes with the limit, and the program inherits that.
+        # The system sends SIGXFSZ when a file reaches the limit. This process ignores it, and the
+        # program inherits that.
         result = self.limit_file_size(restore_signals=False)
         self.assert_refused(result, self.out, "not enough room")
         self.assertEqual(self.names_in_folder(), ["in.qmk"])

@@ -20,7 +20,7 @@ LAST_IS_UNKNOWN = ("the last transaction is of an unknown type, and an XML file 
 
 
 class OutOfAnAccount(ExchangeTestCase):
-    """Compared with the bytes that the format's rules give."""
+    """Compares the output with the bytes that the rules of the format give."""
 
     def assert_writes(self, entries: list[Entry], kinds: Iterable[str] = KINDS) -> None:
         account = self.write_account("in.qmk", entries)
@@ -43,7 +43,7 @@ class OutOfAnAccount(ExchangeTestCase):
                                  WRITERS[kind](entries))
 
     def test_one_record_of_each_as_it_stands_in_the_file(self) -> None:
-        """The same once more without a rule in between."""
+        """The same, with the bytes spelled out."""
         entries = [Entry(0, Day(2004, 3, 4), 1001, 12.5, 0, Day(2004, 3, 9), b"Oak Street",
                          b"gate hinges", b"House"),
                    Entry(4, Day(2004, 11, 15), 7, 1234.565, 18, None, b"Pay")]
@@ -146,7 +146,7 @@ class Obstacles(ExchangeTestCase):
                          b"qmktool: cannot export 'in.qmk': the account has no transactions\n")
 
     def test_a_last_transaction_that_is_voided(self) -> None:
-        """The last one of the register, wherever it stands in the file."""
+        """The last one by date counts, wherever it is in the file."""
         voided = Entry(flags=VOIDED | NOT_CLEARED, day=Day(2004, 5, 1))
         for entries in ([voided], [Entry(), voided], [voided, Entry()]):
             with self.subTest(count=len(entries)):
@@ -163,7 +163,7 @@ class Obstacles(ExchangeTestCase):
         self.assertEqual(self.assert_converts(account, "out.qif"), formats.write_qif(entries))
 
     def test_a_last_transaction_of_an_unknown_type(self) -> None:
-        """The last one of the register, wherever it stands in the file."""
+        """The last one by date counts, wherever it is in the file."""
         unknown = Entry(type=77, day=Day(2004, 5, 1))
         for entries in ([unknown], [Entry(), unknown], [unknown, Entry()]):
             with self.subTest(count=len(entries)):
@@ -287,7 +287,7 @@ class BetweenExchangeFormats(ExchangeTestCase):
                                      WRITERS[wanted](held))
 
     def test_a_round_trip_of_the_household_through_XML(self) -> None:
-        """Lost are only the descriptions of types other than check, and hidden numbers."""
+        """Only the descriptions of types other than check and their hidden numbers get lost."""
         self.assert_converts(SAMPLE, "out.xml")
         self.assert_converts(self.folder / "out.xml", "back.qmk")
         rows = [run("list", file, "--json").json()["rows"]

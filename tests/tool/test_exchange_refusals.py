@@ -1,5 +1,5 @@
-"""qmktool convert with exchange files that it does not take, that are hostile, or that it cannot
-write."""
+"""qmktool convert with exchange files that it refuses, with hostile ones, and with ones that it
+cannot write."""
 
 import os
 import random
@@ -22,7 +22,7 @@ if not IS_WINDOWS:
 class Refused(ExchangeTestCase):
 
     def assert_all_refuse(self, source: Path, reason: str, **settings: Any) -> None:
-        """Into every kind of file; nothing is left behind."""
+        """Converts into every kind of file. The program must refuse and leave no file behind."""
         names = self.names_in_folder()
         for out in cases(("out.qmk", *(f"out.{kind}" for kind in KINDS))):
             with self.subTest(source.name, out=out):
@@ -95,7 +95,7 @@ class Hostile(ExchangeTestCase):
         letters = b"CDLMNPT^!,\"'\r\n\t/-.$[]0123456789" * 3 + bytes(range(256))
         for index in cases(range(12)):
             kind = ("qif", "csv")[index % 2]
-            # The last record is a good one: a file without any is refused.
+            # The last record is a good one, because the program refuses a file without any.
             data = (b"Date,Payee,Amount\n" + bytes(source.choices(letters, k=20000))
                     + (b"\n^\nD1/2/2004\nT5\n^\n" if kind == "qif" else b"\n1/2/2004,x,5\n"))
             with self.subTest(kind, index=index):
@@ -115,7 +115,7 @@ class Hostile(ExchangeTestCase):
                 self.assert_done(run("list", self.folder / "out.qmk", "--json")).json()
 
     def test_numbers_of_all_sizes(self) -> None:
-        """An amount beyond the single precision is infinite and no figure."""
+        """An amount too large for single precision becomes infinite and is shown as no number."""
         cells = (b"1e39", b"-1e39", b"nan", b"inf", b"0x10", b"1e-50", b"--5", b"5-", b"$5")
         data = b"Date,Amount\n" + b"".join(b"1/%d/2004,%s\n" % (day, cell)
                                            for day, cell in enumerate(cells, 1))
@@ -189,7 +189,7 @@ class Replacing(ExchangeTestCase):
         self.assertEqual(self.names_in_folder(self.folder / "out.csv"), [])
 
     def test_what_others_stage_beside_it_stays(self) -> None:
-        """As a run that was killed leaves it, or one at the same time."""
+        """Such a file comes from a run that was killed, or from one that runs at the same time."""
         self.write("out.csv.part-1", OLD_BYTES)
         (self.folder / "out.csv.part-2").mkdir()
         self.assert_done(self.convert())

@@ -1,5 +1,5 @@
-"""Every example of a report in the help is real: the command in the comment before it gives the
-lines that the page shows, but for runs of empty lines, which the page cuts to one."""
+"""Checks that every example of a report in the help is real. The command in the comment before the
+example must print the lines that the page shows. The page shows several empty lines as one."""
 
 import html
 import re

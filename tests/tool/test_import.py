@@ -31,20 +31,20 @@ NEW = [Entry(1, Day(2004, 2, 1), 0, 5.0, NOT_CLEARED, None, b""),
 
 
 def look(entry: Entry) -> tuple[Any, ...]:
-    """What makes two transactions look the same."""
+    """The values by which two transactions count as the same."""
     return (entry.day, rules.as_single(entry.amount) * (-1 if entry.type in rules.DEBITS else 1),
             entry.number if entry.type == 0 else 0, entry.description.removeprefix(b" - "))
 
 
 def told(old: list[Entry], new: list[Entry], source: Path) -> bytes:
-    """What the last line says after the count."""
+    """The text of the last line after the count."""
     known = sum((Counter(map(look, old)) & Counter(map(look, new))).values())
     days = [entry.day for entry in new]
     counts = ((sum(not 1 <= day.month <= 12 for day in days), b"without a date"),
               (days.count(Day(2000, 1, 1)), b"of 1/1/2000, as those without a date are"),
               (sum(entry.amount == 0 for entry in new), b"without an amount"))
     text = b"".join(b", %d %s" % (count, what) for count, what in counts if count)
-    # The program's own files have the month first.
+    # Files that the program writes have the month first.
     own = source.suffix == ".xml" or source.read_bytes().startswith(formats.CSV_HEADER)
     text += b"" if own else rules.order_note(days)
     return text + (b", %d that it seems to have already" % known if known else b"")
@@ -62,7 +62,7 @@ class ImportTestCase(ToolTestCase):
 
     def assert_imports(self, entries: Iterable[Entry], count: int, header: Any = None,
                        **settings: Any) -> None:
-        """The account's bytes are those of the entries, in the order of the register."""
+        """The account file must have the bytes of the entries, in the order of the register."""
         result = self.assert_done(run("import", self.source.name, self.account.name,
                                       cwd=self.folder, **settings))
         every = list(entries)
@@ -121,7 +121,8 @@ class Merged(ImportTestCase):
         self.assert_imports([*OLD, Entry(2, Day(2000, 1, 1), 0, 5.0, NOT_CLEARED, None, b"")], 1)
 
     def test_known_ones_are_left_out_when_told_to(self) -> None:
-        """Each that the account has answers for one of the file: twins stay."""
+        """Each transaction of the account excludes one equal transaction of the file. The second of
+        two equal ones is imported if the account has only one."""
         self.source.write_bytes(NEW_QIF + NEW_QIF[11:])
         result = self.assert_done(self.run_import("--skip-known"))
         self.assertTrue(result.out.endswith(b", 1 that it seems to have already left out\n"))
@@ -191,7 +192,7 @@ class Merged(ImportTestCase):
                 self.assertEqual(self.account.read_bytes(), before)
 
     def test_nothing_to_import_leaves_the_account_as_it_is(self) -> None:
-        """Not even an older format is brought up to date."""
+        """The file must not change, not even from an older format to 2.0."""
         for version in (V1_0, V2_0):
             data = make_account(OLD, version, HEADER)
             self.account.write_bytes(data)

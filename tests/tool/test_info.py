@@ -10,7 +10,7 @@ from support import (FIELD_BY_KEY, HEADER_KEYS, SAMPLE, V1_0, V1_1, V2_0, Day, E
 JSON_KEYS = ["bHasPassword" if key == "szPassword" else key for key in HEADER_KEYS]
 NEVER_SHOWN = ("szPassword",)
 
-# A value of its own for every field.
+# A different value for every field
 FULL_HEADER: dict[str, Any] = {
     "szAccountNumber": b"00-11-22", "dtOpened": Day(1999, 12, 31), "fMinimumBalance": 250.25,
     "bReadOnly": 1, "szPassword": b"", "szBankName": b"Bank", "szBankAddress": b"1 Street",
@@ -27,7 +27,7 @@ FULL_HEADER: dict[str, Any] = {
     "dtPeriodFrom": Day(2004, 2, 29), "dtPeriodTo": Day(65535, 65535, 65535),
 }
 
-# bytes of a text, and how it stands in the JSON
+# The bytes of a text, and the text in the JSON
 ESCAPES = {
     b'say "no"': rb'"say \"no\""',
     b"C:\\new": rb'"C:\\new"',

@@ -24,7 +24,7 @@ ODD_DAYS = (Day(2004, 13, 40), Day(1, 0, 0), Day(65535, 65535, 65535), Day(2100,
 
 
 class RandomEntries:
-    """Entries of all kinds, sound and not, always the same for one seed."""
+    """Entries of all kinds, valid and not; the same seed gives the same entries."""
 
     def __init__(self, seed: int) -> None:
         self._random = random.Random(seed)
@@ -83,7 +83,7 @@ class ListTestCase(ToolTestCase):
 
     def assert_lists(self, entries: list[Entry], *options: str, version: int = V2_0,
                      **expected: Any) -> Result:
-        """Both forms of the listing are what the rules say."""
+        """The text and the JSON must be what the rules give."""
         file = self.write_account(entries=entries, version=version)
         register = rules.register_of(entries, version, **expected)
         result = self.listed(file, "--json", *options)
@@ -130,7 +130,7 @@ class RandomAccounts(ListTestCase):
 
 
 class Columns(ListTestCase):
-    """The cases of the rules by name, with their texts spelled out."""
+    """Each rule in a test of its own, with the texts spelled out."""
 
     def columns_of(self, *entries: Entry, options: tuple[str, ...] = ()) -> list[dict[str, str]]:
         file = self.write_account(entries=entries)
@@ -258,7 +258,7 @@ class Periods(ListTestCase):
 
 
 class Look(ListTestCase):
-    """What an account saves of its register's look stays out of a listing."""
+    """The saved look of the register must not change a listing."""
 
     def test_hidden_columns_and_the_saved_period_change_nothing(self) -> None:
         hidden = dict.fromkeys((key for key in HEADER_KEYS if key.startswith("bShow")), 0)
@@ -294,7 +294,7 @@ class Json(ListTestCase):
                 self.assertEqual(len(self.listed(file).lines()), 5)
 
     def test_any_bits_of_an_amount(self) -> None:
-        """Nothing but numbers and null, whatever four bytes stand for the amount."""
+        """The JSON must hold a number or null, whatever the four bytes of the amount are."""
         source = random.Random(6)
         amounts = [struct.unpack("<f", source.randbytes(4))[0] for _ in range(300)]
         file = self.write_account(entries=[Entry(amount=amount, flags=17) for amount in amounts])

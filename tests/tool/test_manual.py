@@ -1,4 +1,4 @@
-"""The manual page and the completion for bash: scripts/manual.py makes them of the help."""
+"""The manual page and the completion for bash, which scripts/manual.py makes from the help"""
 
 import re
 import subprocess
@@ -21,7 +21,7 @@ class ManualTests(ToolTestCase):
         self.commands = re.findall(r"^  qmktool (\w+) ", text, re.MULTILINE)
 
     def completed(self, *words: str) -> list[str]:
-        """What the completion offers for the last word."""
+        """The words that the completion offers for the last one."""
         script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); '
                   'compopt() { :; }; _qmktool; printf "%s\\n" "${COMPREPLY[@]}"')
         result = subprocess.run(["bash", "-c", script, "bash", self.folder / "qmktool.bash",

@@ -1,4 +1,4 @@
-"""Names of files with letters of any script: what is told, what is read and what is written."""
+"""Names of files with letters of any script: in messages, and of files that are read or written"""
 
 import os
 import unittest

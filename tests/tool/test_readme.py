@@ -49,7 +49,7 @@ def examples_of(text: str) -> Iterator[Example]:
 
 
 def pattern_of(shown: list[str]) -> str:
-    """A regular expression for the lines that the README shows."""
+    """A regular expression that matches the lines of an example."""
     parts = []
     for line in shown:
         if line == LEFT_OUT:

@@ -1,5 +1,6 @@
-"""Files that no command takes, and passwords. A refusal is code 1 with one line on standard error
-that names the file and the reason, nothing on standard output, and nothing written."""
+"""Files that every command must refuse, and passwords. When qmktool refuses, it exits with code 1,
+prints one line on standard error that names the file and the reason, prints nothing on standard
+output, and writes no file."""
 
 import itertools
 import os
@@ -36,12 +37,12 @@ class RefusalTestCase(ToolTestCase):
         self._turn = 0
 
     def commands(self) -> Iterable[str]:
-        """All commands; on Windows, where a start takes long, the next one in turn."""
+        """All commands. On Windows, where a start takes long, only one: the next in turn."""
         self._turn += 1
         return [COMMANDS[self._turn % len(COMMANDS)]] if IS_WINDOWS else COMMANDS
 
     def assert_all_refuse(self, file: Path, reason: str, **settings: Any) -> None:
-        """Every command refuses the file, which stays as it is with nothing new beside it."""
+        """Every command must refuse the file, leave it as it is, and make no file beside it."""
         readable = os.path.isfile(file) and os.access(file, os.R_OK)
         before = file.read_bytes() if readable else None
         names = self.names_in_folder()
@@ -82,7 +83,7 @@ class NoFile(RefusalTestCase):
         self.assert_all_refuse(self.folder / ("n" * 296 + ".qmk"), "name is too long")
 
     def test_a_path_beyond_the_longest_name(self) -> None:
-        """It must not be cut to the name of another file, which exists here."""
+        """The program must not cut the name to that of another file, which exists here."""
         folder = self.folder / ("d" * 150)
         folder.mkdir()
         longest = 260 - len(str(folder)) - 1
@@ -133,13 +134,13 @@ class Damaged(RefusalTestCase):
         fields = ((DESCRIPTION_AT, 255), (MEMO_AT, 255), (CATEGORY_AT, 127))
         for (offset, longest), length in cases(itertools.product(fields, (0, *TOO_LARGE))):
             with self.subTest(offset=offset, length=length):
-                # The file itself is long enough for the smallest one too long.
+                # The file is long enough for a text that is one byte too long.
                 data = make_account(ENTRIES) + bytes(300)
                 data = with_number(data, offset, length or longest + 1)
                 self.assert_bytes_refused(data, "longer than its field (in entry 1 of 2)")
 
     def cut_accounts(self) -> Iterable[tuple[int, bytes]]:
-        """Files of all formats that end in the prefix, the header and every part of an entry."""
+        """Files of all formats that end in the prefix, in the header or in a part of an entry"""
         for version in (V1_0, V1_1, V2_0):
             data = make_account(ENTRIES, version)
             within_entries = range(FRONT_SIZE - 5, len(data), 5)
@@ -168,7 +169,8 @@ class Damaged(RefusalTestCase):
                 self.assertLess(time.monotonic() - began, len(COMMANDS))
 
     def test_an_absurd_count_of_empty_blocks(self) -> None:
-        """Blocks and texts of no bytes make entries of 12 bytes, and no more than the file has."""
+        """An entry whose block and texts are empty has 12 bytes. There must not be more entries
+        than the file has room for."""
         data = with_number(make_account(), COUNT_AT, 0x7FFFFFFF)
         data = with_number(data, BLOCK_SIZE_AT, 0) + bytes(120)
         self.assert_bytes_refused(data, f"{ENDS_EARLY} (in entry 11 of 2147483647)")

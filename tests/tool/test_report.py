@@ -13,7 +13,7 @@ KINDS = ("statement", "type", "description", "memo", "category", "tax", "expense
 NAMES = ("Statement of Account", "Transaction Type", "Description", "Memo", "Category",
          "Tax Deductions", "Expenses", "Voided Checks", "Not Cleared")
 YEAR_2004 = ("--from", "1/1/2004", "--to", "12/31/2004")
-# Eleven inches less three quarters above and below, in lines of 14 pixels.
+# A page of 11 inches has margins of 0.75 inches above and below. A line has 14 pixels.
 LINES_ON_PAGE = 912 // 14
 GOLDEN = REPO / "tests" / "tool" / "reports"
 REVERSED = (b"qmktool: The 'From' date does not proceed the 'To' date. "
@@ -94,7 +94,7 @@ class Report(ToolTestCase):
                          [["indented", "No statement details available."]])
 
     def test_wide_totals_keep_their_places(self):
-        """A total as wide as its column, and wider, is still no amount."""
+        """A total as wide as its column, or wider, must not move into the column of amounts."""
         for amount in (1e8, 1e9, 1e10):
             file = self.write_account(entries=[
                 Entry(type=1, day=Day(2004, 1, 3), amount=amount, flags=16)])
@@ -116,7 +116,7 @@ class Report(ToolTestCase):
                          self.assert_done(run(*words("type", "--group", "Check"))).out)
 
     def test_bytes_above_127(self):
-        # An account's file keeps every byte but 0xDF, which it gives back as a blank.
+        # The file keeps every byte but 0xDF, which comes back as a blank.
         text = bytes(range(128, 0xDF)) + bytes(range(0xE0, 256))
         file = self.write_account(entries=[Entry(type=0, description=text)])
         report = self.assert_done(run(*words("tax", "--json", file=file))).json()
@@ -153,7 +153,7 @@ class Report(ToolTestCase):
         self.assert_done(run(*words("tax", "--password", "Secret", file=file)))
 
     def test_damaged_accounts(self):
-        """Every report of what reads but is not sound."""
+        """Every report must run for an account that can be read although it is damaged."""
         source = random.Random(5)
         entries = [Entry(type=source.choice((-1, 0, 3, 11, 12, 2**31 - 1)),
                          day=Day(source.randrange(65536), source.randrange(30), source.randrange(99)),
@@ -202,7 +202,7 @@ class ReportPdf(ToolTestCase):
             self.assertIn(b"/MediaBox " + box, self.make("tax", *more).read_bytes())
 
     def test_shades_lie_below_rules_and_texts(self):
-        """Drawn later, a shade could cover the rule beside it where a viewer rounds it up."""
+        """A shade that is drawn later could cover the rule beside it, because viewers round."""
         for kind in cases(KINDS):
             shaded = 0
             streams = re.findall(rb"\nstream\r?\n(.*?)endstream", self.make(kind).read_bytes(),
@@ -228,7 +228,7 @@ class ReportPdf(ToolTestCase):
             pages = text.split("\f")[:-1]
             report = run(*words(kind, "--json")).json()
             self.assertEqual(len(pages), report["height"] // LINES_ON_PAGE + 1)
-            # No line is cut in two, and each is on the page of its number.
+            # No line may be cut in two, and each must be on the page of its number.
             for number, page in enumerate(pages):
                 found = [squeezed(line) for line in page.split("\n") if line.strip()]
                 expected = [squeezed(" ".join(texts_of(line))) for line in report["lines"]

@@ -1,4 +1,4 @@
-"""What a person sees: characters, columns, colours and progress; CSV; standard streams."""
+"""What qmktool prints for people: characters, columns, colours, progress; CSV; standard streams"""
 
 import csv
 import io
@@ -34,7 +34,7 @@ def in_terminal(*words: Any, **variables: str) -> tuple[int, bytes, bytes]:
 
 
 def read_terminal(master: int, slave: int | None) -> bytes:
-    """All that comes out of a terminal until nobody has it open any more."""
+    """Everything that programs write to a terminal, until none has it open."""
     if slave is not None:
         os.close(slave)
     data = b""
@@ -179,7 +179,7 @@ class Terminals(ToolTestCase):
         self.assertIn(RED, in_terminal("list", self.account, NO_COLOR="")[1])
 
     def convert_slowly(self, err: int) -> tuple[int, bytes]:
-        """A file on standard input of which the second half comes after more than a second."""
+        """Feeds a file to standard input and waits more than a second before its second half."""
         data = b"!Type:Bank\n" + b"D3/20/2004\nT5.00\nPBooks\n^\n" * 20000
         words = [*PROGRAM, "convert", "-", "-", "--from", "qif", "--to", "csv"]
         with subprocess.Popen(words, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
@@ -196,7 +196,7 @@ class Terminals(ToolTestCase):
         told = read_terminal(master, slave)
         self.assertEqual((code, out.count(b"\n")), (DONE, 20001))
         self.assertRegex(told, rb"\rreading: \d+ MB")
-        # The line is wiped before the last one is told.
+        # The program must wipe the line of progress before it prints the last line.
         self.assertRegex(told, rb"\r *\r-: CSV, 20000 transactions\r\n\Z")
 
     def test_no_progress_when_nobody_looks(self) -> None:

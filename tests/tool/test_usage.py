@@ -1,4 +1,4 @@
-"""The command line itself: help, version, and every way to get it wrong."""
+"""The command line: help, version, and every mistake that a user can make in it"""
 
 import unittest
 
@@ -124,7 +124,8 @@ class Asked(ToolTestCase):
 
 
 class Wrong(ToolTestCase):
-    """Code 2, one line on standard error, nothing on standard output."""
+    """A wrong command line must give code 2, one line on standard error, and nothing on standard
+    output."""
 
     def test_wrong_words(self) -> None:
         for name, words in cases(WRONG_WORDS.items()):
@@ -149,7 +150,7 @@ class Wrong(ToolTestCase):
                 self.assertIn(f"'{word}'".encode(), run(*words).err)
 
     def test_a_wrong_command_line_comes_before_the_file(self) -> None:
-        """Nothing is opened, and so nothing is written, before the command line is understood."""
+        """The program must check the whole command line before it opens any file."""
         account = self.write_account()
         self.assert_usage(run("convert", account, self.folder / "out.qmk", "--format", "9"))
         self.assertEqual(self.names_in_folder(), ["account.qmk"])
