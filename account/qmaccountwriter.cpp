@@ -241,13 +241,19 @@ bool QMReplaceByImage(QMFile& file, const QMFileImage& image, QMProgress* pProgr
     return true;
 }
 
-bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account)
+bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMProgress* pProgress)
 {
     PieceWriter writer(sink);
     AddFront(writer.GetBuilder(), account, account.lVersion);
+    const auto uTotal = static_cast<uint64_t>(account.store.GetCount());
+    uint64_t uDone = 0;
+    bool bGoesOn = true;
     ForEachToWrite(account.store, [&](const QMTransaction& transaction) {
-        writer.GetBuilder().AddEntry(transaction, account.lVersion);
-        writer.HandOver(false);
+        bGoesOn = bGoesOn && (pProgress == nullptr || pProgress->OnStep(uDone++, uTotal));
+        if (bGoesOn) {
+            writer.GetBuilder().AddEntry(transaction, account.lVersion);
+            bGoesOn = writer.HandOver(false);
+        }
     });
-    return writer.HandOver(true);
+    return bGoesOn && writer.HandOver(true);
 }

@@ -28,6 +28,7 @@ QMFileImage QMMakeAccountImage(const QMAccount& account);
 // Kept: once the file was created anew, a failing write still returns true.
 bool QMReplaceByImage(QMFile& file, const QMFileImage& image, QMProgress* pProgress);
 
-// Hands the same bytes to a sink, in pieces, so that they are never in memory as a whole. Returns
-// false when the sink refused a piece.
-bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account);
+// Hands the same bytes to a sink, in pieces, so that they are never in memory as a whole.
+// pProgress, which may be null, is told of the transactions. Returns false when the sink refused a
+// piece, and when the work was given up.
+bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMProgress* pProgress = nullptr);

@@ -2,96 +2,94 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <vector>
 
 #include "qmktool/commands.h"
 
 namespace {
 
-// Commands that mean the same by an option that others take otherwise.
-#define QM_SHOWING " info list report "
-#define QM_EXCHANGING " convert import "
+// The commands that take an option; those that read the files of banks have the dialect in common.
+constexpr char szBankFiles[] = " convert import ";
 
 constexpr ToolOption aOptions[] = {
-    {"--json", nullptr, "writes JSON, with every byte of the texts"},
-    {"--csv", nullptr, "writes CSV, in UTF-8"},
-    {"--encoding", "NAME", "cp1252 or utf-8: what the texts of the account are", QM_SHOWING},
-    {"--from", "M/D/YYYY", "the first day; YYYY-MM-DD is understood as well", QM_SHOWING},
-    {"--to", "M/D/YYYY", "the last day", QM_SHOWING},
-    {"--limit", "N", "the first N rows"},
-    {"--last", "N", "the last N rows"},
-    {"--cleared-balance", nullptr, "the balance column counts cleared transactions only"},
-    {"--all", nullptr, "every finding, not the first twenty alone"},
-    {"--format", "1.0|1.1|2.0", "the format of the account that is written"},
-    {"--force", nullptr, "replaces OUT when it exists"},
-    {"--from", "FORMAT", "qif, csv or xml, when IN is -, standard input", QM_EXCHANGING},
-    {"--to", "FORMAT", "qif, csv or xml, when OUT is -, standard output", QM_EXCHANGING},
-    {"--detect", nullptr, "proposes a profile for a bank's file and writes nothing else"},
-    {"--dry-run", nullptr, "shows the transactions and writes nothing"},
-    {"--skip-known", nullptr, "leaves out transactions that the account has already"},
-    {"--profile", "FILE", "takes the dialect of a bank's file from a small text file"},
-    {"--separator", "CHAR", "between the columns: , ; | : or tab"},
-    {"--quote", "CHAR", "around texts: \" ' or none"},
-    {"--dates", "mdy|dmy|ymd", "the order of month, day and year"},
-    {"--decimal", ".|,", "before the cents"},
-    {"--encoding", "NAME", "auto, utf-8, utf-16, cp1252 or latin1", QM_EXCHANGING},
-    {"--skip", "LINES", "lines before the records"},
-    {"--columns", "NAMES", "what the columns hold, such as Date,-,Description,Amount"},
-    {"--invert", nullptr, "positive amounts were spent"},
-    {"--kind", "KIND",
-     "statement, type, description, memo, category, tax, expenses, voided or not-cleared"},
-    {"--group", "TEXT", "one type, which the kind type needs, or one text of the kind"},
-    {"--month", "M/YYYY", "the month of the report, instead of --from and --to"},
-    {"--pdf", "OUT", "writes a PDF file"},
-    {"--paper", "letter|a4", "of the PDF file"},
-    {"--password", "TEXT", "opens an account that has a password"},
+    {"--json", {{" info list report ", nullptr, "writes JSON, with every byte of the texts"}}},
+    {"--csv", {{" list ", nullptr, "writes CSV, in UTF-8"}}},
+    {"--encoding",
+     {{" info list report ", "NAME", "cp1252 or utf-8: what the texts of the account are"},
+      {szBankFiles, "NAME", "auto, utf-8, utf-16, cp1252 or latin1: of IN"}}},
+    {"--from",
+     {{" list report ", "M/D/YYYY", "the first day; YYYY-MM-DD is understood as well"},
+      {szBankFiles, "FORMAT", "qif, csv or xml: of IN when it is -"}}},
+    {"--to",
+     {{" list report ", "M/D/YYYY", "the last day; an end that is not told is open"},
+      {" convert ", "FORMAT", "qif, csv or xml: of OUT when it is -"}}},
+    {"--limit", {{" list ", "N", "the first N rows"}}},
+    {"--last", {{" list ", "N", "the last N rows"}}},
+    {"--cleared-balance",
+     {{" list ", nullptr, "the balance column counts cleared transactions only"}}},
+    {"--all", {{" check ", nullptr, "every finding, not the first twenty alone"}}},
+    {"--format", {{" convert ", "1.0|1.1|2.0", "the format of the account that is written"}}},
+    {"--force", {{" convert report ", nullptr, "replaces OUT when it exists"}}},
+    {"--detect",
+     {{szBankFiles, nullptr, "proposes a profile for a bank's file and writes nothing else"}}},
+    {"--dry-run", {{szBankFiles, nullptr, "shows the transactions and writes nothing"}}},
+    {"--skip-known",
+     {{" import ", nullptr, "leaves out transactions that the account has already"}}},
+    {"--profile",
+     {{szBankFiles, "FILE", "takes the dialect of a bank's file from a small text file"}}},
+    {"--separator", {{szBankFiles, "CHAR", "between the columns: , ; | : or tab"}}},
+    {"--quote", {{szBankFiles, "CHAR", "around texts: \" ' or none"}}},
+    {"--dates", {{szBankFiles, "mdy|dmy|ymd", "the order of month, day and year"}}},
+    {"--decimal", {{szBankFiles, ".|,", "before the cents"}}},
+    {"--skip", {{szBankFiles, "LINES", "lines before the records"}}},
+    {"--columns",
+     {{szBankFiles, "NAMES", "what the columns hold, such as Date,-,Description,Amount"}}},
+    {"--invert", {{szBankFiles, nullptr, "positive amounts were spent"}}},
+    {"--kind",
+     {{" report ", "KIND",
+       "statement, type, description, memo, category, tax, expenses, voided or not-cleared"}}},
+    {"--group",
+     {{" report ", "TEXT", "one type, which the kind type needs, or one text of the kind"}}},
+    {"--month", {{" report ", "M/YYYY", "the month of the report, instead of --from and --to"}}},
+    {"--pdf", {{" report ", "OUT", "writes a PDF file"}}},
+    {"--paper", {{" report ", "letter|a4", "of the PDF file"}}},
+    {"--password",
+     {{" info list check convert report import ", "TEXT", "opens an account that has a password"}}},
 };
 
-#undef QM_SHOWING
-#undef QM_EXCHANGING
-
-#define DIALECT_OPTIONS                                                                      \
-    " --detect --dry-run --profile --separator --quote --dates --decimal --encoding --skip " \
-    "--columns "                                                                             \
-    "--invert "
-
 constexpr ToolCommand aCommands[] = {
-    {"info", "FILE", 1, " --json --encoding --password ",
-     "the account's particulars and the number of its transactions", RunInfo},
-    {"list", "FILE", 1,
-     " --json --csv --encoding --from --to --limit --last --cleared-balance --password ",
-     "the register, of all days or of a period", RunList},
-    {"check", "FILE", 1, " --all --password ",
+    {"info", "FILE", 1, "the account's particulars and the number of its transactions", RunInfo},
+    {"list", "FILE", 1, "the register, of all days or of a period", RunList},
+    {"check", "FILE", 1,
      "whether the file is sound: format, entries, anything that had to be mended", RunCheck},
-    {"convert", "IN OUT", 2, " --format --force --from --to" DIALECT_OPTIONS "--password ",
+    {"convert", "IN OUT", 2,
      "writes the transactions anew, from and to any of the files .qmk, .qif, .csv\n"
      "and .xml; an account has the format given, without one that of an IN account\n"
      "and otherwise 2.0; an OUT that exists is replaced with --force only; of a file\n"
      "that is none of accounts, - is standard input or output",
      RunConvert},
-    {"report", "FILE", 1,
-     " --kind --group --month --from --to --json --encoding --pdf --paper --force --password ",
-     "a report of a month or a period, as text, JSON or a PDF file", RunReport},
-    {"import", "IN ACCOUNT", 2, " --skip-known --from" DIALECT_OPTIONS "--password ",
+    {"report", "FILE", 1, "a report of a month or a period, as text, JSON or a PDF file",
+     RunReport},
+    {"import", "IN ACCOUNT", 2,
      "adds every transaction of a .qif, .csv or .xml file to an account, which is\n"
      "then of format 2.0; how many it seems to have already is told; IN may be -,\n"
      "standard input",
      RunImport},
 };
 
-#undef DIALECT_OPTIONS
-
-// Whether a word stands among others that have a blank before and after them.
-bool IsAmong(const char* szWords, const char* szWord)
+bool IsOf(const ToolUse& use, const ToolCommand& command)
 {
-    const std::string sWord = std::string(" ") + szWord + " ";
-    return strstr(szWords, sWord.c_str()) != nullptr;
+    const std::string sName = std::string(" ") + command.szName + " ";
+    return use.szCommands != nullptr && strstr(use.szCommands, sName.c_str()) != nullptr;
 }
 
-bool Takes(const ToolCommand& command, const ToolOption& option)
+// Null when the command does not take the option.
+const ToolUse* FindUse(const ToolCommand& command, const ToolOption& option)
 {
-    return IsAmong(command.szOptions, option.szName) &&
-           (option.szOnly == nullptr || IsAmong(option.szOnly, command.szName));
+    const auto* const pUse =
+        std::ranges::find_if(option.aUses, [&](const ToolUse& use) { return IsOf(use, command); });
+    return pUse == std::end(option.aUses) ? nullptr : pUse;
 }
 
 std::string Indented(std::string_view text, const std::string& sBlanks)
@@ -104,14 +102,40 @@ std::string Indented(std::string_view text, const std::string& sBlanks)
     return sText + "\n";
 }
 
-std::string OptionLine(const ToolOption& option)
+constexpr size_t uTextColumn = 24; // where the texts of the options begin
+
+std::string OptionLine(const char* szName, const ToolUse& use)
 {
-    std::string sLine = std::string("  ") + option.szName;
-    if (option.szValue != nullptr) {
-        sLine += std::string(" ") + option.szValue;
+    std::string sLine = std::string("  ") + szName;
+    if (use.szValue != nullptr) {
+        sLine += std::string(" ") + use.szValue;
     }
-    sLine.resize(std::max(sLine.size() + 2, size_t{24}), ' ');
-    return sLine + option.szText + "\n";
+    sLine.resize(std::max(sLine.size() + 2, uTextColumn), ' ');
+    return sLine + use.szText + "\n";
+}
+
+// The commands of a use as they are read: "convert, import".
+std::string CommandNames(const ToolUse& use)
+{
+    std::string sNames;
+    for (const ToolCommand& command : aCommands) {
+        if (IsOf(use, command)) {
+            sNames += (sNames.empty() ? "" : ", ") + std::string(command.szName);
+        }
+    }
+    return sNames;
+}
+
+// What the option does, and below it what it does with other commands.
+std::string OptionLines(const ToolOption& option)
+{
+    std::string sLines = OptionLine(option.szName, option.aUses[0]);
+    const ToolUse& other = option.aUses[1];
+    if (other.szCommands != nullptr) {
+        sLines += std::string(uTextColumn, ' ') + "(" + CommandNames(other) + ") " + other.szValue +
+                  ": " + other.szText + "\n";
+    }
+    return sLines;
 }
 
 std::string CommandText(const ToolCommand& command)
@@ -166,16 +190,6 @@ private:
 
 } // namespace
 
-std::span<const ToolCommand> ToolCommands()
-{
-    return aCommands;
-}
-
-std::span<const ToolOption> AllToolOptions()
-{
-    return aOptions;
-}
-
 const ToolCommand* FindToolCommand(std::string_view name)
 {
     for (const ToolCommand& command : aCommands) {
@@ -186,14 +200,11 @@ const ToolCommand* FindToolCommand(std::string_view name)
     return nullptr;
 }
 
-const ToolOption* FindToolOption(const ToolCommand& command, std::string_view name)
+const ToolUse* FindToolOption(const ToolCommand& command, std::string_view name)
 {
-    for (const ToolOption& option : aOptions) {
-        if (option.szName == name && Takes(command, option)) {
-            return &option;
-        }
-    }
-    return nullptr;
+    const auto* const pOption = std::ranges::find(
+        aOptions, name, [](const ToolOption& option) { return std::string_view(option.szName); });
+    return pOption == std::end(aOptions) ? nullptr : FindUse(command, *pOption);
 }
 
 std::string ToolHelp()
@@ -211,7 +222,7 @@ std::string ToolHelp()
         "\n"
         "Options:\n";
     for (const ToolOption& option : aOptions) {
-        sText += OptionLine(option);
+        sText += OptionLines(option);
     }
     return sText +
            "  --                    takes every word after it as a file name\n"
@@ -223,8 +234,8 @@ std::string ToolHelp(const ToolCommand& command)
 {
     std::string sText = CommandText(command) + "\nOptions:\n";
     for (const ToolOption& option : aOptions) {
-        if (Takes(command, option)) {
-            sText += OptionLine(option);
+        if (const ToolUse* pUse = FindUse(command, option)) {
+            sText += OptionLine(option.szName, *pUse);
         }
     }
     return sText;
@@ -243,7 +254,7 @@ const char* SuggestOption(const ToolCommand& command, std::string_view word)
 {
     Suggestion suggestion(word);
     for (const ToolOption& option : aOptions) {
-        if (Takes(command, option)) {
+        if (FindUse(command, option) != nullptr) {
             suggestion.Offer(option.szName);
         }
     }

@@ -3,40 +3,39 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 
 struct ToolOptions;
 
+// What an option does with some of the commands.
+struct ToolUse
+{
+    const char* szCommands = nullptr; // their names, each with a blank before and after it
+    const char* szValue = nullptr;    // stands for the value in the help; null for none
+    const char* szText = nullptr;     // what it does, in a line of at most 60 characters
+};
+
 struct ToolOption
 {
-    const char* szName;  // with its dashes
-    const char* szValue; // what stands for the value in the help; null for an option without one
-    const char* szText;  // what it does, in lines of at most 60 characters
-    // The commands that take an option of this name so, each with a blank before and after it; null
-    // for all that take it.
-    const char* szOnly = nullptr;
+    const char* szName; // with its dashes
+    ToolUse aUses[2];   // the second one has no commands where all of them take the option alike
 };
 
 struct ToolCommand
 {
     const char* szName;
-    const char* szFiles;   // the names of its files in the help
-    size_t uFiles;         // how many
-    const char* szOptions; // names of its options, each with a blank before and after it
-    const char* szText;    // what it does
+    const char* szFiles; // the names of its files in the help
+    size_t uFiles;       // how many
+    const char* szText;  // what it does
     int (*pRun)(const ToolOptions& options);
 };
-
-std::span<const ToolCommand> ToolCommands();
-std::span<const ToolOption> AllToolOptions();
 
 // Null when there is no such command.
 const ToolCommand* FindToolCommand(std::string_view name);
 
 // Null when the command does not take that option.
-const ToolOption* FindToolOption(const ToolCommand& command, std::string_view name);
+const ToolUse* FindToolOption(const ToolCommand& command, std::string_view name);
 
 // The help of everything, and that of one command.
 std::string ToolHelp();

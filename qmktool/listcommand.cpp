@@ -8,6 +8,7 @@
 #include "qmktool/listing.h"
 #include "qmktool/terminal.h"
 #include "qmktool/toolaccount.h"
+#include "qmktool/toolprogress.h"
 #include "register/qmregistermodel.h"
 #include "register/qmrowtable.h"
 
@@ -28,19 +29,46 @@ bool IsNegative(std::string_view text)
     return text.find('-') != std::string_view::npos;
 }
 
+constexpr int32_t lRowsPerStep = 256; // so often a progress is told of rows
+
+// Rows that tell a progress when they are filled.
+class WatchedRows : public QMRowTable
+{
+public:
+    explicit WatchedRows(QMProgress& progress) : m_progress(progress) {}
+
+    // Comes last in each row.
+    bool SetDecoration(int32_t lRow, uint32_t uDecoration) override
+    {
+        if (lRow % lRowsPerStep == 0) {
+            m_progress.OnStep(static_cast<uint64_t>(lRow), static_cast<uint64_t>(GetRowCount()));
+        }
+        return QMRowTable::SetDecoration(lRow, uDecoration);
+    }
+
+private:
+    QMProgress& m_progress;
+};
+
 // Listing: the register of an account as the window would show it, with every column.
 class Listing
 {
 public:
-    Listing(std::unique_ptr<QMAccount> pAccount, const ToolOptions& options)
-        : m_model(m_document, m_rows)
+    // The progress is told of the walks over the rows, and must last as long as they do. The first
+    // walk is done here; of the text table, the second measures the columns.
+    Listing(std::unique_ptr<QMAccount> pAccount, const ToolOptions& options, ToolProgress& progress)
+        : m_progress(progress),
+          m_uWalks(options.bCsv || options.bJson ? 2 : 3),
+          m_filling(&progress, 0, m_uWalks),
+          m_rows(m_filling),
+          m_model(m_document, m_rows)
     {
         for (int32_t i = 0; i < QM_ENTRY_FILLER; ++i) {
             pAccount->header.*QMGetColumnInfo(static_cast<QMColumn>(i)).pShown = 1;
         }
         m_document.SetAccount(std::move(pAccount));
         m_model.SetIncludeUncleared(!options.bClearedBalance);
-        if (options.bPeriod) {
+        if (options.bFrom || options.bTo) {
             QMDate dtFrom = options.dtFrom;
             QMDate dtTo = options.dtTo;
             m_model.SetPeriodFilter(true, false);
@@ -64,10 +92,24 @@ public:
     template <class F>
     void ForEachRow(F f)
     {
+        QMProgressPart walk(&m_progress, ++m_uWalk, m_uWalks);
         QMTransactionStore& store = m_document.GetAccount()->store;
         store.MoveTo(m_model.GetFirstShown() + m_lBegin);
         for (int32_t lRow = m_lBegin; lRow < m_lEnd; ++lRow, store.Next()) {
+            if (lRow % lRowsPerStep == 0) {
+                walk.OnStep(static_cast<uint64_t>(lRow - m_lBegin),
+                            static_cast<uint64_t>(m_lEnd - m_lBegin));
+            }
             f(lRow, *store.GetCurrentNode());
+        }
+    }
+
+    // To be called before the first row is written. Where a person sees the rows, or a pager shows
+    // them, the line of the progress would stand among them.
+    void BeginOutput()
+    {
+        if (!IsFile(stdout)) {
+            m_progress.End();
         }
     }
 
@@ -83,8 +125,12 @@ public:
     }
 
 private:
+    ToolProgress& m_progress;
+    uint64_t m_uWalks;
+    uint64_t m_uWalk = 0; // the last one
+    QMProgressPart m_filling;
     QMDocument m_document;
-    QMRowTable m_rows;
+    WatchedRows m_rows;
     QMRegisterModel m_model;
     bool m_bReady = false;
     int32_t m_lBegin = 0; // rows to show
@@ -130,6 +176,7 @@ void WriteRow(JsonWriter& json, Listing& listing, int32_t lRow, const QMTransact
 
 void WriteJson(Output& output, Listing& listing, bool bCharacters)
 {
+    listing.BeginOutput();
     const QMRegisterModel& model = listing.GetModel();
     JsonWriter json(output, bCharacters);
     json.BeginObject();
@@ -175,6 +222,7 @@ void WriteCsvCell(Output& output, std::string_view text)
 void WriteCsv(Output& output, Listing& listing)
 {
     UseBytes(stdout);
+    listing.BeginOutput();
     output.Add("Date,Number,Type,Description,Debit,Credit,Balance,Tag,Memo,Category\r\n");
     listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
         const QMDate& date = transaction.dtDate;
@@ -217,6 +265,7 @@ public:
 
     void Write()
     {
+        m_listing.BeginOutput();
         WriteLine([](QMColumn column) { return QMGetColumnInfo(column).szName; });
         m_listing.ForEachRow([&](int32_t lRow, const QMTransaction& transaction) {
             WriteLine(
@@ -271,6 +320,25 @@ void WriteText(Output& output, Listing& listing)
     }
 }
 
+// Returns false when memory ran out.
+bool WriteListing(Output& output, std::unique_ptr<QMAccount> pAccount, const ToolOptions& options)
+{
+    ToolProgress progress("listing", 1, "rows");
+    Listing& listing =
+        KeepUntilExit(std::make_unique<Listing>(std::move(pAccount), options, progress));
+    if (!listing.IsReady()) {
+        return false;
+    }
+    if (options.bCsv) {
+        WriteCsv(output, listing);
+    } else if (options.bJson) {
+        WriteJson(output, listing, options.bEncoding);
+    } else {
+        WriteText(output, listing);
+    }
+    return true;
+}
+
 } // namespace
 
 void WriteStore(Output& output, QMTransactionStore& store)
@@ -280,7 +348,9 @@ void WriteStore(Output& output, QMTransactionStore& store)
     }
     auto pAccount = std::make_unique<QMAccount>("");
     pAccount->store.TakeFrom(store);
-    Listing& listing = KeepUntilExit(std::make_unique<Listing>(std::move(pAccount), ToolOptions()));
+    ToolProgress progress("listing", 1, "rows");
+    Listing& listing =
+        KeepUntilExit(std::make_unique<Listing>(std::move(pAccount), ToolOptions(), progress));
     if (listing.IsReady()) {
         TextTable(output, listing).Write();
     }
@@ -293,17 +363,8 @@ int RunList(const ToolOptions& options)
     if (pAccount == nullptr) {
         return QM_EXIT_REFUSED;
     }
-    Listing& listing = KeepUntilExit(std::make_unique<Listing>(std::move(pAccount), options));
-    if (!listing.IsReady()) {
-        return RefuseFile("list", options.aFiles[0], "there is not enough memory");
-    }
     Output output(options.encoding);
-    if (options.bCsv) {
-        WriteCsv(output, listing);
-    } else if (options.bJson) {
-        WriteJson(output, listing, options.bEncoding);
-    } else {
-        WriteText(output, listing);
-    }
-    return output.Finish();
+    return WriteListing(output, std::move(pAccount), options)
+               ? output.Finish()
+               : RefuseFile("list", options.aFiles[0], "there is not enough memory");
 }

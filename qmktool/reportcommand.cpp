@@ -93,8 +93,8 @@ bool ReadMonth(const char* szText, QMReportDateChoice& choice)
 bool ReadDates(const ToolOptions& options, QMReportDateChoice& choice)
 {
     choice.bMonth = options.szMonth != nullptr;
-    if (choice.bMonth == options.bPeriod) {
-        return RefuseUse("a report needs either --month or both --from and --to");
+    if (choice.bMonth == (options.bFrom || options.bTo)) {
+        return RefuseUse("a report needs either --month or a period: --from, --to or both");
     }
     choice.dtFrom = options.dtFrom;
     choice.dtTo = options.dtTo;
@@ -157,6 +157,9 @@ int RunReport(const ToolOptions& options)
     const auto pAccount = OpenToolAccount(options.aFiles[0], options, readReport);
     if (pAccount == nullptr) {
         return QM_EXIT_REFUSED;
+    }
+    if (options.szMonth == nullptr) {
+        QMCloseRange(pAccount->store, order.uKind, !options.bFrom, !options.bTo, dtFrom, dtTo);
     }
     QMReport report(*pAccount);
     report.SetRange(dtFrom, dtTo);

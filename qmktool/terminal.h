@@ -6,6 +6,9 @@
 // Whether the stream leads to a terminal, which shows it at once.
 bool IsTerminal(FILE* pStream);
 
+// Whether the stream leads to a file, so that nobody waits for what is written to it.
+bool IsFile(FILE* pStream);
+
 // Whether colours may be sent to the stream: to a terminal that knows them, unless the user asks
 // for none by the variable NO_COLOR of the environment.
 bool TakesColours(FILE* pStream);

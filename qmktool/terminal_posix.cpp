@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -8,6 +9,12 @@
 bool IsTerminal(FILE* pStream)
 {
     return isatty(fileno(pStream)) == 1;
+}
+
+bool IsFile(FILE* pStream)
+{
+    struct stat status = {};
+    return fstat(fileno(pStream), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 bool TakesColours(FILE* pStream)

@@ -23,6 +23,11 @@ bool IsTerminal(FILE* pStream)
     return GetConsoleMode(HandleOf(pStream), &uMode) != 0;
 }
 
+bool IsFile(FILE* pStream)
+{
+    return GetFileType(HandleOf(pStream)) == FILE_TYPE_DISK;
+}
+
 bool TakesColours(FILE* pStream)
 {
     const char* szNoColour = getenv("NO_COLOR");

@@ -70,8 +70,10 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
 
 bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace)
 {
-    return WriteToolFile(szFile, bReplace,
-                         [&](QMByteSink& sink) { return QMWriteAccountTo(sink, account); });
+    return WriteToolFile(szFile, bReplace, [&](QMByteSink& sink) {
+        ToolProgress progress("writing", 1, "transactions");
+        return QMWriteAccountTo(sink, account, &progress);
+    });
 }
 
 const char* FormatName(int32_t lVersion)

@@ -332,8 +332,8 @@ void TellReport(Output& output, const QMBankReport& report)
 bool WriteExchangeFile(QMTransactionStore& store, const ToolOptions& options)
 {
     const char* szFile = options.aFiles[1];
-    ToolProgress progress("writing", 1, "transactions");
     const auto Write = [&](QMByteSink& sink) {
+        ToolProgress progress("writing", 1, "transactions");
         return QMExportTo(sink, OutKindOf(options), store, &progress);
     };
     if (!IsStandardStream(szFile)) {

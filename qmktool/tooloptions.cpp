@@ -104,21 +104,21 @@ private:
         const char* szEqual = strchr(szWord, '=');
         const std::string_view name(
             szWord, szEqual == nullptr ? strlen(szWord) : static_cast<size_t>(szEqual - szWord));
-        const ToolOption* pOption = FindToolOption(m_command, name);
-        if (pOption == nullptr) {
+        const ToolUse* pUse = FindToolOption(m_command, name);
+        if (pUse == nullptr) {
             return RefuseOption(szWord, name);
         }
-        if (pOption->szValue == nullptr) {
-            return szEqual == nullptr ? TakeFlag(pOption->szName)
-                                      : Refuse("no value belongs to", pOption->szName);
+        if (pUse->szValue == nullptr) {
+            return szEqual == nullptr ? TakeFlag(name)
+                                      : Refuse("no value belongs to", std::string(name).c_str());
         }
         if (szEqual != nullptr) {
-            return TakeValue(pOption->szName, szEqual + 1);
+            return TakeValue(name, szEqual + 1);
         }
         if (m_nNext >= m_nWords) {
             return Refuse("a value is missing behind", szWord);
         }
-        return TakeValue(pOption->szName, m_aszWords[m_nNext++]);
+        return TakeValue(name, m_aszWords[m_nNext++]);
     }
 
     bool RefuseOption(const char* szWord, std::string_view name) const
@@ -202,7 +202,7 @@ private:
 
     bool TakeDay(bool bFrom, const char* szValue)
     {
-        (bFrom ? m_bFrom : m_bTo) = true;
+        (bFrom ? m_options.bFrom : m_options.bTo) = true;
         return ParseDay(szValue, bFrom ? m_options.dtFrom : m_options.dtTo) ||
                Refuse("not a date in the form M/D/YYYY or YYYY-MM-DD:", szValue);
     }
@@ -291,16 +291,10 @@ private:
 
     bool CheckPeriod()
     {
-        // A listing may be open at one end; what is added up for a period needs both.
-        if (m_bFrom != m_bTo && strcmp(m_command.szName, "list") != 0) {
-            return Refuse("a period needs both --from and --to; missing is",
-                          m_bFrom ? "--to" : "--from");
-        }
-        m_options.bPeriod = m_bFrom || m_bTo;
-        if (!m_bFrom) {
+        if (!m_options.bFrom) {
             m_options.dtFrom = QMMakeDate(0, 0, 0);
         }
-        if (!m_bTo) {
+        if (!m_options.bTo) {
             m_options.dtTo = QMMakeDate(UINT16_MAX, UINT16_MAX, UINT16_MAX);
         }
         // A report has a sentence of its own for that.
@@ -313,8 +307,6 @@ private:
     char** m_aszWords;
     ToolOptions& m_options;
     int m_nNext = 0;
-    bool m_bFrom = false;
-    bool m_bTo = false;
 };
 
 } // namespace

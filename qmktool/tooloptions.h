@@ -30,9 +30,10 @@ struct ToolOptions
     // The formats of IN and OUT where these are "-"; otherwise None.
     QMExchangeKind fromKind = QMExchangeKind::None;
     QMExchangeKind toKind = QMExchangeKind::None;
-    int32_t lLimit = -1;  // rows from the first one on; below 0 all
-    int32_t lLast = -1;   // rows up to the last one; below 0 all
-    bool bPeriod = false; // true when dtFrom or dtTo was given; the other one is then far away
+    int32_t lLimit = -1; // rows from the first one on; below 0 all
+    int32_t lLast = -1;  // rows up to the last one; below 0 all
+    bool bFrom = false;  // whether dtFrom and dtTo were given; one that was not is far away
+    bool bTo = false;
     QMDate dtFrom;
     QMDate dtTo;
     // Of a report, as they were given; null for those that were not.

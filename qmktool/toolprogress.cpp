@@ -19,20 +19,28 @@ ToolProgress::ToolProgress(const char* szWhat, uint64_t uUnit, const char* szUni
     : m_szWhat(szWhat),
       m_uUnit(uUnit),
       m_szUnit(szUnit),
-      m_bTerminal(IsTerminal(stderr)),
-      m_next(Clock::now() + firstAfter)
+      m_bTold(IsTerminal(stderr)),
+      m_next(Begun() + firstAfter)
 {}
 
-ToolProgress::~ToolProgress()
+// The second counts from the first work on: a command does several, one after the other.
+ToolProgress::Clock::time_point ToolProgress::Begun()
+{
+    static const Clock::time_point begun = Clock::now();
+    return begun;
+}
+
+void ToolProgress::End()
 {
     if (m_bShown) {
         fprintf(stderr, "\r%*s\r", nLineWidth, "");
     }
+    m_bShown = m_bTold = false;
 }
 
 bool ToolProgress::OnStep(uint64_t uDone, uint64_t uTotal)
 {
-    if (!m_bTerminal) {
+    if (!m_bTold) {
         return true;
     }
     const Clock::time_point now = Clock::now();

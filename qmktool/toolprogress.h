@@ -1,5 +1,5 @@
-// ToolProgress: tells on standard error how far a work is that takes more than a second, when
-// standard error is a terminal. Its line is gone afterwards.
+// ToolProgress: tells on standard error how far a work is, when standard error is a terminal and
+// the program has been at work for more than a second. Its line is gone afterwards.
 #pragma once
 
 #include <chrono>
@@ -16,18 +16,23 @@ public:
     ToolProgress(const char* szWhat, uint64_t uUnit, const char* szUnit);
     ToolProgress(const ToolProgress&) = delete;
     ToolProgress& operator=(const ToolProgress&) = delete;
-    ~ToolProgress() override;
+    ~ToolProgress() override { End(); }
 
     // Never gives up.
     bool OnStep(uint64_t uDone, uint64_t uTotal) override;
 
+    // Takes the line away. Nothing is told any more.
+    void End();
+
 private:
     using Clock = std::chrono::steady_clock;
+
+    static Clock::time_point Begun();
 
     const char* m_szWhat;
     uint64_t m_uUnit;
     const char* m_szUnit;
-    bool m_bTerminal;
+    bool m_bTold; // whether anybody is told
     bool m_bShown = false;
     Clock::time_point m_next; // when to tell
 };

@@ -48,3 +48,27 @@ bool QMReadDateRange(const QMReportDateChoice& choice, QMDate& dateFrom, QMDate&
     dateTo = dtTo;
     return true;
 }
+
+void QMCloseRange(const QMTransactionStore& store, uint32_t uKind, bool bOpenFrom, bool bOpenTo,
+                  QMDate& dtFrom, QMDate& dtTo)
+{
+    constexpr QMDate dtEarliest = QMMakeDate(1752, 1, 1);
+    constexpr QMDate dtLatest = QMMakeDate(3000, 12, 31);
+    const bool bStatement = uKind == QM_REPORT_STATEMENT;
+    QMDate dtFirst = bOpenTo ? dtLatest : dtTo;
+    QMDate dtLast = bOpenFrom ? dtEarliest : dtFrom;
+    store.ForEach([&](const QMTransaction& transaction) {
+        if (bStatement && transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED)) {
+            return;
+        }
+        const QMDate& date = bStatement ? transaction.dtCleared : transaction.dtDate;
+        dtFirst = QMDateIsBefore(date, dtFirst) ? date : dtFirst;
+        dtLast = QMDateIsAfter(date, dtLast) ? date : dtLast;
+    });
+    if (bOpenFrom) {
+        dtFrom = QMCheckDate(dtFirst) == 0 ? dtFirst : dtEarliest;
+    }
+    if (bOpenTo) {
+        dtTo = QMCheckDate(dtLast) == 0 ? dtLast : dtLatest;
+    }
+}

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "account/qmtransactionstore.h"
+#include "reports/qmreportkind.h"
 
 // The last day of a month by the calendar, where 29 February is in leap years only; 0 for a month
 // outside 1 to 12.
@@ -36,3 +37,10 @@ struct QMReportDateChoice
 // Gives the range, with both days in it. Returns false, and leaves the dates as they are, when it
 // ends before it begins.
 bool QMReadDateRange(const QMReportDateChoice& choice, QMDate& dateFrom, QMDate& dateTo);
+
+// Gives a range the end that the user has left open: the day of the first or of the last
+// transaction, by the dates that a report of the kind goes by, which are those cleared for the
+// statement. The end is never beyond the other one. Where the first or last date is none that
+// QMCheckDate accepts, it is the first or the last day of all that it accepts.
+void QMCloseRange(const QMTransactionStore& store, uint32_t uKind, bool bOpenFrom, bool bOpenTo,
+                  QMDate& dtFrom, QMDate& dtTo);

@@ -21,8 +21,8 @@ COMMAND_TEXT = re.compile(r"      (\S.*)")
 OPTION = re.compile(r"  (--\S*)(?: (\S+))? {2,}(\S.*)")
 OPTION_TEXT = re.compile(r" {24}(\S.*)")
 EXIT_CODES = re.compile(r"(\d) (.+)")
-# What a text says of a value: all the words that it may be.
-WORDS = re.compile(r"[\w-]+(?:, [\w-]+)* or [\w-]+")
+# What a text says of a value first: all the words that it may be.
+WORDS = re.compile(r"([\w-]+(?:, [\w-]+)* or [\w-]+)(?:: .+)?")
 
 
 @dataclass
@@ -34,16 +34,15 @@ class Option:
     def choices(self) -> list[str]:
         if "|" in self.value:
             return self.value.split("|")
-        if self.value and WORDS.fullmatch(self.text):
-            return re.split(", | or ", self.text)
-        return []
+        found = WORDS.fullmatch(self.text) if self.value else None
+        return re.split(", | or ", found[1]) if found else []
 
 
 @dataclass
 class Command:
     usage: str  # as it stands behind the program's name
     text: str
-    options: list[str]  # their names
+    options: list[Option]  # as the command takes them
 
     @property
     def name(self) -> str:
@@ -61,6 +60,10 @@ class Help:
     options: list[Option]
     exit_code: str
     version: str
+
+
+def names_of(command: Command) -> list[str]:
+    return [option.name for option in command.options]
 
 
 def said(program: Path, *words: str) -> str:
@@ -101,7 +104,7 @@ def parse(program: Path) -> Help:
     for command in found.commands:
         if command.has_options:
             own = said(program, "help", command.name).partition("\nOptions:\n")[2]
-            command.options = [option.name for option in parse_options(own.splitlines())]
+            command.options = parse_options(own.splitlines())
     return found
 
 
@@ -128,7 +131,7 @@ def filled(text: str) -> list[str]:
 
 
 def described(what: str, text: str) -> list[str]:
-    sentence = text if WORDS.fullmatch(text) else text[:1].upper() + text[1:].rstrip(".") + "."
+    sentence = text if WORDS.match(text) else text[:1].upper() + text[1:].rstrip(".") + "."
     return [".TP", what, *filled(sentence)]
 
 
@@ -150,7 +153,7 @@ def manual_page(help: Help, date: str) -> str:
             lines += described(marked(command.usage.removesuffix(" [OPTIONS]")), command.text)
         if command.options:
             lines += [".IP", "Options:", *[f"\\fB{escaped(name)}\\fR"
-                                          for name in command.options]]
+                                          for name in names_of(command)]]
     lines.append(".SH OPTIONS")
     for option in help.options:
         lines += described(option_head(option), option.text)
@@ -174,7 +177,7 @@ _qmktool()
         mapfile -t COMPREPLY < <(compgen -W '@COMMANDS@' -- "$word")
         return
     fi
-    case $before in
+    case "${COMP_WORDS[1]} $before" in
 @VALUES@
     esac
     if [[ $word != -* ]]; then
@@ -193,26 +196,31 @@ complete -F _qmktool qmktool
 FILE_VALUES = ("FILE", "OUT")
 
 
-def value_cases(options: list[Option]) -> Iterator[str]:
-    for option in options:
-        if words := " ".join(option.choices()):
-            yield (f"        {option.name})\n"
-                   f"            mapfile -t COMPREPLY < <(compgen -W '{words}' -- \"$word\")\n"
-                   "            return\n"
-                   "            ;;")
-    if others := [option.name for option in options if not option.choices()]:
-        yield f"        {' | '.join(others)}) return ;;"
+def value_cases(commands: list[Command]) -> Iterator[str]:
+    """The lines of a case for each set of words that a value may be of, for the commands and
+    options that take these. An option whose value is a file has no case."""
+    takers: dict[str, list[str]] = {}
+    for command in commands:
+        for option in command.options:
+            if option.value and option.value not in FILE_VALUES:
+                takers.setdefault(" ".join(option.choices()), []).append(
+                    f"'{command.name} {option.name}'")
+    for words, names in takers.items():
+        yield "        " + " | \\\n            ".join(names) + ")"
+        if words:
+            yield f"            mapfile -t COMPREPLY < <(compgen -W '{words}' -- \"$word\")"
+        yield "            return"
+        yield "            ;;"
 
 
 def completion(help: Help) -> str:
     words = [word.rstrip(",") for command in help.commands
              for word in command.usage.split()[:1 if command.has_options else None]]
     names = " ".join(dict.fromkeys(word for word in words if not word.isupper()))
-    values = value_cases([option for option in help.options
-                          if option.value and option.value not in FILE_VALUES])
-    options = [f"        {command.name}) words='{' '.join(command.options)}' ;;"
+    values = "\n".join(value_cases(help.commands))
+    options = [f"        {command.name}) words='{' '.join(names_of(command))}' ;;"
                for command in help.commands if command.options]
-    return (COMPLETION.replace("@COMMANDS@", names).replace("@VALUES@", "\n".join(values))
+    return (COMPLETION.replace("@COMMANDS@", names).replace("@VALUES@", values)
             .replace("@OPTIONS@", "\n".join(options)))
 
 

@@ -56,6 +56,24 @@ class ManualTests(ToolTestCase):
             own = re.findall(r"^  (--[a-z-]+) ", run("help", command).out.decode(), re.MULTILINE)
             self.assertEqual(self.completed(command, "-"), own, command)
 
+    def test_each_option_is_named_once(self) -> None:
+        page = self.page.read_text(encoding="ascii").replace("\\-", "-")
+        self.assertEqual(sorted(set(self.options)), sorted(self.options))
+        for option in self.options:
+            self.assertEqual(page.count(f"\n.TP\n\\fB{option}\\fR"), 1, option)
+        for command in self.commands:
+            offered = self.completed(command, "-")
+            self.assertEqual(sorted(set(offered)), sorted(offered), command)
+
+    def test_values_of_an_option_are_those_of_the_command(self) -> None:
+        shown, read = ["cp1252", "utf-8"], ["auto", "utf-8", "utf-16", "cp1252", "latin1"]
+        for command, words in (("info", shown), ("list", shown), ("report", shown),
+                               ("convert", read), ("import", read)):
+            self.assertEqual(self.completed(command, "--encoding", ""), words, command)
+        for command in ("convert", "import"):
+            self.assertEqual(self.completed(command, "--from", ""), ["qif", "csv", "xml"], command)
+        self.assertEqual(self.completed("convert", "--to", "c"), ["csv"])
+
     def test_values_are_completed(self) -> None:
         self.assertEqual(self.completed("convert", "--format", ""), ["1.0", "1.1", "2.0"])
         self.assertEqual(self.completed("report", "--kind", "v"), ["voided"])

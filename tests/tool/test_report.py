@@ -133,7 +133,7 @@ class Report(ToolTestCase):
             words("tax", "--group", "Car"), words("statement", "--group", "All"),
             words("tax", "--month", "3/2004"), words("tax", dates=("--month", "13/2004")),
             words("tax", dates=("--month", "3-2004")), words("tax", dates=("--month", "3/1751")),
-            words("tax", dates=("--month", "")), words("tax", dates=("--from", "1/1/2004")),
+            words("tax", dates=("--month", "")), words("tax", dates=("--from", "2/30/2004")),
             words("tax", "--paper", "a4"), words("tax", "--force"),
             words("tax", "--json", "--pdf", self.folder / "out.pdf"),
             words("tax", "--pdf", self.folder / "out.pdf", "--paper", "a5"),
@@ -142,6 +142,33 @@ class Report(ToolTestCase):
             with self.subTest(line):
                 self.assert_usage(run(*line))
         self.assertEqual(self.names_in_folder(), [])
+
+    def test_a_period_with_one_end(self):
+        days = [Day(2004, 2, 10), Day(2004, 3, 5), Day(2004, 4, 20)]
+        # Cleared ten days later, but for the last, which is not cleared.
+        entries = [Entry(1, day, 1000, 10.0, flags | 2, Day(day.year, day.month, day.day + 10))
+                   for day, flags in zip(days, (0, 0, 16))]
+        file = self.write_account(entries=entries)
+        for kind, first, last in (("expenses", "2/10/2004", "4/20/2004"),
+                                  ("statement", "2/20/2004", "3/15/2004")):
+            for half, whole in (
+                    (("--from", "3/1/2004"), ("--from", "3/1/2004", "--to", last)),
+                    (("--to", "3/31/2004"), ("--from", first, "--to", "3/31/2004")),
+                    # Beyond all transactions, the period is the day that is told.
+                    (("--from", "1/1/2020"), ("--from", "1/1/2020", "--to", "1/1/2020")),
+                    (("--to", "1/1/1990"), ("--from", "1/1/1990", "--to", "1/1/1990"))):
+                with self.subTest(kind=kind, half=half):
+                    one = self.assert_done(run(*words(kind, file=file, dates=half)))
+                    both = self.assert_done(run(*words(kind, file=file, dates=whole)))
+                    self.assertEqual(one.out, both.out)
+
+    def test_an_open_end_of_an_account_without_good_dates(self):
+        file = self.write_account(entries=[Entry(1, Day(0, 0, 0), flags=2),
+                                           Entry(1, Day(2004, 13, 1), flags=2)])
+        for half, dates in ((("--from", "1/1/2000"), [[2000, 1, 1], [3000, 12, 31]]),
+                            (("--to", "1/1/2000"), [[1752, 1, 1], [2000, 1, 1]])):
+            report = self.assert_done(run(*words("expenses", "--json", file=file, dates=half))).json()
+            self.assertEqual([report["from"], report["to"]], dates)
 
     def test_reversed_range(self):
         result = run(*words("tax", dates=("--from", "2/2/2004", "--to", "2/1/2004")))

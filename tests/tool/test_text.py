@@ -3,15 +3,18 @@
 import csv
 import io
 import os
+import re
+import signal
 import subprocess
 import time
 import unittest
+from pathlib import Path
 from typing import Any
 
 import formats
 import rules
-from support import (DONE, IS_WINDOWS, PROGRAM, REFUSED, SAMPLE, Day, Entry, Result,
-                     ToolTestCase, cases, posix_only, run)
+from support import (DONE, FRONT_SIZE, IS_WINDOWS, PROGRAM, REFUSED, SAMPLE, Day, Entry, Result,
+                     ToolTestCase, cases, make_account, posix_only, run, with_number)
 
 if not IS_WINDOWS:
     import pty
@@ -198,6 +201,37 @@ class Terminals(ToolTestCase):
         self.assertRegex(told, rb"\rreading: \d+ MB")
         # The program must wipe the line of progress before it prints the last line.
         self.assertRegex(told, rb"\r *\r-: CSV, 20000 transactions\r\n\Z")
+
+    def halted(self, *words: Any, out: Any = subprocess.DEVNULL) -> bytes:
+        """What a program tells on a terminal that is halted for more than a second once it has
+        begun to read."""
+        master, slave = pty.openpty()
+        with subprocess.Popen([*PROGRAM, *map(str, words)], stdin=subprocess.DEVNULL, stdout=out,
+                              stderr=slave) as program:
+            counters = Path(f"/proc/{program.pid}/io")
+            while int(re.search(r"rchar: (\d+)", counters.read_text())[1]) < 1000000:
+                time.sleep(0.001)
+            program.send_signal(signal.SIGSTOP)
+            time.sleep(1.3)
+            program.send_signal(signal.SIGCONT)
+            told = read_terminal(master, slave)
+        self.assertEqual(program.returncode, DONE, told)
+        return told
+
+    @unittest.skipUnless(Path("/proc/self/io").exists(), "a process does not tell what it has read")
+    def test_progress_of_lists_and_accounts(self) -> None:
+        count = 300000
+        one = make_account([Entry(description=b"Books")])
+        account = self.write("many.qmk", with_number(one[:FRONT_SIZE], 8, count) +
+                             one[FRONT_SIZE:] * count)
+        with open(self.folder / "listed", "wb") as listed:
+            for options in ((), ("--csv",), ("--json",)):
+                told = self.halted("list", account, *options, out=listed)
+                self.assertRegex(told, rb"\rlisting: \d+ % *\r", options)
+                self.assertRegex(told, rb"\r +\r\Z", options)
+        told = self.halted("convert", account, self.folder / "again.qmk")
+        self.assertRegex(told, rb"\rwriting: \d+ % *\r")
+        self.assertRegex(told, rb"\r +\r\Z")
 
     def test_no_progress_when_nobody_looks(self) -> None:
         with open(self.folder / "told", "w+b") as err:

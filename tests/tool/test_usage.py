@@ -25,7 +25,9 @@ WRONG_WORDS = {
     "first and last rows at once": ["list", FILE, "--limit", "3", "--last", "3"],
     "a negative number of rows": ["list", FILE, "--limit", "-1"],
     "a number of rows in words": ["list", FILE, "--last", "3x"],
-    "half a period for a report": ["report", FILE, "--kind", "tax", *FIRST_DAY],
+    "half a period and a month for a report": ["report", FILE, "--kind", "tax", *FIRST_DAY,
+                                               "--month", "3/2004"],
+    "a period for convert": ["convert", FILE, "b.csv", *FIRST_DAY],
     "dialect of an account": ["convert", FILE, "b.csv", "--dates", "dmy"],
     "help for no command": ["help", "lists"],
     "all for list": ["list", FILE, "--all"],
@@ -143,7 +145,6 @@ class Wrong(ToolTestCase):
                 ("shwo", ["shwo", FILE]),
                 ("--jsno", ["list", FILE, "--jsno"]),
                 ("2/30/2004", ["list", FILE, "--from", "2/30/2004", *LAST_DAY]),
-                ("--to", ["report", FILE, "--kind", "tax", *FIRST_DAY]),
                 ("surplus.qmk", ["info", FILE, "surplus.qmk"]),
                 ("7.5", ["convert", FILE, "b.qmk", "--format", "7.5"]))):
             with self.subTest(word):

@@ -39,6 +39,32 @@ QMReportDateChoice MonthOf(int32_t lYear, int32_t lMonth)
 
 } // namespace
 
+TEST(ReportDates, AnOpenEndIsTheFirstOrTheLastDay)
+{
+    QMTransactionStore store;
+    for (const char* szDate : {"2/10/2004", "3/5/2004", "4/20/2004"}) {
+        QMTransaction t = MakeTransaction(QM_TRANS_DEPOSIT, szDate, 1);
+        t.lFlags = 0;
+        t.dtCleared = QMMakeDate(2005, t.dtDate.wMonth, 1);
+        AddTo(store, t);
+    }
+    const auto Close = [&](uint32_t uKind, bool bOpenFrom, QMDate day) {
+        QMDate dtFrom = day;
+        QMDate dtTo = day;
+        QMCloseRange(store, uKind, bOpenFrom, !bOpenFrom, dtFrom, dtTo);
+        EXPECT_TRUE(QMDateIsEqual(bOpenFrom ? dtTo : dtFrom, day));
+        return bOpenFrom ? QMDateKey(dtFrom) : QMDateKey(dtTo);
+    };
+    const QMDate day = QMMakeDate(2004, 3, 1);
+    EXPECT_EQ(Close(QM_REPORT_TAX, true, day), QMDateKey(QMMakeDate(2004, 2, 10)));
+    EXPECT_EQ(Close(QM_REPORT_TAX, false, day), QMDateKey(QMMakeDate(2004, 4, 20)));
+    EXPECT_EQ(Close(QM_REPORT_STATEMENT, true, day), QMDateKey(day));
+    EXPECT_EQ(Close(QM_REPORT_STATEMENT, false, day), QMDateKey(QMMakeDate(2005, 4, 1)));
+    store.Clear();
+    EXPECT_EQ(Close(QM_REPORT_TAX, true, day), QMDateKey(day));
+    EXPECT_EQ(Close(QM_REPORT_TAX, false, day), QMDateKey(day));
+}
+
 TEST(ReportGroups, AreThoseOfASortedEditList)
 {
     std::mt19937 random(3);
