@@ -45,6 +45,24 @@ function(quillmark_library target)
   add_library(${target} STATIC)
   quillmark_options(${target})
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+  quillmark_precompile(${target})
+endfunction()
+
+# Most of the time of a build went into a few headers of the system, so they are compiled once for
+# all sources. A source includes what it needs all the same: clang-tidy reads it without these.
+set(QUILLMARK_COMMON_HEADERS <algorithm> <cstdint> <cstdio> <cstring> <functional> <memory> <string>
+    <string_view> <utility> <vector>)
+function(quillmark_precompile target)
+  if(target STREQUAL "quillmark_core")
+    target_precompile_headers(${target} PRIVATE ${QUILLMARK_COMMON_HEADERS})
+  elseif(target STREQUAL "vorek")
+    target_precompile_headers(${target} PRIVATE
+      <windows.h> <commctrl.h> ${QUILLMARK_COMMON_HEADERS})
+  elseif(target STREQUAL "qmktool")
+    target_precompile_headers(${target} REUSE_FROM quillmark_core)
+  elseif(NOT target STREQUAL "test_support")
+    target_precompile_headers(${target} REUSE_FROM vorek)
+  endif()
 endfunction()
 
 function(quillmark_program target)

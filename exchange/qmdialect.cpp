@@ -167,9 +167,14 @@ const char* SetColumns(std::string_view value, std::vector<QMBankColumn>& column
 
 } // namespace
 
-const char* QMBankColumnName(QMBankColumn column)
+std::string QMBankColumnNames(const std::vector<QMBankColumn>& columns)
 {
-    return NameOf(aColumns, column);
+    std::string sNames;
+    for (const QMBankColumn column : columns) {
+        sNames += sNames.empty() ? "" : ",";
+        sNames += NameOf(aColumns, column);
+    }
+    return sNames;
 }
 
 const char* QMDialect::Set(std::string_view name, std::string_view value)
@@ -220,11 +225,7 @@ std::string QMDialect::GetProfile() const
     sText += Line("encoding", NameOf(aEncodings, encoding));
     sText += Line("skip", std::to_string(lSkip));
     if (!columns.empty()) {
-        std::string sNames;
-        for (const QMBankColumn column : columns) {
-            sNames += (sNames.empty() ? "" : ",") + std::string(QMBankColumnName(column));
-        }
-        sText += Line("columns", sNames);
+        sText += Line("columns", QMBankColumnNames(columns));
     }
     return sText + Line("invert", NameOf(aAnswers, bInvert));
 }

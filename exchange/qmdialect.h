@@ -62,5 +62,5 @@ struct QMDialect
     std::string ReadProfile(std::string_view text);
 };
 
-// The name of a column in --columns and in a profile.
-const char* QMBankColumnName(QMBankColumn column);
+// The names of columns in --columns and in a profile, with commas between them.
+std::string QMBankColumnNames(const std::vector<QMBankColumn>& columns);

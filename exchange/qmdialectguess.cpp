@@ -167,7 +167,8 @@ private:
     // As the profile of what was told has it.
     std::string ValueOf(const std::string& sName) const
     {
-        const std::string sProfile = "\n" + m_guess.dialect.GetProfile();
+        std::string sProfile("\n");
+        sProfile += m_guess.dialect.GetProfile();
         const std::string sLine = "\n" + sName + " = ";
         const size_t uAt = sProfile.find(sLine);
         if (uAt == std::string::npos) {
@@ -261,15 +262,6 @@ Table TableOf(const std::vector<TextRow>& rows)
     return table;
 }
 
-std::string NamesOf(const std::vector<QMBankColumn>& columns)
-{
-    std::string sNames;
-    for (const QMBankColumn column : columns) {
-        sNames += (sNames.empty() ? "" : ",") + std::string(QMBankColumnName(column));
-    }
-    return sNames;
-}
-
 const char* SurenessName(QMSureness sureness)
 {
     constexpr const char* aszNames[] = {"told", "sure", "likely", "a guess", "not known"};
@@ -319,8 +311,8 @@ bool QMGuessCsvDialect(std::string_view bytes, const QMDialect& told,
     proposal.Add(columns.GetTally().GuessDecimal());
     proposal.Add({"skip", std::to_string(table.lFirstLine), QMSureness::Sure,
                   "the first record is on line " + std::to_string(table.lFirstLine + 1)});
-    proposal.Add(
-        {"columns", NamesOf(columns.GetColumns()), columns.GetSureness(), columns.GetReason()});
+    proposal.Add({"columns", QMBankColumnNames(columns.GetColumns()), columns.GetSureness(),
+                  columns.GetReason()});
     proposal.Add({"invert", "no", columns.IsOneSided() ? QMSureness::Guess : QMSureness::Likely,
                   columns.IsOneSided() ? "no amount has a minus; yes makes all of them payments"
                                        : "a minus usually means that it was spent"});
