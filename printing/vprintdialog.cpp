@@ -1,6 +1,7 @@
 #include "printing/vprintdialog.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "printing/vdevicehandles.h"
 
@@ -8,7 +9,7 @@ namespace {
 
 WORD ToWord(int n)
 {
-    return static_cast<WORD>(std::clamp(n, 0, 0xFFFF));
+    return static_cast<WORD>(std::clamp(n, 0, USHRT_MAX));
 }
 
 } // namespace
@@ -33,7 +34,7 @@ PRINTDLGA VPrintDialog::MakeRecord(HWND hOwner, DWORD uFlags, bool bSetup)
     const VLockedDeviceMode mode(m_hDevMode);
     if (DEVMODEA* pMode = mode.Get()) {
         record.Flags |= PD_USEDEVMODECOPIESANDCOLLATE;
-        pMode->dmCopies = static_cast<short>(std::clamp(m_nCopies, 1, 0x7FFF));
+        pMode->dmCopies = static_cast<short>(std::clamp(m_nCopies, 1, SHRT_MAX));
         pMode->dmCollate = static_cast<short>(m_bCollate ? DMCOLLATE_TRUE : DMCOLLATE_FALSE);
     }
     return record;

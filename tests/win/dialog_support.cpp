@@ -130,9 +130,9 @@ std::string SizeInUnits(HWND hDialog)
            std::to_string((client.bottom * 800 + unit.bottom / 2) / unit.bottom);
 }
 
-std::vector<std::string> TabOrder(HWND hDialog)
+Texts TabOrder(HWND hDialog)
 {
-    std::vector<std::string> order;
+    Texts order;
     for (HWND hControl : ControlsOf(hDialog)) {
         if (static_cast<int16_t>(GetDlgCtrlID(hControl)) != -1) {
             order.push_back(NameOf(hControl));
@@ -141,9 +141,9 @@ std::vector<std::string> TabOrder(HWND hDialog)
     return order;
 }
 
-std::vector<std::string> LayoutFaults(HWND hDialog)
+Texts LayoutFaults(HWND hDialog)
 {
-    std::vector<std::string> faults;
+    Texts faults;
     std::vector<HWND> placed;
     RECT client = {};
     GetClientRect(hDialog, &client);
@@ -187,9 +187,9 @@ std::string NameOfControl(HWND hControl)
     return bLabel ? Text(VWindow::WindowText(hBefore)) : std::string();
 }
 
-std::vector<std::string> NamelessControls(HWND hDialog)
+Texts NamelessControls(HWND hDialog)
 {
-    std::vector<std::string> nameless;
+    Texts nameless;
     for (HWND hControl : ControlsOf(hDialog)) {
         const int32_t lKind = VWindow::KindOfWindow(hControl);
         const std::string sName = NameOfControl(hControl);

@@ -5,8 +5,8 @@
 #include <windows.h>
 
 #include <string>
-#include <vector>
 
+#include "tests/support/support.h"
 #include "tests/win/modaldriver.h"
 
 // Clicks as a user's mouse does, and returns after the click was handled. A disabled control does
@@ -28,15 +28,15 @@ int LimitOf(HWND hDialog, int nId);
 // The inside of the dialog in dialog units, such as "328x190".
 std::string SizeInUnits(HWND hDialog);
 // The controls in tab order, such as "1601 Check", without texts and frames (id -1).
-std::vector<std::string> TabOrder(HWND hDialog);
+Texts TabOrder(HWND hDialog);
 // Controls whose text does not fit, that reach beyond the dialog, or that cover another control.
-std::vector<std::string> LayoutFaults(HWND hDialog);
+Texts LayoutFaults(HWND hDialog);
 
 // The name by which a screen reader calls a control: its own text, or that of the static text right
 // before it.
 std::string NameOfControl(HWND hControl);
 // Controls that can have the focus and have no name.
-std::vector<std::string> NamelessControls(HWND hDialog);
+Texts NamelessControls(HWND hDialog);
 
 // An action that presses a button of a message box. It copies the caption and the sentence of the
 // box to where the pointers point.

@@ -14,8 +14,6 @@
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 class QMAccountPagesTest : public testing::Test
 {
 protected:
@@ -76,27 +74,27 @@ TEST_F(QMAccountPagesTest, ShowTheAccount)
         EXPECT_EQ(Text(VWindow::WindowText(hSheet)), "Account Information - a.qmk");
         EXPECT_EQ(GetDlgItem(hSheet, 12321) != nullptr && IsShown(hSheet, 12321), false);
         HWND hPage = m_account.GetHandle();
-        Names order = TabOrder(hPage);
+        Texts order = TabOrder(hPage);
         ASSERT_EQ(order.size(), 4U);
         order[1] = order[1].substr(0, 4); // the date is written as the user's country does it
         EXPECT_EQ(order,
-                  (Names{"1421 12-345", "1422", "1423     100.00", "1424 Read-Only Protect"}));
-        EXPECT_EQ(LayoutFaults(hPage), Names());
+                  (Texts{"1421 12-345", "1422", "1423     100.00", "1424 Read-Only Protect"}));
+        EXPECT_EQ(LayoutFaults(hPage), Texts());
         EXPECT_EQ(FocusedId(hPage), IDC_ACCOUNT_NUMBER);
         EXPECT_EQ(LimitOf(hPage, IDC_ACCOUNT_NUMBER), 31);
         EXPECT_EQ(LimitOf(hPage, IDC_ACCOUNT_MINIMUM), 15);
         EXPECT_FALSE(IsOn(hPage, IDC_ACCOUNT_READONLY));
         PropSheet_SetCurSel(hSheet, nullptr, 1);
         hPage = m_bank.GetHandle();
-        EXPECT_EQ(TabOrder(hPage), (Names{"1401 First Bank", "1402 ", "1403 ", "1404 ", "1405 ",
+        EXPECT_EQ(TabOrder(hPage), (Texts{"1401 First Bank", "1402 ", "1403 ", "1404 ", "1405 ",
                                           "1406 ", "1407 http://bank.example/", "1905 Go"}));
-        EXPECT_EQ(LayoutFaults(hPage), Names());
+        EXPECT_EQ(LayoutFaults(hPage), Texts());
         EXPECT_EQ(LimitOf(hPage, IDC_BANK_HOMEPAGE), 127);
         PropSheet_SetCurSel(hSheet, nullptr, 2);
         hPage = m_holder.GetHandle();
         EXPECT_EQ(TabOrder(hPage),
-                  (Names{"1411 N. Wren", "1412 ", "1413 ", "1414 ", "1415 ", "1416 "}));
-        EXPECT_EQ(LayoutFaults(hPage), Names());
+                  (Texts{"1411 N. Wren", "1412 ", "1413 ", "1414 ", "1415 ", "1416 "}));
+        EXPECT_EQ(LayoutFaults(hPage), Texts());
         EXPECT_EQ(LimitOf(hPage, IDC_HOLDER_PHONE), 15);
         Press(hSheet, IDCANCEL);
     });
@@ -109,7 +107,7 @@ TEST_F(QMAccountPagesTest, NameEveryControl)
     m_driver.Next([&](HWND hSheet) {
         for (int nPage = 0; nPage < 3; ++nPage) {
             PropSheet_SetCurSel(hSheet, nullptr, nPage);
-            EXPECT_EQ(NamelessControls(PropSheet_GetCurrentPageHwnd(hSheet)), Names());
+            EXPECT_EQ(NamelessControls(PropSheet_GetCurrentPageHwnd(hSheet)), Texts());
         }
         EXPECT_EQ(NameOfControl(m_account.GetItem(IDC_ACCOUNT_MINIMUM)), "Minimum Balance:");
         Press(hSheet, IDCANCEL);

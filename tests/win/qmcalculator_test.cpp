@@ -16,8 +16,6 @@
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 constexpr char g_szValue[] = "Calculator Position";
 
 class QMCalculatorTest : public testing::Test
@@ -128,8 +126,8 @@ TEST_F(QMCalculatorTest, LooksAsDesigned)
     HWND hWindow = m_calculator.GetHandle();
     EXPECT_EQ(Text(m_calculator.GetText()), "Calculator");
     EXPECT_EQ(SizeInUnits(hWindow), "106x130");
-    EXPECT_EQ(LayoutFaults(hWindow), Names());
-    EXPECT_EQ(NamelessControls(hWindow), Names());
+    EXPECT_EQ(LayoutFaults(hWindow), Texts());
+    EXPECT_EQ(NamelessControls(hWindow), Texts());
     EXPECT_EQ(NameOfControl(m_calculator.GetItem(IDC_CALC_DISPLAY)), "Display");
     EXPECT_EQ(Shown(), "0.");
     EXPECT_EQ(Mark(), "");

@@ -13,8 +13,6 @@
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 constexpr int g_nIdRed = 706; // of the system's colour dialog
 
 class QMOptionsPagesTest : public testing::Test
@@ -63,17 +61,17 @@ protected:
 
 } // namespace
 
-// Kept: "Spash" is misspelled.
+// Kept: "Spash" and "Negitive" are misspelled.
 TEST_F(QMOptionsPagesTest, ShowWhatIsSet)
 {
     m_driver.Next([&](HWND hSheet) {
         EXPECT_EQ(Text(VWindow::WindowText(hSheet)), "Options");
         HWND hPage = m_general.GetHandle();
         EXPECT_EQ(TabOrder(hPage),
-                  (Names{"1212 Reload Last File", "1211 Confirm Remove Transaction",
+                  (Texts{"1212 Reload Last File", "1211 Confirm Remove Transaction",
                          "1213 Show Spash Screen", "1001 Include Uncleared Transactions In Balance",
                          "1002 Sort Edit Lists Alphabetically", "1912 Defaults..."}));
-        EXPECT_EQ(LayoutFaults(hPage), Names());
+        EXPECT_EQ(LayoutFaults(hPage), Texts());
         EXPECT_TRUE(IsOn(hPage, IDC_OPTION_RELOAD));
         EXPECT_TRUE(IsOn(hPage, IDC_OPTION_CONFIRM));
         EXPECT_FALSE(IsOn(hPage, IDC_OPTION_SPLASH));
@@ -81,17 +79,18 @@ TEST_F(QMOptionsPagesTest, ShowWhatIsSet)
         EXPECT_FALSE(IsOn(hPage, IDC_OPTION_SORT));
         PropSheet_SetCurSel(hSheet, nullptr, 1);
         hPage = m_printing.GetHandle();
-        EXPECT_EQ(TabOrder(hPage), (Names{"1214 Page Numbers", "1215 Bank Name",
+        EXPECT_EQ(TabOrder(hPage), (Texts{"1214 Page Numbers", "1215 Bank Name",
                                           "1216 Account Holder Name", "1912 Defaults..."}));
-        EXPECT_EQ(LayoutFaults(hPage), Names());
+        EXPECT_EQ(LayoutFaults(hPage), Texts());
         EXPECT_TRUE(IsOn(hPage, IDC_OPTION_PAGENUMBERS));
         EXPECT_FALSE(IsOn(hPage, IDC_OPTION_HOLDERNAME));
         PropSheet_SetCurSel(hSheet, nullptr, 2);
         hPage = m_display.GetHandle();
-        EXPECT_EQ(TabOrder(hPage), (Names{"1210 ", "1911 Select", "1217 ", "1916 Select", "1218 ",
+        EXPECT_EQ(TabOrder(hPage), (Texts{"1210 ", "1911 Select", "1217 ", "1916 Select", "1218 ",
                                           "1917 Select", "1912 Defaults..."}));
-        EXPECT_EQ(LayoutFaults(hPage), Names());
-        EXPECT_EQ(NamelessControls(hPage), Names());
+        EXPECT_NE(FindWindowExA(hPage, nullptr, "Static", "Negitive Balance Text Color:"), nullptr);
+        EXPECT_EQ(LayoutFaults(hPage), Texts());
+        EXPECT_EQ(NamelessControls(hPage), Texts());
         Press(hSheet, IDCANCEL);
     });
     EXPECT_FALSE(Run());

@@ -13,8 +13,6 @@
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 VFileFault WriteText(const std::string& sPath, const std::string& sText, bool bReplace)
 {
     return VWriteWholeFile(sPath.c_str(), sText.data(), sText.size(), bReplace);
@@ -51,7 +49,7 @@ TEST(VWriteWholeFilePosix, RefusesAFileThatMayNotBeWrittenEvenWhereTheFolderMay)
         EXPECT_EQ(WriteText(sPath, "new", true), VFileFault::NoAccess);
     }
     EXPECT_EQ(ReadWholeFile(sPath), "old");
-    EXPECT_EQ(folder.GetNames(), (Names{"a"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a"}));
 }
 
 TEST(VWriteWholeFilePosix, LeavesNothingBehindWhenTheRoomRunsOutOnTheWay)
@@ -65,7 +63,7 @@ TEST(VWriteWholeFilePosix, LeavesNothingBehindWhenTheRoomRunsOutOnTheWay)
         EXPECT_EQ(WriteText(folder.PathOf("b"), std::string(5000, 'x'), false), VFileFault::NoRoom);
     }
     EXPECT_EQ(ReadWholeFile(sPath), "old");
-    EXPECT_EQ(folder.GetNames(), (Names{"a"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a"}));
 }
 
 TEST(VWriteWholeFilePosix, KeepsTheModeOfAReplacedFile)
@@ -99,8 +97,8 @@ TEST(VWriteWholeFilePosix, WritesThroughASymbolicLinkAndLeavesItALink)
     EXPECT_EQ(WriteText(sLink, "new", true), VFileFault::None);
     EXPECT_TRUE(std::filesystem::is_symlink(sLink));
     EXPECT_EQ(ReadWholeFile(elsewhere.PathOf("file")), "new");
-    EXPECT_EQ(folder.GetNames(), (Names{"link"}));
-    EXPECT_EQ(elsewhere.GetNames(), (Names{"file"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"link"}));
+    EXPECT_EQ(elsewhere.GetNames(), (Texts{"file"}));
 }
 
 TEST(VWriteWholeFilePosix, RefusesAnExistingFileBehindASymbolicLink)
@@ -110,7 +108,7 @@ TEST(VWriteWholeFilePosix, RefusesAnExistingFileBehindASymbolicLink)
     std::filesystem::create_symlink("file", folder.PathOf("link"));
     EXPECT_EQ(WriteText(folder.PathOf("link"), "new", false), VFileFault::Exists);
     EXPECT_EQ(ReadWholeFile(folder.PathOf("file")), "old");
-    EXPECT_EQ(folder.GetNames(), (Names{"file", "link"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"file", "link"}));
 }
 
 TEST(VWriteWholeFilePosix, RefusesAPipeWithoutWaitingForIt)
@@ -121,7 +119,7 @@ TEST(VWriteWholeFilePosix, RefusesAPipeWithoutWaitingForIt)
     EXPECT_EQ(WriteText(sPath, "new", true), VFileFault::NotAFile);
     EXPECT_EQ(VCanReplaceFile(sPath.c_str(), 1), VFileFault::NotAFile);
     EXPECT_FALSE(FileExists(sPath.c_str()));
-    EXPECT_EQ(folder.GetNames(), (Names{"pipe"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"pipe"}));
 }
 
 TEST(VWriteWholeFilePosix, RefusesANewFileInAFolderThatMayNotBeWritten)
@@ -133,7 +131,7 @@ TEST(VWriteWholeFilePosix, RefusesANewFileInAFolderThatMayNotBeWritten)
         EXPECT_EQ(WriteText(folder.PathOf("a"), "new", false), VFileFault::NoAccess);
         EXPECT_EQ(VCanReplaceFile(folder.PathOf("a").c_str(), 1), VFileFault::NoAccess);
     }
-    EXPECT_EQ(folder.GetNames(), Names{});
+    EXPECT_EQ(folder.GetNames(), Texts{});
     ASSERT_EQ(chmod(folder.GetPath().c_str(), 0755), 0);
 }
 
@@ -151,7 +149,7 @@ TEST(VWriteWholeFilePosix, RefusesANameThatIsTooLongForTheSystem)
     const TemporaryFolder folder;
     EXPECT_EQ(WriteText(folder.PathOf(std::string(300, 'n')), "new", false),
               VFileFault::NameTooLong);
-    EXPECT_EQ(folder.GetNames(), Names{});
+    EXPECT_EQ(folder.GetNames(), Texts{});
 }
 
 TEST(VWriteWholeFilePosix, WritesAFileOfTheLongestName)

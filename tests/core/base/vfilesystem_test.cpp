@@ -14,8 +14,6 @@
 
 namespace {
 
-using Names = std::vector<std::string>;
-
 VFileFault WriteText(const std::string& sPath, const std::string& sText, bool bReplace)
 {
     return VWriteWholeFile(sPath.c_str(), sText.data(), sText.size(), bReplace);
@@ -89,7 +87,7 @@ TEST(VCanReplaceFile, AllowsANewAndAnExistingFileAndTouchesNeither)
     WriteWholeFile(folder.PathOf("old"), "text");
     EXPECT_EQ(VCanReplaceFile(folder.PathOf("new").c_str(), 1000), VFileFault::None);
     EXPECT_EQ(VCanReplaceFile(folder.PathOf("old").c_str(), 1000), VFileFault::None);
-    EXPECT_EQ(folder.GetNames(), (Names{"old"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"old"}));
     EXPECT_EQ(ReadWholeFile(folder.PathOf("old")), "text");
 }
 
@@ -116,7 +114,7 @@ TEST(VWriteWholeFile, MakesANewFile)
         EXPECT_EQ(WriteText(sPath, std::string("a\0b\r\n\xFF", 6), bReplace), VFileFault::None);
         EXPECT_EQ(ReadWholeFile(sPath), std::string("a\0b\r\n\xFF", 6));
     }
-    EXPECT_EQ(folder.GetNames(), (Names{"a", "b"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a", "b"}));
 }
 
 TEST(VWriteWholeFile, MakesAnEmptyAndALargeFile)
@@ -136,7 +134,7 @@ TEST(VWriteWholeFile, ReplacesALongerFileWhole)
     WriteWholeFile(sPath, "a much longer text");
     EXPECT_EQ(WriteText(sPath, "short", true), VFileFault::None);
     EXPECT_EQ(ReadWholeFile(sPath), "short");
-    EXPECT_EQ(folder.GetNames(), (Names{"a"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a"}));
 }
 
 TEST(VWriteWholeFile, RefusesAnExistingFileUnlessToldToReplaceIt)
@@ -146,7 +144,7 @@ TEST(VWriteWholeFile, RefusesAnExistingFileUnlessToldToReplaceIt)
     WriteWholeFile(sPath, "old");
     EXPECT_EQ(WriteText(sPath, "new", false), VFileFault::Exists);
     EXPECT_EQ(ReadWholeFile(sPath), "old");
-    EXPECT_EQ(folder.GetNames(), (Names{"a"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a"}));
 }
 
 TEST(VWriteWholeFile, RefusesAFileThatIsOpenElsewhere)
@@ -157,7 +155,7 @@ TEST(VWriteWholeFile, RefusesAFileThatIsOpenElsewhere)
     QMFile file(sPath.c_str());
     ASSERT_TRUE(file.Open());
     EXPECT_EQ(WriteText(sPath, "new", true), VFileFault::Locked);
-    EXPECT_EQ(folder.GetNames(), (Names{"a"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a"}));
     file.Close();
     EXPECT_EQ(ReadWholeFile(sPath), "old");
     EXPECT_EQ(WriteText(sPath, "new", true), VFileFault::None);
@@ -184,7 +182,7 @@ TEST(VWriteWholeFile, RefusesAFolder)
     EXPECT_EQ(WriteText(sPath, "new", true), VFileFault::NotAFile);
     EXPECT_EQ(WriteText(sPath, "new", false), VFileFault::NotAFile);
     EXPECT_TRUE(std::filesystem::is_directory(sPath));
-    EXPECT_EQ(folder.GetNames(), (Names{"sub"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"sub"}));
 }
 
 TEST(VWriteWholeFile, RefusesAMissingFolder)
@@ -193,7 +191,7 @@ TEST(VWriteWholeFile, RefusesAMissingFolder)
     const std::string sPath = folder.PathOf(Path("none/a"));
     EXPECT_EQ(WriteText(sPath, "new", true), VFileFault::NotFound);
     EXPECT_EQ(WriteText(sPath, "new", false), VFileFault::NotFound);
-    EXPECT_EQ(folder.GetNames(), Names{});
+    EXPECT_EQ(folder.GetNames(), Texts{});
 }
 
 TEST(VWriteWholeFile, LeavesNeighboursWithSimilarNamesAlone)
@@ -201,7 +199,7 @@ TEST(VWriteWholeFile, LeavesNeighboursWithSimilarNamesAlone)
     const TemporaryFolder folder;
     WriteWholeFile(folder.PathOf("a.new"), "neighbour");
     EXPECT_EQ(WriteText(folder.PathOf("a"), "text", false), VFileFault::None);
-    EXPECT_EQ(folder.GetNames(), (Names{"a", "a.new"}));
+    EXPECT_EQ(folder.GetNames(), (Texts{"a", "a.new"}));
     EXPECT_EQ(ReadWholeFile(folder.PathOf("a.new")), "neighbour");
 }
 

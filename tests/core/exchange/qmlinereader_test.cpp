@@ -15,8 +15,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 // Notes each line as "NUMBER:TEXT", and a blank line as "NUMBER".
 class Notes : public QMLineReader
 {
@@ -36,18 +34,18 @@ public:
         return lLine != lStopAt;
     }
 
-    Lines lines;
+    Texts lines;
     int32_t lStopAt = 0;
 };
 
-Lines LinesOf(const std::string& sBytes, bool bDeliverBlank = true, int32_t nMaxLine = 0)
+Texts LinesOf(const std::string& sBytes, bool bDeliverBlank = true, int32_t nMaxLine = 0)
 {
     const TemporaryFolder folder;
     WriteWholeFile(folder.PathOf("f"), sBytes);
     Notes notes;
     const bool bRead = notes.Read(folder.PathOf("f").c_str(), bDeliverBlank, nMaxLine);
     EXPECT_EQ(bRead, !notes.lines.empty());
-    return bRead ? notes.lines : Lines{"(refused)"};
+    return bRead ? notes.lines : Texts{"(refused)"};
 }
 
 std::string Wide(const std::string& sText, bool bBigEndian)
@@ -102,14 +100,14 @@ public:
           m_uLimit(uMaxLine - 2)
     {}
 
-    Lines ReadAll()
+    Texts ReadAll()
     {
-        Lines lines;
+        Texts lines;
         std::string sLine;
         while (ReadLine(sLine)) {
             lines.push_back(std::to_string(lines.size() + 1) + (sLine.empty() ? "" : ":" + sLine));
         }
-        return lines.empty() ? Lines{"(refused)"} : lines;
+        return lines.empty() ? Texts{"(refused)"} : lines;
     }
 
 private:
@@ -161,7 +159,7 @@ private:
     size_t m_uLimit;
 };
 
-Lines PlainLinesOf(const Kind& kind, const std::string& sBytes, size_t uMaxLine = 16384)
+Texts PlainLinesOf(const Kind& kind, const std::string& sBytes, size_t uMaxLine = 16384)
 {
     return PlainReader(kind, sBytes, uMaxLine).ReadAll();
 }
@@ -205,38 +203,38 @@ TEST(LineReader, TakesFourLineEndsAsSingleOnes)
 {
     for (const char* szEnd : {"\r", "\n", "\r\n", "\n\r"}) {
         const std::string sEnd = szEnd;
-        EXPECT_EQ(LinesOf("a" + sEnd + "b"), (Lines{"1:a", "2:b"}));
-        EXPECT_EQ(LinesOf("a" + sEnd + "b" + sEnd), (Lines{"1:a", "2:b"}));
-        EXPECT_EQ(LinesOf("a" + sEnd + sEnd + "b"), (Lines{"1:a", "2", "3:b"}));
-        EXPECT_EQ(LinesOf(sEnd), (Lines{"1"}));
-        EXPECT_EQ(LinesOf(sEnd + sEnd), (Lines{"1", "2"}));
+        EXPECT_EQ(LinesOf("a" + sEnd + "b"), (Texts{"1:a", "2:b"}));
+        EXPECT_EQ(LinesOf("a" + sEnd + "b" + sEnd), (Texts{"1:a", "2:b"}));
+        EXPECT_EQ(LinesOf("a" + sEnd + sEnd + "b"), (Texts{"1:a", "2", "3:b"}));
+        EXPECT_EQ(LinesOf(sEnd), (Texts{"1"}));
+        EXPECT_EQ(LinesOf(sEnd + sEnd), (Texts{"1", "2"}));
     }
 }
 
 TEST(LineReader, TakesTwoLikeCharactersAsTwoLineEnds)
 {
-    EXPECT_EQ(LinesOf("a\r\rb"), (Lines{"1:a", "2", "3:b"}));
-    EXPECT_EQ(LinesOf("a\n\nb"), (Lines{"1:a", "2", "3:b"}));
-    EXPECT_EQ(LinesOf("a\r\r\nb"), (Lines{"1:a", "2", "3:b"}));
-    EXPECT_EQ(LinesOf("a\n\r\nb"), (Lines{"1:a", "2", "3:b"}));
-    EXPECT_EQ(LinesOf("a\r\n\r\nb"), (Lines{"1:a", "2", "3:b"}));
-    EXPECT_EQ(LinesOf("a\r\n\n\rb"), (Lines{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\r\rb"), (Texts{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\n\nb"), (Texts{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\r\r\nb"), (Texts{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\n\r\nb"), (Texts{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\r\n\r\nb"), (Texts{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\r\n\n\rb"), (Texts{"1:a", "2", "3:b"}));
 }
 
 TEST(LineReader, CountsBlankLinesWhetherDeliveredOrNot)
 {
-    EXPECT_EQ(LinesOf("a\n\nb\n"), (Lines{"1:a", "2", "3:b"}));
-    EXPECT_EQ(LinesOf("a\n\nb\n", false), (Lines{"1:a", "3:b"}));
+    EXPECT_EQ(LinesOf("a\n\nb\n"), (Texts{"1:a", "2", "3:b"}));
+    EXPECT_EQ(LinesOf("a\n\nb\n", false), (Texts{"1:a", "3:b"}));
 }
 
 TEST(LineReader, FailsWithoutALineToDeliver)
 {
-    EXPECT_EQ(LinesOf(""), Lines{"(refused)"});
+    EXPECT_EQ(LinesOf(""), Texts{"(refused)"});
     for (const Kind& kind : aKinds) {
-        EXPECT_EQ(LinesOf(kind.sMark), Lines{"(refused)"}) << kind.szName;
+        EXPECT_EQ(LinesOf(kind.sMark), Texts{"(refused)"}) << kind.szName;
     }
-    EXPECT_EQ(LinesOf("\n\n", false), Lines{"(refused)"});
-    EXPECT_EQ(LinesOf("\n\n", true), (Lines{"1", "2"}));
+    EXPECT_EQ(LinesOf("\n\n", false), Texts{"(refused)"});
+    EXPECT_EQ(LinesOf("\n\n", true), (Texts{"1", "2"}));
 }
 
 TEST(LineReader, FailsForAFileThatIsNotThere)
@@ -271,7 +269,7 @@ TEST(LineReader, StopsWhereALineIsNotWanted)
     Notes notes;
     notes.lStopAt = 2;
     EXPECT_TRUE(notes.Read(folder.PathOf("f").c_str(), true, 0));
-    EXPECT_EQ(notes.lines, (Lines{"1:a", "2:b"}));
+    EXPECT_EQ(notes.lines, (Texts{"1:a", "2:b"}));
 }
 
 TEST(LineReader, ReadsEveryKindWithEveryLineEnd)
@@ -282,7 +280,7 @@ TEST(LineReader, ReadsEveryKindWithEveryLineEnd)
                 const std::string sText = std::string("One") + szEnd + szEnd + "Three" + szLast;
                 const std::string sFirst =
                     kind.encoding == QM_TEXT_EIGHT_BIT ? "1:\xC4ne" : "1:One";
-                EXPECT_EQ(LinesOf(FileOf(kind, sText)), (Lines{sFirst, "2", "3:Three"}))
+                EXPECT_EQ(LinesOf(FileOf(kind, sText)), (Texts{sFirst, "2", "3:Three"}))
                     << kind.szName;
             }
         }
@@ -293,29 +291,29 @@ TEST(LineReader, LeavesUtf8AsItIs)
 {
     EXPECT_EQ(LinesOf("\xEF\xBB\xBF"
                       "caf\xC3\xA9\n"),
-              Lines{"1:caf\xC3\xA9"});
-    EXPECT_EQ(LinesOf("caf\xC3\xA9\n"), Lines{"1:caf\xC3\xA9"});
+              Texts{"1:caf\xC3\xA9"});
+    EXPECT_EQ(LinesOf("caf\xC3\xA9\n"), Texts{"1:caf\xC3\xA9"});
 }
 
 TEST(LineReader, TakesTheLowHalfOfUtf16AndAsksAboutTheRest)
 {
     using namespace std::string_literals;
-    EXPECT_EQ(LinesOf("\xFE\xFF\0\xE9\x20\xAC\0a"s), Lines{"1:\xE9?a"});
+    EXPECT_EQ(LinesOf("\xFE\xFF\0\xE9\x20\xAC\0a"s), Texts{"1:\xE9?a"});
     EXPECT_EQ(LinesOf("\xFF\xFE\xE9\0\xAC\x20"
                       "a\0"s),
-              Lines{"1:\xE9?a"});
+              Texts{"1:\xE9?a"});
     // These characters end no line.
-    EXPECT_EQ(LinesOf("\xFE\xFF\x0A\x0B\x0D\x0C\0a"s), Lines{"1:??a"});
+    EXPECT_EQ(LinesOf("\xFE\xFF\x0A\x0B\x0D\x0C\0a"s), Texts{"1:??a"});
 }
 
 TEST(LineReader, DeliversTheZeroesOfAFileWithoutMarkAndEndsTheOthersThere)
 {
     using namespace std::string_literals;
-    EXPECT_EQ(LinesOf("a\0b\nc"s), (Lines{"1:a\0b"s, "2:c"}));
+    EXPECT_EQ(LinesOf("a\0b\nc"s), (Texts{"1:a\0b"s, "2:c"}));
     EXPECT_EQ(LinesOf("\xEF\xBB\xBF"
                       "a\0b\nc"s),
-              (Lines{"1:a", "2:c"}));
-    EXPECT_EQ(LinesOf("\xFE\xFF\0a\0\0\0b\0\n\0c"s), (Lines{"1:a", "2:c"}));
+              (Texts{"1:a", "2:c"}));
+    EXPECT_EQ(LinesOf("\xFE\xFF\0a\0\0\0b\0\n\0c"s), (Texts{"1:a", "2:c"}));
 }
 
 TEST(LineReader, ReadsLineEndsOnEachSideOfABlock)
@@ -345,13 +343,13 @@ TEST(LineReader, LosesTheLineThatReachesIntoAnOddBlockOfUtf16)
             return LinesOf(FileOf(kind, sText) + '\0');
         };
         // One block holds everything, with the line ends.
-        EXPECT_EQ(Read("one\ntwo\n"), Lines{"(refused)"});
+        EXPECT_EQ(Read("one\ntwo\n"), Texts{"(refused)"});
         const std::string sFull(63, 'a');
         // One whole block with the line end in it, and then the block with the odd byte.
-        EXPECT_EQ(Read(sFull + "\n"), Lines{"1:" + sFull});
-        EXPECT_EQ(Read(sFull + "\ntwo\n"), Lines{"1:" + sFull});
+        EXPECT_EQ(Read(sFull + "\n"), Texts{"1:" + sFull});
+        EXPECT_EQ(Read(sFull + "\ntwo\n"), Texts{"1:" + sFull});
         // The line end is in the block with the odd byte.
-        EXPECT_EQ(Read(sFull + "a\n"), Lines{"(refused)"});
+        EXPECT_EQ(Read(sFull + "a\n"), Texts{"(refused)"});
     }
 }
 
@@ -376,7 +374,7 @@ TEST(LineReader, CutsALineAt16382CharactersAndDeliversTheRestAsTheNext)
     for (const Kind& kind : aKinds) {
         for (const size_t uLength : {16381, 16382, 16383, 32763, 32764, 32765, 70000}) {
             const std::string sBytes = FileOf(kind, std::string(uLength, 'x') + "\nnext");
-            const Lines lines = LinesOf(sBytes);
+            const Texts lines = LinesOf(sBytes);
             EXPECT_EQ(lines, PlainLinesOf(kind, sBytes)) << kind.szName << ", length " << uLength;
             EXPECT_EQ(lines[0].size(), 2 + std::min<size_t>(uLength, 16382));
         }
@@ -386,10 +384,10 @@ TEST(LineReader, CutsALineAt16382CharactersAndDeliversTheRestAsTheNext)
 TEST(LineReader, MakesABlankLineOfTheEndBehindACut)
 {
     const std::string sLong(16382, 'x');
-    EXPECT_EQ(LinesOf(sLong + "\n"), (Lines{"1:" + sLong, "2"}));
-    EXPECT_EQ(LinesOf(sLong), (Lines{"1:" + sLong}));
-    EXPECT_EQ(LinesOf("abc\ndefg\n", true, 5), (Lines{"1:abc", "2", "3:def", "4:g"}));
-    EXPECT_EQ(LinesOf("abc", true, 3), (Lines{"1:a", "2:b", "3:c"}));
+    EXPECT_EQ(LinesOf(sLong + "\n"), (Texts{"1:" + sLong, "2"}));
+    EXPECT_EQ(LinesOf(sLong), (Texts{"1:" + sLong}));
+    EXPECT_EQ(LinesOf("abc\ndefg\n", true, 5), (Texts{"1:abc", "2", "3:def", "4:g"}));
+    EXPECT_EQ(LinesOf("abc", true, 3), (Texts{"1:a", "2:b", "3:c"}));
 }
 
 TEST(LineReader, ReadsRandomFilesAsThePlainReaderDoes)
