@@ -1,4 +1,4 @@
-// QMProgress: watches long work on transactions, such as an import or a save, and may end it.
+// QMProgress: gets to know how far long work is, such as an import or a save, and may end the work.
 #pragma once
 
 #include <cstdint>
@@ -8,16 +8,17 @@ class QMProgress
 public:
     virtual ~QMProgress() = default;
 
-    // Told again and again how much is done, in units of the work's own. uTotal is 0 when it is not
-    // known. Returns false to give the work up. Each call must be cheap.
+    // The work calls this often, with what is done and what there is to do, in units of its own.
+    // uTotal is 0 when it is not known. Returns false to give the work up. A call must be cheap.
     virtual bool OnStep(uint64_t uDone, uint64_t uTotal) = 0;
 
-    // Called once when the work cannot be given up any more. The answers of OnStep count no longer.
+    // The work calls this once, when it cannot be given up any more. From then on it ignores what
+    // OnStep returns.
     virtual void OnNoReturn() {}
 };
 
-// One of several parts of some work, each of them as long as the others: tells the progress of the
-// whole. pWhole may be null.
+// One of several equal parts of some work. Passes the progress of the part on to pWhole, as
+// progress of the whole. pWhole may be null.
 class QMProgressPart : public QMProgress
 {
 public:

@@ -59,8 +59,8 @@ bool IsPlain(char c)
     return c >= ' ' && c <= '~';
 }
 
-// Characters without a picture that act on the text around them: they turn its direction, or end a
-// line or a paragraph. A second set of control characters stands from 128 to 159.
+// Invisible characters that change the text around them: they turn its direction, or end a line or
+// a paragraph. The characters from 128 to 159 are control characters too.
 bool IsHiddenCommand(uint32_t uCharacter)
 {
     constexpr VCharacterRange aCommands[] = {

@@ -1,4 +1,4 @@
-// Characters in the bytes of texts, and the room that they take on a terminal.
+// Decodes the bytes of texts into characters, and tells how wide a terminal shows them.
 #pragma once
 
 #include <cstddef>
@@ -6,21 +6,21 @@
 #include <string>
 #include <string_view>
 
-// How the bytes of a text stand for characters.
+// The encoding of a text.
 enum class VEncoding
 {
     Windows1252,
     Utf8
 };
 
-// What VTakeCharacter gives for bytes that are no character.
+// The value that VTakeCharacter returns for bytes that are no character.
 inline constexpr uint32_t VNoCharacter = 0xFFFFFFFF;
 
-// What stands for bytes that are no character.
+// The character that is shown in place of bytes that are no character.
 inline constexpr uint32_t VReplacementCharacter = 0xFFFD;
 
-// Takes the character at uNext, which must be within the text, and moves uNext behind it. One byte
-// that is no character is taken alone.
+// Returns the character at uNext, which must be within the text, and moves uNext behind it. When
+// the bytes are no character, moves uNext by one byte.
 uint32_t VTakeCharacter(std::string_view text, size_t& uNext, VEncoding encoding);
 
 // The byte of a character in the code page 1252; -1 when it has none.
@@ -36,10 +36,10 @@ void VAppendUtf8(uint32_t uCharacter, std::string& sInto);
 // pictures, 0 for a mark on the character before it, and 1 for any other.
 size_t VColumnsOf(uint32_t uCharacter);
 
-// Appends a text as UTF-8 in one line for a terminal, and returns how many columns it takes. What
-// would command the terminal is shown instead of sent: a control character as its picture, an
-// invisible one that changes the direction or the line as "\u202E", and a byte that is no character
-// as "\xE9".
+// Appends a text as UTF-8 in one line for a terminal, and returns how many columns it takes. The
+// terminal gets no character that it would obey: a control character becomes its picture, an
+// invisible one that changes the direction or the line becomes "\u202E", and a byte that is no
+// character becomes "\xE9".
 size_t VAppendShown(std::string_view text, VEncoding encoding, std::string& sInto);
 
 // The columns that VAppendShown returns.

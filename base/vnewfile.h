@@ -1,4 +1,4 @@
-// VNewFile: a file that nobody ever sees half written.
+// VNewFile: writes a file so that no program ever sees it incomplete.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,9 @@
 
 #include "base/vfilesystem.h"
 
-// The bytes go to a new file beside the named one. PutInPlace gives that file the name; without it
-// the new file is removed with the object, and what stood there stays as it was.
+// The bytes go to a new file beside the named one. PutInPlace renames it to the name. Without
+// PutInPlace, the destructor removes the new file, and an existing file of that name stays as it
+// was.
 class VNewFile
 {
 public:
@@ -16,14 +17,14 @@ public:
     VNewFile& operator=(const VNewFile&) = delete;
     ~VNewFile();
 
-    // To be called once. A file that exists is refused unless bReplace is set. A file that somebody
-    // has open is always refused.
+    // Call it once. It refuses a file that exists, unless bReplace is set. It always refuses a file
+    // that a program has open.
     VFileFault Create(const char* szPath, bool bReplace);
 
-    // Writes more bytes after those that were written. After a fault nothing more may be called.
+    // Writes more bytes. After a fault, call nothing more.
     VFileFault Write(const void* pBytes, size_t uSize);
 
-    // Brings everything to the disk and gives the file its name.
+    // Writes everything to the disk and gives the file its name.
     VFileFault PutInPlace();
 
 private:

@@ -14,7 +14,8 @@
 
 namespace {
 
-// Follows szPath where it is a symbolic link, so that the file is replaced and the link stays.
+// When szPath is a symbolic link, returns the path to which it leads. So the file is replaced, and
+// the link stays.
 VString FinalPath(const char* szPath)
 {
     const std::unique_ptr<char, decltype(&free)> szFinal(realpath(szPath, nullptr), &free);

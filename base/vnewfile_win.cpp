@@ -18,8 +18,8 @@ VFileFault TestPresent(const char* szPath, bool bReplace)
     if (!bReplace) {
         return VFileFault::Exists;
     }
-    // MoveFileEx would replace a read-only file or fail late on an open one. Opening the file first
-    // finds both out before anything is written.
+    // MoveFileEx would replace a read-only file, and would fail only at the end for an open one. So
+    // the file is opened first, which fails in both cases before anything is written.
     VWinFile present;
     return present.Open(szPath, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING);
 }

@@ -1,11 +1,11 @@
-// How VNewFile comes to a name for its new file.
+// How VNewFile finds a name for its new file.
 #pragma once
 
 #include "base/vfilesystem.h"
 
-// Calls open(szName) with names beside szPath, one after another, until it answers something else
-// than VFileFault::Exists, and returns that answer. When it is None, sNew is the name. uProcess is
-// the number of this process.
+// Calls open(szName) with one name after another in the folder of szPath, until open returns
+// another value than VFileFault::Exists. Returns that value. When it is None, sNew is the name.
+// uProcess is the number of this process.
 template <class F>
 VFileFault VOpenNewBeside(const char* szPath, uint32_t uProcess, VString& sNew, F open)
 {

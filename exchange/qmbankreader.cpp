@@ -14,7 +14,7 @@
 
 namespace {
 
-// Words by which banks mark what was taken from an account.
+// Words by which banks mark a payment from the account.
 constexpr const char* aDebitWords[] = {"-", "d", "dr", "db", "debit", "s", "soll", "af", "out"};
 constexpr const char* aCreditWords[] = {"+", "c", "cr", "credit", "h", "haben", "bij", "in"};
 
@@ -126,7 +126,7 @@ public:
     QMDateHint GetHint() const { return m_hint; }
     bool HasAmount() const { return m_bAmount && !m_bUnknownSign; }
 
-    // The record, ready for an account.
+    // Returns the record, complete for an account.
     std::unique_ptr<QMTransaction> Finish()
     {
         double dAmount = HasAmount() ? m_dAmount : 0;
@@ -289,7 +289,7 @@ std::string QMTranslateQif(std::string_view bytes, const QMDialect& dialect, QMB
     report = QMBankReport();
     const std::string sText = QMDecodeText(bytes, dialect.encoding, report.lReplaced);
     std::string sNew;
-    // Lines are rows of one cell here.
+    // Here each row is a line, with one cell.
     QMCsvRows rows(sText, '\n', '\0');
     std::vector<std::string> cells;
     while (rows.Next(cells)) {

@@ -112,7 +112,7 @@ QMDate DateOf(const DateParts& parts, QMDateOrder order)
                       static_cast<uint16_t>(parts.anNumbers[uDay]));
 }
 
-// The sign of what stands around the digits: nothing, a minus, DR, or parentheses.
+// The sign, by what is around the digits: nothing, a minus, DR, or parentheses.
 bool IsNegative(std::string_view before, std::string_view after)
 {
     const bool bDebit = after.find("DR") != std::string_view::npos ||
@@ -141,7 +141,7 @@ bool IsGroupMark(char c, char cDecimal)
     return c == cOther || c == ' ' || c == '\xA0' || c == '\'' || c == '\x92';
 }
 
-// The digits of an amount with a point; empty for what is no amount.
+// Returns the digits of an amount with a decimal point; empty when the text is no amount.
 std::string DigitsOf(std::string_view text, char cDecimal)
 {
     std::string sDigits;
@@ -217,7 +217,7 @@ bool QMParseBankDate(std::string_view text, QMDateOrder order, QMDate& date)
             return false;
         }
     }
-    // A year in the wrong place: month and day would be a guess.
+    // The year is not where the order has it, so month and day would be a guess.
     const bool bYearLast = parts.anDigits[0] < 4 && parts.anDigits[2] == 4;
     if ((parts.nMonthAt == 0 && parts.anDigits[1] == 4) ||
         (order == QMDateOrder::YearFirst && bYearLast && parts.nMonthAt < 0)) {

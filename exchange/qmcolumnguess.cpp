@@ -41,7 +41,7 @@ std::string SmallLetters(const std::string& sText)
 
 double AmountOf(const std::string& sText)
 {
-    // Whichever mark gives more cents: both agree on what has one mark before two digits.
+    // The last point or comma counts as the decimal mark.
     double dAmount = 0;
     const size_t uMark = sText.find_last_of(".,");
     const char cDecimal = uMark != std::string::npos && sText[uMark] == ',' ? ',' : '.';
@@ -209,7 +209,7 @@ bool QMColumnGuesser::HeadingHas(size_t uColumn, const char* const* aszWords) co
     return false;
 }
 
-// The least sure of the columns counts for all.
+// All columns together are as sure as the least sure one.
 void QMColumnGuesser::Doubt(QMSureness sureness, const std::string& sReason)
 {
     m_sureness = std::max(m_sureness, sureness);
@@ -250,7 +250,8 @@ void QMColumnGuesser::TakeDate()
     }
 }
 
-// Columns of numbers, of which one has cents unless none of them has.
+// Columns that may hold amounts. One without cents and without a heading for amounts counts only if
+// there is no other.
 std::vector<size_t> QMColumnGuesser::FindAmounts() const
 {
     std::vector<size_t> amounts;
@@ -372,7 +373,7 @@ void QMColumnGuesser::TakeByHeading(QMBankColumn column, const char* const* aszW
     }
 }
 
-// Only payments by check have a number.
+// Takes a column of check numbers with empty cells: only payments by check have a number.
 void QMColumnGuesser::TakeSparseNumbers()
 {
     if (std::ranges::find(m_columns, QMBankColumn::Number) != m_columns.end()) {

@@ -18,7 +18,7 @@ public:
     void TakeDate(const std::string& sText);
     void TakeAmount(const std::string& sText);
 
-    // By what was taken. The reason tells why.
+    // Returns the guess; the reason tells on what it rests.
     QMGuess GuessDates() const;
     QMGuess GuessDecimal() const;
 
@@ -31,7 +31,7 @@ private:
 class QMColumnGuesser
 {
 public:
-    // The rows have a date and an amount each; the headings may be none.
+    // Each row must have a date and an amount. headings may be empty.
     QMColumnGuesser(const std::vector<std::vector<std::string>>& rows,
                     const std::vector<std::string>& headings);
 
@@ -42,7 +42,7 @@ public:
     const std::vector<QMBankColumn>& GetColumns() const { return m_columns; }
     QMSureness GetSureness() const { return m_sureness; }
     const std::string& GetReason() const { return m_sReason; }
-    // No amount has a minus or stands in a column of debits.
+    // Whether no amount has a minus and none is in a column of debits.
     bool IsOneSided() const { return m_bOneSided; }
 
 private:

@@ -8,12 +8,12 @@
 class QMCsvRows
 {
 public:
-    // The text must last as long as rows are taken. A quote of 0 means that there are none.
+    // The text must exist as long as rows are taken. With a quote of 0 there are no quotes.
     QMCsvRows(std::string_view text, char cSeparator, char cQuote)
         : m_text(text), m_cSeparator(cSeparator), m_cQuote(cQuote)
     {}
 
-    // Skips lines, whatever stands in them.
+    // Skips lines, whatever they hold.
     void SkipLines(int nLines);
 
     // Takes the next row. Within quotes, separators and line ends belong to the cell, and two

@@ -1,4 +1,4 @@
-// QMDialect: how the files of a bank are written, as far as the formats of this program do not say.
+// QMDialect: how a bank writes its files, in everything that the formats leave open.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ enum class QMDateOrder
 
 enum class QMCharacterSet
 {
-    Automatic, // by the mark; without one UTF-8 where the bytes are that, else Windows-1252
+    Automatic, // by the byte order mark; without one, UTF-8 if valid, else Windows-1252
     Utf8,
     Utf16,
     Windows1252,
@@ -46,15 +46,15 @@ struct QMDialect
     QMCharacterSet encoding = QMCharacterSet::Automatic;
     int32_t lSkip = 0;       // lines before the records
     bool bInvert = false;    // a positive amount was spent
-    bool bDatesTold = false; // whether Set was told the order of the dates
-    // Empty: the first line after those skipped names the columns.
+    bool bDatesTold = false; // whether Set was called for the order of the dates
+    // When empty, the first line after the skipped ones names the columns.
     std::vector<QMBankColumn> columns;
 
-    // Sets what a profile names that way. Returns null, or why the value is refused, as a phrase
+    // Sets the value of a name of a profile. Returns null, or why it refuses the value, as a phrase
     // that ends a sentence.
     const char* Set(std::string_view name, std::string_view value);
 
-    // The names and values of everything, a line for each, as ReadProfile takes them.
+    // All names and values, one in each line, as ReadProfile takes them.
     std::string GetProfile() const;
 
     // Takes the lines "name = value" of a profile. Blank lines and lines that begin with "#" are

@@ -79,7 +79,7 @@ int32_t CountRecords(const std::vector<TextRow>& rows, size_t uCells)
     return lCount;
 }
 
-// Whether a name was told by the user.
+// Whether the user gave the value of that name.
 class Told
 {
 public:
@@ -118,7 +118,7 @@ QMGuess GuessEncoding(std::string_view bytes)
     return {"encoding", "cp1252", QMSureness::Likely, "its letters beyond ASCII are not UTF-8"};
 }
 
-// The first lines, whole ones, and no half character.
+// The first lines, without a line or a character that is cut off.
 std::string_view FrontOf(std::string_view bytes)
 {
     if (bytes.size() <= uLookedAt) {
@@ -164,7 +164,7 @@ public:
     }
 
 private:
-    // As the profile of what was told has it.
+    // The value in the profile of what the user gave.
     std::string ValueOf(const std::string& sName) const
     {
         std::string sProfile("\n");
@@ -206,7 +206,7 @@ QMGuess GuessQuote(std::string_view text, char cSeparator)
     return {"quote", "\"", QMSureness::Sure, std::to_string(nDouble) + " cells begin with it"};
 }
 
-// The separator that makes records of most lines, and of the widest ones.
+// The separator with which most lines are records; of several, the one that gives the most cells.
 QMGuess GuessSeparator(std::string_view text, int32_t lSkip, std::string& sFault)
 {
     char cBest = '\0';

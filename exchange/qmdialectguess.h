@@ -11,9 +11,9 @@
 enum class QMSureness
 {
     Told,    // by the user
-    Sure,    // nothing else fits what was looked at
+    Sure,    // nothing else fits the lines that were read
     Likely,  // other readings are possible, but not usual
-    Guess,   // nothing in the file speaks against it, and nothing for it
+    Guess,   // the file has no sign for it and none against it
     Unknown, // it is not guessed
 };
 
@@ -30,18 +30,18 @@ struct QMDialectGuess
 {
     QMDialect dialect; // with the month first where the order of the dates is not known
     std::vector<QMGuess> guesses;
-    int32_t lRows = 0;    // rows that were looked at
+    int32_t lRows = 0;    // rows that were read
     int32_t lRecords = 0; // of these, rows with a date and an amount
 
-    // A profile, with a remark before each name that tells how sure it is. A name whose value is
-    // not known has a "?", which no reader of profiles takes: the user must decide.
+    // A profile. A remark before each name tells how sure the value is. An unknown value is "?",
+    // which no reader of profiles accepts, so the user must decide.
     std::string GetProfile() const;
 };
 
-// Looks at the first lines of a CSV or a QIF file. What the user has told stands in told, and its
-// names in names; the rest is guessed. Between day first and month first nothing is guessed when
-// every day is below 13. Returns false, with the reason in sFault, when no line has a date and an
-// amount.
+// Guesses the dialect by the first lines of a CSV or a QIF file. told holds the values that the
+// user gave, and names their names. These are not guessed. When every day is below 13, the order of
+// day and month stays unknown. When no line has a date and an amount, returns false and sets sFault
+// to the reason.
 bool QMGuessCsvDialect(std::string_view bytes, const QMDialect& told,
                        const std::vector<std::string>& names, QMDialectGuess& guess,
                        std::string& sFault);

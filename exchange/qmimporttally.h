@@ -1,6 +1,6 @@
-// QMImportTally: what the readers of exchange files left at the values of a new transaction, and
-// what the dates tell of the order in which they were written. Counted while a record is at hand: a
-// walk over a million records in the order of their dates takes as long as half of the reading.
+// QMImportTally: counts the fields that a file of transactions did not set, and what its dates tell
+// about the order of month and day. The readers count each record when they have read it. To walk
+// over a million records in the order of their dates takes half as long as to read them.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +11,11 @@ struct QMImportTally
 {
     int32_t lRecords = 0;
     int32_t lUsable = 0;      // of these, records with a date of their own or an amount
-    int32_t lWithoutDate = 0; // whose date is no day
-    int32_t lFirstOf2000 = 0; // of that day, of which nobody knows whether they had a date
+    int32_t lWithoutDate = 0; // records whose date is no day
+    int32_t lFirstOf2000 = 0; // records of that day; it is unknown whether they had a date
     int32_t lWithoutAmount = 0;
-    // Of the other dates, those that are a day with month and day exchanged too, and those that are
-    // none.
+    // Of the other dates: those that are still a day when month and day are exchanged, and those
+    // that are not.
     int32_t lEitherOrder = 0;
     int32_t lOneOrder = 0;
 

@@ -9,7 +9,7 @@
 class QMTemporaryRecords
 {
 public:
-    // The caller owns the store, which holds the records in the meantime. Their order in it is not
+    // The caller owns the store, which holds the records until HandOver. Their order in it is not
     // defined.
     explicit QMTemporaryRecords(QMTransactionStore& store) : m_store(store) {}
 
@@ -19,15 +19,15 @@ public:
     // Adds a copy of a record. When memory runs out, HandOver will return false.
     void Add(const QMTransaction& transaction);
 
-    // Of the records since Begin.
+    // The counts of the records since Begin.
     const QMImportTally& GetTally() const { return m_tally; }
 
     // Notes that memory ran out elsewhere. HandOver will return false.
     void SetIncomplete() { m_bComplete = false; }
 
-    // Replaces the contents of a store by the records, in the order that Add one by one would give.
-    // Returns false when memory ran out; that store is then as before. No records are left here in
-    // either case.
+    // Replaces the contents of a store by the records, in the order that adding them one by one
+    // would give. When memory has run out, returns false and leaves that store as it was. In both
+    // cases no records stay here.
     bool HandOver(QMTransactionStore& into);
 
 private:

@@ -11,7 +11,7 @@ unsigned char ByteAt(std::string_view bytes, size_t u)
     return static_cast<unsigned char>(bytes[u]);
 }
 
-// Takes one character of UTF-16. Half a pair is taken alone.
+// Takes one character of UTF-16. Half of a surrogate pair counts as a character of its own.
 uint32_t TakeUtf16(std::string_view bytes, size_t& u, bool bBig)
 {
     const auto Unit = [&](size_t uAt) -> uint32_t {

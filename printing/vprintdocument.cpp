@@ -1,19 +1,20 @@
 #include "printing/vprintdocument.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "printing/vprintjob.h"
 
 namespace {
 
-// The system must not speak of a missing printer before anybody asked for one.
+// Windows must not report a missing printer before the user wants to print.
 constexpr DWORD uDefaultPrinter = PD_RETURNDEFAULT | PD_RETURNDC | PD_NOWARNING;
 constexpr DWORD uDefaultPage = PSD_RETURNDEFAULT | PSD_INTHOUSANDTHSOFINCHES | PSD_NOWARNING;
 constexpr DWORD uPrint = PD_RETURNDC | PD_NOSELECTION | PD_HIDEPRINTTOFILE;
 
 uint16_t ToPage(int n)
 {
-    return static_cast<uint16_t>(std::clamp(n, 0, 0xFFFF));
+    return static_cast<uint16_t>(std::clamp(n, 0, USHRT_MAX));
 }
 
 VPrinterMeasures MeasurePrinter(const VDrawingSurface& surface)

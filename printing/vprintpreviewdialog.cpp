@@ -9,7 +9,7 @@
 
 namespace {
 
-// Kept: the caption is spelled so. Whoever looks for the window by its title finds it by this.
+// Kept: the caption is misspelled. Whoever looks for the window by its title finds it by this.
 constexpr char szCaption[] = "Print Preivew";
 
 constexpr COLORREF crGround = 0x808080;

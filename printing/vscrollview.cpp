@@ -52,7 +52,7 @@ VScrollView::VScrollView() : m_brushBackground(m_crBackground)
 
 bool VScrollView::OnInitialize()
 {
-    // A view that was just made has bars that nobody decided on yet.
+    // For a view that was just made, no decision about its bars has been made yet.
     g_last.reset();
     EnableScrollBar(GetHandle(), SB_BOTH, ESB_ENABLE_BOTH);
     return VWindow::OnInitialize();

@@ -1,5 +1,5 @@
 // The commands and options of qmktool with their descriptions: one table from which the command
-// line is read and the help is made.
+// line is read and from which the help is made.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ struct ToolUse
 struct ToolOption
 {
     const char* szName; // with its dashes
-    ToolUse aUses[2];   // the second one has no commands where all of them take the option alike
+    ToolUse aUses[2];   // the second one is empty when the option does the same with all commands
 };
 
 struct ToolCommand
@@ -37,7 +37,7 @@ const ToolCommand* FindToolCommand(std::string_view name);
 // Null when the command does not take that option.
 const ToolUse* FindToolOption(const ToolCommand& command, std::string_view name);
 
-// The help of everything, and that of one command.
+// The help of the program, and the help of one command.
 std::string ToolHelp();
 std::string ToolHelp(const ToolCommand& command);
 

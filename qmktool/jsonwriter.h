@@ -10,7 +10,7 @@
 class JsonWriter
 {
 public:
-    // With bCharacters, texts are characters by the encoding of the output.
+    // With bCharacters, texts are decoded into characters by the encoding of the output.
     explicit JsonWriter(Output& output, bool bCharacters = false)
         : m_output(output), m_bCharacters(bCharacters)
     {}
@@ -23,14 +23,15 @@ public:
     // Writes the name of the next value. It must be plain ASCII without quotes.
     void Name(std::string_view name);
 
-    // Writes a text, in ASCII. A byte above 127 becomes the code point of the same value: the texts
-    // of an account have no declared encoding, and so no byte is lost. Of characters, each one
-    // above 127 is written as its own code point, and bytes that are none as U+FFFD.
+    // Writes a text, in ASCII. Without bCharacters, a byte above 127 becomes the code point of the
+    // same value: an account does not name the encoding of its texts, and so no byte is lost. With
+    // bCharacters, a character above 127 becomes its code point, and a byte that is no character
+    // becomes U+FFFD.
     void Text(std::string_view text);
     void Integer(int64_t nValue);
     void Boolean(bool bValue);
-    // Writes a float as "%.9g" does, which is enough to read the same float back; null for infinity
-    // and for what is not a number.
+    // Writes a float as "%.9g" does, which is enough to read the same float back. Infinity and what
+    // is not a number become null.
     void Single(float fValue);
     // Writes the shortest form that gives the same double when it is read.
     void Double(double dValue);

@@ -4,6 +4,6 @@
 #include "account/qmtransactionstore.h"
 #include "qmktool/output.h"
 
-// Writes the transactions, which move out of the store, with a running balance from 0. Nothing is
-// written of an empty store.
+// Writes the transactions with a running balance that starts at 0, and moves them out of the store.
+// Writes nothing when the store is empty.
 void WriteStore(Output& output, QMTransactionStore& store);

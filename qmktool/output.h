@@ -1,5 +1,5 @@
-// Output: writes to standard output in large pieces, and notices once, at the end, whether that
-// failed.
+// Output: writes to standard output in large pieces. Finish tells whether all of it could be
+// written.
 #pragma once
 
 #include <cstdio>
@@ -16,8 +16,8 @@ inline bool IsControl(char c)
 class Output
 {
 public:
-    // The encoding is that of the texts that are handed to AddShown. The stream is standard output
-    // or standard error.
+    // encoding is the encoding of the texts that AddShown gets. pStream is standard output or
+    // standard error.
     explicit Output(VEncoding encoding = VEncoding::Windows1252, FILE* pStream = stdout);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
@@ -29,8 +29,8 @@ public:
     }
     void Add(char c) { m_sBuffer.push_back(c); }
     void Fill(size_t uCount, char c) { m_sBuffer.append(uCount, c); }
-    // Adds a text as characters of one line, and returns how many columns they take. Nothing in it
-    // can command a terminal; see VAppendShown.
+    // Adds a text as characters of one line, and returns how many columns they take. A text cannot
+    // give the terminal a command; see VAppendShown.
     size_t AddShown(std::string_view text);
     size_t ColumnsOf(std::string_view text) const { return VShownColumns(text, m_encoding); }
     VEncoding GetEncoding() const { return m_encoding; }
@@ -51,7 +51,7 @@ private:
     void FlushWhenFull()
     {
         if (m_sBuffer.size() >= uFlushSize) {
-            // A stream gets whole lines, as long as there are any.
+            // The stream gets whole lines. Only a line longer than the buffer is written in parts.
             const size_t uLines = m_sBuffer.rfind('\n') + 1;
             Flush(uLines > 0 ? uLines : m_sBuffer.size());
         }

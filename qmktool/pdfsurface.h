@@ -9,8 +9,8 @@
 #include "reports/qmreportcut.h"
 #include "reports/qmreportsurface.h"
 
-// A report is drawn once for each, the shades first: a viewer may round a shade's edge up to a
-// whole dot, which would then cover the rule beside it.
+// A report is drawn twice, first for its shades and then for the rest. A viewer may round the edge
+// of a shade up to a whole dot, and a shade that came later would then cover the rule beside it.
 enum class PdfLayer
 {
     Shades,
@@ -24,14 +24,14 @@ public:
     PdfSurface(int32_t lPoints, bool bItalic);
     ~PdfSurface() override;
 
-    // Makes the pages, all of one size in pixels of 96 to the inch. The report's pixel rows from
-    // page number times step on go lTop below a page's edge.
+    // Makes the pages, all of one size in pixels of 1/96 inch. Page n shows the pixel rows of the
+    // report from n times the step on. The first of them is lTop below the upper edge of the page.
     void MakePages(const QMReportCut& cut, int32_t lWidth, int32_t lHeight, int32_t lTop);
 
-    // What of the drawing from now on comes into the file; everything else is left out.
+    // Sets which part of the drawing goes into the file from now on. The rest is left out.
     void SelectLayer(PdfLayer layer) { m_layer = layer; }
 
-    // False once the library refused something; there is no file then.
+    // False when the library has refused something. Then there is no file.
     bool IsSound() const;
     HPDF_Doc GetDocument() const { return m_document; }
     // All bytes of the file; empty when the library refused something.
@@ -48,7 +48,7 @@ public:
     uint32_t SetBkColor(uint32_t crColor) override;
 
 private:
-    // A page of the file and what its drawing was last set to.
+    // A page of the file, and the settings of its drawing.
     struct Page
     {
         HPDF_Page hPage = nullptr;
@@ -76,6 +76,6 @@ private:
     QMReportFont m_font = QMReportFont::Standard;
     QMReportPen m_pen = QMReportPen::Standard;
     uint32_t m_crBackground = 0xFFFFFF;
-    int32_t m_lLastTop = -1; // the line of the text drawn last, and where that text ends
+    int32_t m_lLastTop = -1; // the line on which the last text stands, and where that text ends
     float m_fLastEnd = 0;
 };

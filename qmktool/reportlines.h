@@ -1,4 +1,4 @@
-// A report as lines of text, each with what it says and in which place: what qmktool prints.
+// A report as lines of text. Each line has texts, and each text has its place. qmktool prints them.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum class ReportPlace : uint8_t
     Dates,    // the range in the head line
     Label,    // normal text at the left
     Indented, // the note that there are no details
-    Date,     // a column with its head, as the five that follow are
+    Date,     // this and the next five are columns with a heading
     Number,
     Description,
     Amount,
@@ -23,7 +23,7 @@ enum class ReportPlace : uint8_t
     Sign,  // of a line of the summary
     Total, // ends at the right, at its own width
     DebitTotal,
-    Centre, // the row of a section that has none
+    Centre, // the note in a section without rows
 };
 inline constexpr size_t REPORT_PLACE_COUNT = 14;
 
@@ -51,7 +51,7 @@ struct ReportLine
 class ReportLines : public QMReportSurface
 {
 public:
-    // Draws the report. False for what it refuses.
+    // Draws the report. Returns false when the report refuses to be drawn.
     bool Take(QMReport& report, uint32_t uKind);
 
     const std::vector<ReportLine>& GetLines() const { return m_lines; }
@@ -63,7 +63,7 @@ public:
 
     QMReportFont SelectFont(QMReportFont font) override;
     QMReportPen SelectPen(QMReportPen pen) override { return pen; }
-    // A character is a unit wide and a unit high; nothing is ever as wide as the page.
+    // A character is one unit wide and one unit high. The page is wider than any text.
     QMReportExtent TextExtent(std::string_view text) override
     {
         return {static_cast<int32_t>(text.size()), 1};
@@ -76,7 +76,7 @@ public:
     uint32_t SetBkColor(uint32_t) override { return 0; }
 
 private:
-    // Where a description begins when no number stands in front of it.
+    // Where a description begins when there is no number before it.
     int32_t NoNumberColumn() const { return m_layout.lDateWidth + 20; }
     ReportLine& LineAt(int32_t y);
     ReportPlace PlaceOf(const VRect& rect, QMReportAlign align, const ReportLine& line) const;

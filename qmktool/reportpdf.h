@@ -1,4 +1,4 @@
-// A report as a PDF file: real text, cut into pages as printing cuts it.
+// A report as a PDF file. Its texts are text, and its pages are those that the program prints.
 #pragma once
 
 #include "account/qmaccountdata.h"
@@ -15,7 +15,7 @@ struct ReportPaper
 // "letter" or "a4"; null for other names.
 const ReportPaper* FindReportPaper(const char* szName);
 
-// Writes the file that options.szPdf names, as a whole or not at all; the same report gives the
-// same bytes. Returns the exit code, 1 after a line on standard error.
+// Writes the file that options.szPdf names, completely or not at all. The same report gives the
+// same bytes. Returns the exit code. When it is 1, a line on standard error has told the reason.
 int WriteReportPdf(const QMAccountData& account, QMReport& report, uint32_t uKind,
                    const ToolOptions& options);

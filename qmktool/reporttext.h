@@ -4,9 +4,9 @@
 #include "qmktool/output.h"
 #include "qmktool/reportlines.h"
 
-// The columns as on paper, each as wide as its widest text.
+// Writes the report with the columns of the printed one. Each is as wide as its widest text.
 void WriteReportText(Output& output, const ReportLines& lines);
 
-// With bCharacters, texts are characters by the encoding of the output.
+// Writes the report as JSON. With bCharacters, texts are decoded by the encoding of the output.
 void WriteReportJson(Output& output, const ReportLines& lines, const QMReport& report,
                      uint32_t uKind, bool bCharacters);

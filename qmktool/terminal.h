@@ -1,17 +1,17 @@
-// The streams of the process: whether a person looks at them, and which bytes pass.
+// The standard streams of the process: whether a person reads them, and whether their bytes change.
 #pragma once
 
 #include <cstdio>
 
-// Whether the stream leads to a terminal, which shows it at once.
+// Whether the stream is a terminal.
 bool IsTerminal(FILE* pStream);
 
-// Whether the stream leads to a file, so that nobody waits for what is written to it.
+// Whether the stream is a file, so that no reader waits for the output.
 bool IsFile(FILE* pStream);
 
-// Whether colours may be sent to the stream: to a terminal that knows them, unless the user asks
-// for none by the variable NO_COLOR of the environment.
+// Whether colours may be sent to the stream. It must be a terminal that knows them, and the
+// environment variable NO_COLOR, by which the user asks for none, must be unset or empty.
 bool TakesColours(FILE* pStream);
 
-// Lets the bytes of the stream pass as they are, line ends too.
+// Keeps the C library from changing line ends in the stream.
 void UseBytes(FILE* pStream);

@@ -8,21 +8,22 @@
 #include "qmktool/toolerror.h"
 #include "qmktool/tooloptions.h"
 
-// Reads an account and compares the password if it has one. The file is locked while it is read,
-// closed afterwards, and never written. Returns null after a line on standard error.
+// Reads an account, and compares the password if it has one. The file is locked while it is read,
+// and is never written. When reading fails, writes a line to standard error and returns null.
 std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions& options,
                                            QMReadReport& report);
 
-// Writes the account in its format version, as a whole file or not at all. An existing file is
-// replaced only with bReplace. Returns false after a line on standard error.
+// Writes the account in its format version, completely or not at all. Replaces an existing file
+// only with bReplace. When writing fails, writes a line to standard error and returns false.
 bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace);
 
-// Leaves what a command has made in memory until the process ends. The system gives it back at
-// once; to delete a million transactions one by one takes as long as to read them.
+// Keeps an object until the process ends. The system then frees its memory at once. To delete a
+// million transactions one by one takes as long as to read them.
 template <class T>
 T& KeepUntilExit(std::unique_ptr<T> pKept)
 {
-    // Volatile, for a compiler drops what nothing reads, and a check for leaks finds nothing then.
+    // Without volatile the compiler would drop the pointer, because nothing reads it. The leak
+    // checker would then report the object.
     static T* volatile pLast;
     pLast = pKept.release();
     return *pLast;

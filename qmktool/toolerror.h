@@ -1,4 +1,4 @@
-// How qmktool refuses: always by one line on standard error.
+// How qmktool tells of a failure: always by one line on standard error.
 #pragma once
 
 // The exit codes.

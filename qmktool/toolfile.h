@@ -1,5 +1,4 @@
-// The files that the commands read and write: the kind that a name stands for, and why a file was
-// not written.
+// The files that the commands read and write: the kind by the name, and writing.
 #pragma once
 
 #include <functional>
@@ -17,7 +16,7 @@ QMExchangeKind ExchangeKindOf(const char* szFile);
 // Whether the name is "-", which stands for standard input or standard output.
 bool IsStandardStream(const char* szFile);
 
-// Makes the file of what write(sink) writes: the whole file or nothing. An existing file is
-// replaced with bReplace only. Returns false after a line on standard error.
+// Makes the file from what write(sink) writes, completely or not at all. Replaces an existing file
+// only with bReplace. On a failure, writes a line to standard error and returns false.
 bool WriteToolFile(const char* szFile, bool bReplace,
                    const std::function<bool(QMByteSink& sink)>& write);

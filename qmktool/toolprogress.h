@@ -1,5 +1,5 @@
-// ToolProgress: tells on standard error how far a work is, when standard error is a terminal and
-// the program has been at work for more than a second. Its line is gone afterwards.
+// ToolProgress: shows on standard error how far some work is, when standard error is a terminal and
+// the program has worked for more than a second. At the end it removes its line.
 #pragma once
 
 #include <chrono>
@@ -21,7 +21,7 @@ public:
     // Never gives up.
     bool OnStep(uint64_t uDone, uint64_t uTotal) override;
 
-    // Takes the line away. Nothing is told any more.
+    // Removes the line. Nothing is shown after that.
     void End();
 
 private:
@@ -32,12 +32,12 @@ private:
     const char* m_szWhat;
     uint64_t m_uUnit;
     const char* m_szUnit;
-    bool m_bTold; // whether anybody is told
+    bool m_bTold; // whether the line is shown at all
     bool m_bShown = false;
-    Clock::time_point m_next; // when to tell
+    Clock::time_point m_next; // when to show the line anew
 };
 
-// Tells a progress of what is read from a source, and keeps the first bytes.
+// Passes on the bytes of a source, reports them to a progress, and keeps the first ones.
 class WatchedByteSource : public QMByteSource
 {
 public:

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <string_view>
 
-// Writes all of the text, which ends at the end of a line or of all that is written. A Windows
-// console gets characters: a line that is UTF-8 is taken as such, as the names of files are, and
-// any other as text of the system's code page, as accounts hold it. Everything else gets the bytes.
-// Returns false when not all of it could be written.
+// Writes a text that consists of whole lines; only the last text may end within a line. A Windows
+// console gets characters: a line that is valid UTF-8 counts as UTF-8, because names of files are,
+// and any other line as text of the system's code page, because accounts hold that. Other streams
+// get the bytes. Returns false when not all of it could be written.
 bool WriteToStream(FILE* pStream, std::string_view text);

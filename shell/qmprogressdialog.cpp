@@ -15,7 +15,8 @@ QMProgressDialog::QMProgressDialog(HWND hOwner, const char* szTask)
 
 QMProgressDialog::~QMProgressDialog()
 {
-    // Before the window goes: Windows would make another program's window the active one.
+    // The owner must be enabled before this window closes. Otherwise Windows would activate a
+    // window of another program.
     if (m_bDisabled) {
         EnableWindow(m_hOwner, TRUE);
     }
@@ -28,7 +29,7 @@ QMProgressDialog::~QMProgressDialog()
 
 bool QMProgressDialog::OnStep(uint64_t uDone, uint64_t uTotal)
 {
-    // The clock of GetTickCount begins anew after 49 days.
+    // GetTickCount starts again at 0 after 49 days, so only differences may be compared.
     if (static_cast<LONG>(GetTickCount() - m_uNext) < 0) {
         return m_bNoReturn || !m_bCancelled;
     }
@@ -82,7 +83,7 @@ void QMProgressDialog::Answer()
     MSG message = {};
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
-            // It is for the loop that this work is to return to.
+            // WM_QUIT must end the message loop to which this work returns, not this one.
             PostQuitMessage(static_cast<int>(message.wParam));
             m_bCancelled = true;
             return;

@@ -8,20 +8,20 @@
 class QMProgressDialog : public VDialog, public QMProgress
 {
 public:
-    // The owner, or the modal window that keeps the user from it (VModalOwner), is disabled while
-    // the window is there. szTask says what is being done.
+    // While the window exists, it disables hOwner, or the modal window that keeps the user from
+    // hOwner (VModalOwner). szTask tells the user what is being done.
     QMProgressDialog(HWND hOwner, const char* szTask);
-    // Takes the window away and gives owner and focus back to the user.
+    // Closes the window, enables the owner and sets the focus back.
     ~QMProgressDialog() override;
 
-    // Shows the window when it is time, and lets it and the other windows answer their messages.
+    // Opens the window when uDelay has passed. Handles the messages that wait for any window.
     bool OnStep(uint64_t uDone, uint64_t uTotal) override;
-    // The window stays, and cannot be cancelled any more.
+    // The window stays, but the user cannot cancel any more.
     void OnNoReturn() override;
     bool IsCancelled() const { return m_bCancelled; }
 
     bool OnInitDialog() override;
-    // Esc, the button and the sign in the corner cancel; the window stays until the work has ended.
+    // Esc, the button and the close box cancel. The window stays until the work has ended.
     bool OnCancel() override;
     bool OnOK() override { return false; }
     bool OnClose(bool bForced) override;

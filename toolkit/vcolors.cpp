@@ -2,7 +2,7 @@
 
 namespace {
 
-// Wine 8 never says so, whatever its colours are.
+// Wine 8 never reports high contrast, whatever its colours are.
 bool IsHighContrast()
 {
     HIGHCONTRASTA contrast = {};
@@ -15,7 +15,7 @@ bool IsHighContrast()
 
 bool VIsDark(COLORREF cr)
 {
-    // How bright the eye finds the three parts, in thousandths.
+    // How bright the eye sees red, green and blue, in thousandths.
     const int nBrightness = 299 * GetRValue(cr) + 587 * GetGValue(cr) + 114 * GetBValue(cr);
     return nBrightness < 128 * 1000;
 }

@@ -1,12 +1,11 @@
-// The colours of the system, and what they ask of a program that has colours of its own.
+// The colours of Windows, and when a program must not use colours of its own.
 #pragma once
 
 #include <windows.h>
 
-// Whether a colour is nearer to black than to white: light strokes can be seen on it, dark ones
-// cannot.
+// Whether a colour is nearer to black than to white, so that only light lines can be seen on it.
 bool VIsDark(COLORREF cr);
 
-// Whether windows must keep to the system's colours alone: the user has turned high contrast on, or
-// windows have a dark ground, on which colours that were chosen for white cannot be read.
+// Whether windows must use the colours of Windows only: the user has turned high contrast on, or
+// the background of windows is dark, so that colours chosen for a white background cannot be read.
 bool VNeedsSystemColors();

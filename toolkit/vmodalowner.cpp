@@ -4,7 +4,7 @@
 
 namespace {
 
-// The atom of the system's class for dialogs and boxes.
+// The atom of the window class that Windows uses for dialogs and message boxes.
 constexpr ULONG_PTR uDialogClass = 32770;
 
 struct Search
@@ -31,7 +31,7 @@ BOOL CALLBACK Look(HWND hWnd, LPARAM lParam)
         return TRUE;
     }
     const auto* pDialog = dynamic_cast<const VDialog*>(VWindow::FromHandle(hWnd));
-    // A dialog of the system without an object, such as a box, is modal.
+    // A dialog that has no object, such as a message box, is modal.
     HWND& hFound = pDialog == nullptr || pDialog->IsModal() ? search.hModal : search.hModeless;
     hFound = hFound == nullptr ? hWnd : hFound;
     return TRUE;
@@ -50,6 +50,6 @@ HWND VModalOwner(HWND hWnd)
     if (search.hModal != nullptr) {
         return search.hModal;
     }
-    // The window that shows the progress of some work is modeless and keeps the user out as well.
+    // A progress window is modeless, but keeps the user from the other windows too.
     return search.hModeless != nullptr ? search.hModeless : hWnd;
 }

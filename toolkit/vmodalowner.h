@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
-// The window that a dialog or a box for hWnd must be owned by. Mostly that is hWnd itself. While a
-// modal window keeps the user from hWnd, it is the innermost one of these: an inner modal window
-// then keeps the user from it too, and at the inner one's end Windows enables and activates it, not
-// a window behind it.
+// The window that must own a dialog or a message box for hWnd. Usually that is hWnd itself. While a
+// modal window keeps the user from hWnd, it is that window, and of several the innermost one. The
+// new dialog then disables it too, and when the dialog ends, Windows enables and activates it and
+// not a window behind it.
 HWND VModalOwner(HWND hWnd);
