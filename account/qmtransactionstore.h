@@ -99,7 +99,7 @@ public:
     int32_t Resort(int32_t lMode);
     int32_t GetSortMode() const { return m_lSortMode; }
 
-    // Searches a check of that number, from the first transaction on. Returns true with the cursor
+    // Looks for a check of that number, from the first transaction on. Returns true with the cursor
     // on that check, or false with the cursor on the last transaction.
     bool HasCheckNumber(uint32_t uNumber);
 

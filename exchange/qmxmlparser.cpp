@@ -42,14 +42,16 @@ int XMLCALL UnknownEncoding(void* pUserData, const XML_Char* szName, XML_Encodin
     return ParserOf(pUserData)->OnUnknownEncoding(szName, pEncoding);
 }
 
-// Cuts a document into pieces for Expat. Expat tells a text in parts where a piece ends within it,
-// and a date or an amount is read from one part alone. A line feed is a part of its own anyway, so
-// pieces end behind one. In UTF-16 the byte of a line feed may be half of another character: such
-// a document stays in one piece, and so does one without line feeds.
+// Cuts a document into pieces for Expat. When a piece ends within a text, Expat reports the text in
+// two parts, but the reader takes a date or an amount from one part only. Expat reports a line feed
+// as a part of its own in any case, so pieces end behind line feeds. In UTF-16 the byte of a line
+// feed may be half of another character, so such a document stays in one piece. So does a document
+// without line feeds.
 class PieceBuffer
 {
 public:
-    // Reads more; false when the source fails, without memory and where Expat cannot count as far.
+    // Reads more. Returns false when the source fails, when memory runs out, and when the document
+    // is longer than Expat can count.
     bool Fill(QMByteSource& source)
     {
         if (!Reserve()) {
@@ -92,7 +94,7 @@ public:
 private:
     static constexpr size_t uFirstSize = 1 << 18;
 
-    // Room for more than is there.
+    // Makes room for more bytes.
     bool Reserve()
     {
         if (m_uLength < m_uSize) {

@@ -80,7 +80,7 @@ void CheckEntries(const QMAccount& account, Findings& findings)
                 findings.Entry(lPosition, reason.szReason);
             }
         }
-        // Not a number passes every comparison with the limits of an amount.
+        // NaN passes both comparisons with the limits of an amount, so it needs a test of its own.
         if (std::isnan(transaction.fAmount)) {
             findings.Entry(lPosition, "the amount is not a number");
         }

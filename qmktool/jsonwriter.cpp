@@ -58,7 +58,7 @@ void JsonWriter::AddCharacter(uint32_t uCharacter)
     } else if (uCharacter < 0x10000) {
         AddEscape(uCharacter);
     } else {
-        // As two halves, as UTF-16 has it.
+        // JSON writes such a character as a surrogate pair of UTF-16.
         AddEscape(0xD800 + ((uCharacter - 0x10000) >> 10));
         AddEscape(0xDC00 + (uCharacter & 0x3FF));
     }

@@ -30,13 +30,13 @@ std::string Printable(std::string_view text)
 } // namespace
 
 PdfSurface::PdfSurface(int32_t lPoints, bool bItalic)
-    // Without a handler the document keeps its first fault, which IsSound asks for.
+    // Without an error handler, libharu keeps the first error in the document. IsSound reads it.
     : m_document(HPDF_New(nullptr, nullptr)), m_fPoints(static_cast<float>(lPoints))
 {
     if (m_document == nullptr) {
         return;
     }
-    // Text as it stands, whatever was built into the library: the same bytes everywhere.
+    // Not every build of libharu can compress. Without compression the bytes are always the same.
     HPDF_SetCompressionMode(m_document, HPDF_COMP_NONE);
     constexpr const char* szEncoding = "WinAnsiEncoding";
     m_hNormal = HPDF_GetFont(m_document, bItalic ? "Helvetica-Oblique" : "Helvetica", szEncoding);
@@ -99,7 +99,7 @@ uint32_t PdfSurface::SetBkColor(uint32_t crColor)
     return std::exchange(m_crBackground, crColor);
 }
 
-// Null above the first page: a rule may lie there.
+// What is above the first page, as a rule may be, counts to it. Null below the last page.
 PdfSurface::Page* PdfSurface::PageAt(int32_t y)
 {
     const auto u = static_cast<size_t>(m_cut.lStep > 0 ? std::max(y, 0) / m_cut.lStep : 0);
@@ -169,7 +169,7 @@ void PdfSurface::PutText(std::string_view text, const VRect& rect, QMReportAlign
         fX += align == QMReportAlign::Right ? fFree : fFree / 2;
     }
     if (rect.top == m_lLastTop && fX < m_fLastEnd) {
-        // As on the screen, a text covers what runs on below it.
+        // A text covers the end of a longer text to its left, as on the screen.
         FillBox(*pPage, fX, rect.top, fWidth, rect.GetHeight(), GrayOf(m_crBackground));
     }
     m_lLastTop = rect.top;
@@ -197,13 +197,13 @@ void PdfSurface::PutLine(int32_t x1, int32_t y1, int32_t x2, int32_t y2)
 {
     Page* pPage = PageAt(y1);
     if (pPage == nullptr || m_layer != PdfLayer::Ink || y1 != y2) {
-        return; // reports draw none but level ones
+        return; // reports draw horizontal lines only
     }
     const float fGray = m_pen == QMReportPen::Rule ? GrayOf(QM_REPORT_RULE_COLOR) : 0;
     FillBox(*pPage, static_cast<float>(x1), y1, static_cast<float>(x2 - x1), 1, fGray);
 }
 
-// One pixel wide; the part on each page that it touches.
+// Draws a column one pixel wide, on each page that it touches.
 void PdfSurface::PutColumn(int32_t x, int32_t y1, int32_t y2)
 {
     const float fGray = m_pen == QMReportPen::Rule ? GrayOf(QM_REPORT_RULE_COLOR) : 0;

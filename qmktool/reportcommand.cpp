@@ -16,7 +16,7 @@ constexpr const char* aszKinds[QM_REPORT_KIND_COUNT] = {
     "tax",       "expenses", "voided",      "not-cleared",
 };
 
-// What the words of the command line come to.
+// The report that the command line asks for.
 struct ReportOrder
 {
     uint32_t uKind = QM_REPORT_NONE;

@@ -4,7 +4,7 @@
 
 namespace {
 
-// So wide that no column from the left meets one from the right.
+// Wide enough that columns from the left never meet columns from the right.
 constexpr int32_t lPageWidth = 1000000;
 
 } // namespace
@@ -99,8 +99,7 @@ ReportPlace ReportLines::CentrePlaceOf(const VRect& rect) const
     return rect.left < lPageWidth / 2 ? ReportPlace::Number : ReportPlace::Sign;
 }
 
-// A line of totals begins with a label, as a line of the summary does; that one goes on with a
-// sign.
+// Lines of totals and lines of the summary both begin with a label. In the summary a sign follows.
 bool ReportLines::IsTotalLine(const ReportLine& line) const
 {
     return line.uCells > 0 && m_cells[line.uFirstCell].place == ReportPlace::Label &&

@@ -15,7 +15,8 @@ constexpr ReportPaper aPapers[] = {{"letter", 816, 1056}, {"a4", 794, 1123}};
 // Three quarters of an inch on all sides, as a new print document has.
 constexpr int32_t lMargin = 72;
 
-// The account's, held to what leaves room for a report on paper.
+// The font size of the account in points. The usual one replaces a size with which a report would
+// have no room on paper.
 int32_t PointsOf(const QMAccountHeader& header)
 {
     constexpr int32_t lUsual = 8;
@@ -31,12 +32,13 @@ std::string TitleOf(const QMAccountData& account, uint32_t uKind)
     return sTitle;
 }
 
-// No clock: a report of the same days is the same file, so it is dated by its last day.
+// The file gets the last day of the report for its date, and not the time of day. So the same
+// report gives the same bytes.
 void SetProperties(HPDF_Doc document, const std::string& sTitle, const QMDate& dtTo)
 {
     HPDF_SetInfoAttr(document, HPDF_INFO_TITLE, sTitle.c_str());
     HPDF_SetInfoAttr(document, HPDF_INFO_CREATOR, "qmktool " QUILLMARK_VERSION);
-    // The library would put its version here, which is not the same everywhere.
+    // libharu would write its version here, which differs between systems.
     HPDF_SetInfoAttr(document, HPDF_INFO_PRODUCER, "libharu");
     HPDF_Date date = {};
     date.year = dtTo.wYear;

@@ -15,7 +15,7 @@
 
 namespace {
 
-// Why nothing came of what was read.
+// Why the reader found no transactions.
 const char* ImportFault(const WatchedByteSource& source, QMExchangeKind kind)
 {
     if (source.GetDone() == 0) {

@@ -21,7 +21,7 @@ bool Refuse(const char* szFault, const char* szWord)
     return false;
 }
 
-// Whether the text has a digit for each 9 of the shape, and is the shape otherwise.
+// Whether the text has the shape, in which a 9 stands for any digit.
 bool HasShape(const char* szText, const char* szShape)
 {
     for (; *szShape != '\0'; ++szText, ++szShape) {
@@ -265,7 +265,7 @@ private:
                       "-");
     }
 
-    // "-" stands for a file of another program only, and its format is told.
+    // "-" may stand for an exchange file only, and an option must name its format.
     bool CheckStreams() const
     {
         for (size_t u = 0; u < m_options.aFiles.size(); ++u) {

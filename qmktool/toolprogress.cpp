@@ -23,7 +23,7 @@ ToolProgress::ToolProgress(const char* szWhat, uint64_t uUnit, const char* szUni
       m_next(Begun() + firstAfter)
 {}
 
-// The second counts from the first work on: a command does several, one after the other.
+// A command may do several works one after another. The second counts from the first of them.
 ToolProgress::Clock::time_point ToolProgress::Begun()
 {
     static const Clock::time_point begun = Clock::now();

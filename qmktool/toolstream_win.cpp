@@ -18,7 +18,7 @@ HANDLE ConsoleOf(FILE* pStream)
     return GetConsoleMode(hStream, &uMode) ? hStream : nullptr;
 }
 
-// The manifest makes UTF-8 the code page of this process. This is the one of all others.
+// The manifest makes UTF-8 the code page of this process. This is the code page of the system.
 UINT SystemCodePage()
 {
     DWORD uPage = CP_ACP;
@@ -27,7 +27,8 @@ UINT SystemCodePage()
     return uPage;
 }
 
-// Appends the line's characters. Returns false when a byte is none in this code page and bStrict.
+// Appends the characters of the line. With bStrict, returns false when a byte is no character in
+// this code page.
 bool AppendDecoded(UINT uPage, bool bStrict, std::string_view line, std::wstring& sText)
 {
     const DWORD uFlags = bStrict ? MB_ERR_INVALID_CHARS : 0;

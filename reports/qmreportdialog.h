@@ -18,7 +18,6 @@ class QMReportDialog : public VDialog
 {
 public:
     QMReportDialog();
-    // The window ends here, while the operations below still are this object's.
     ~QMReportDialog() override { Detach(); }
 
     // The copy of the account, to be filled before DoModal.
@@ -34,7 +33,7 @@ public:
     bool OnInitDialog() override;
     INT_PTR CancelResult() const override;
 
-    // The view of the report, for those who drive the dialog.
+    // The view of the report, for tests.
     VScrollView& GetView() { return m_viewReport; }
     VPrintDocument& GetPrintDocument() { return *m_pPrintDocument; }
 

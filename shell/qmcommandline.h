@@ -1,20 +1,20 @@
-// The arguments of a start of the program as one text, which a second start hands to the first.
+// The arguments of the program as one text, which a second instance hands to the first.
 #pragma once
 
 #include "base/vstring.h"
 
 inline constexpr char QM_ARGUMENT_SEPARATOR = ',';
 
-// The arguments behind the program's own name, each with a comma behind it; a name with a comma
-// falls apart at it.
+// Joins the arguments after the name of the program, with a comma after each. A name that holds a
+// comma will be split at it.
 VString QMJoinArguments(int nCount, const char* const* aszArguments);
 
-// Such a text with the names of files that exist, those in import orders too, made full by the
-// process's own folder. What does not exist stays as it was typed, and so does a name that would
-// fall apart at a comma in its folder.
+// Makes the names of existing files in such a text full, by the current folder of this process;
+// also the names in import orders. A name of no file stays as the user typed it. So does a name
+// whose full form would be split at a comma in its folder.
 VString QMWithFullNames(const VString& sText);
 
-// The full name of a file that exists; any other name as it stands.
+// Returns the full name of a file that exists, and any other name unchanged.
 VString QMFullName(const VString& sName);
 
 // Whether an argument is an option and no name.

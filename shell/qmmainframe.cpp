@@ -71,7 +71,7 @@ VRect QMMainFrame::GetFirstPlace() const
 {
     const VRect place = m_settings.GetPosition();
     const RECT rect = VToRect(place);
-    // The screen may be gone on which the frame was left.
+    // The screen on which the user left the frame may be gone.
     return MonitorFromRect(&rect, MONITOR_DEFAULTTONULL) == nullptr ? VRect() : place;
 }
 
@@ -129,7 +129,7 @@ void QMMainFrame::OpenFirstDocuments()
     }
     Show();
     HideSplash();
-    // A large account takes its time to load: what stands so far is not black until then.
+    // A large account takes long to load. Without this, the bars would stay black until then.
     RedrawWindow(GetHandle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     if (bArguments) {
         ProcessCommandLine(m_sArguments.GetText());
@@ -248,7 +248,7 @@ bool QMMainFrame::TakePeriod(UINT uId)
 
 bool QMMainFrame::PreTranslate(MSG& message)
 {
-    // The documents' own keys, such as that which closes one, are not for the calculator.
+    // Keys of the documents, such as Ctrl+F4, must not act while the calculator is active.
     if (m_calculator.IsActive()) {
         return false;
     }
@@ -313,7 +313,7 @@ LRESULT QMMainFrame::DefaultProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM
         return 0;
     }
     if (uMessage == WM_SYSCOLORCHANGE) {
-        // Windows tells it to windows of the screen alone, and common controls keep copies.
+        // Windows sends it to top-level windows only, and common controls keep copies.
         EnumChildWindows(hWnd, &PassOnSystemColors, 0);
     }
     if (uMessage == WM_SYSCOLORCHANGE || uMessage == WM_SETTINGCHANGE) {
@@ -359,7 +359,7 @@ void QMMainFrame::ShowHelp(const char* szTopic, UINT uCommand)
 
 bool QMMainFrame::OnClose(bool /*bForced*/)
 {
-    // Not even the end of the session frees what a command stands on.
+    // Even at the end of the Windows session, objects that a running command uses must stay.
     if (IsBusy() || m_bClosing) {
         return false;
     }

@@ -85,14 +85,14 @@ public:
     QMSettings& GetSettings() { return m_settings; }
     QMFileDialogs& GetFileDialogs() { return m_fileDialogs; }
     QMCalculator& GetCalculator() { return m_calculator; }
-    // Whether a register that was on top when a dialog came up is open still.
+    // Whether a register that was active when a dialog came up is still open.
     bool HasDocument(const QMRegisterWindow* pDocument) const;
     // Gives the settings to every register.
     void SetRegisterOptions();
     // Opens the program's help: a topic of the file, or the file itself for an empty text. The
     // command is the viewer's. Where there is no viewer nothing happens.
     void ShowHelp(const char* szTopic, UINT uCommand);
-    // The document that prints the active register; null before the window stands.
+    // The document that prints the active register; null before the window is made.
     VPrintDocument* GetPrintDocument() { return m_pPrintDocument.get(); }
     // Stores the page setup of that document.
     void SavePageSetup() const;

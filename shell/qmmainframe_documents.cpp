@@ -144,7 +144,7 @@ void QMMainFrame::ImportFromArgument(const char* szOrder)
     RunOrder({QMFullName(sImported), szPart == nullptr ? "" : szPart});
 }
 
-// The account opens at once in any case.
+// Opens the account at once, and imports into it when no command works on it.
 void QMMainFrame::RunOrder(const ImportOrder& order)
 {
     if (!OpenDocument(order.sAccount.GetText()) || GetActiveRegister() == nullptr) {
@@ -152,7 +152,7 @@ void QMMainFrame::RunOrder(const ImportOrder& order)
     }
     QMRegisterWindow& document = *GetActiveRegister();
     if (IsBusyWith(document)) {
-        // The command counts on the transactions to stay where they are.
+        // The running command needs the transactions to keep their positions.
         m_orders.push_back({order.sImported, document.GetFullName()});
         return;
     }
@@ -162,7 +162,7 @@ void QMMainFrame::RunOrder(const ImportOrder& order)
 void QMMainFrame::OnCommandEnded()
 {
     if (!m_orders.empty()) {
-        // Not at once: the command's functions are still on their way back.
+        // Functions of the command have not returned yet, so the orders must wait for a message.
         Post(QM_ORDERS_MESSAGE);
     }
 }
@@ -217,7 +217,7 @@ bool QMMainFrame::SaveClosingChild(VMDIChildWindow& child)
 {
     auto& document = static_cast<QMRegisterWindow&>(child);
     if (!document.GetDocument().GetAccount()->IsOpen()) {
-        // It was never saved: the name that it has so far is none that a user would look for.
+        // The account was never saved, and the user did not choose its present name.
         return SaveUnder(document);
     }
     // Kept: a save that fails here is not told, and the window closes.
