@@ -22,8 +22,8 @@
 #define IDR_ACCEL_DOCUMENT 1701
 
 // Bitmaps. Headings and marks are dark on white, so that they can be drawn on any background. They
-// are 10 by 10 pixels. The toolbar is a strip of 19 pictures of 16 by 16 pixels with an alpha channel
-// that is not premultiplied.
+// are 10 by 10 pixels. The toolbar is a strip of 19 pictures of 16 by 16 pixels with an alpha
+// channel that is not premultiplied.
 #define IDB_SPLASH 1800
 #define IDB_HEADING_CLEARED 1801
 #define IDB_HEADING_TAG 1802
@@ -33,9 +33,9 @@
 #define IDB_MARK_CLEARED 1806
 #define IDB_TOOLBAR 1811
 
-// Bitmaps of the transaction dialog: signs of 12 by 12 pixels beside its check boxes, pictures of 16
-// by 16 with an alpha channel that is not premultiplied on its buttons, and a strip of four arrows
-// for systems whose buttons draw no alpha channel.
+// Bitmaps of the transaction dialog: signs of 12 by 12 pixels beside its check boxes, pictures of
+// 16 by 16 with an alpha channel that is not premultiplied on its buttons, and a strip of four
+// arrows for systems whose buttons draw no alpha channel.
 #define IDB_SIGN_TAX 1807
 #define IDB_SIGN_EXPENSE 1808
 #define IDB_SIGN_VOIDED 1809
