@@ -224,6 +224,13 @@ void QMColumnGuesser::Run()
     TakeDate();
     TakeAmounts();
     TakeTexts();
+    const auto Has = [&](QMBankColumn column) { return std::ranges::count(m_columns, column) > 0; };
+    if (!Has(QMBankColumn::Date)) {
+        Doubt(QMSureness::Unknown, "no column has dates in nine of ten rows");
+    }
+    if (!Has(QMBankColumn::Amount) && !Has(QMBankColumn::Debit) && !Has(QMBankColumn::Credit)) {
+        Doubt(QMSureness::Unknown, "no column has amounts in nine of ten rows");
+    }
     if (m_sReason.empty()) {
         m_sReason = "by their headings and cells";
     }

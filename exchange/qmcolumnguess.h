@@ -35,7 +35,8 @@ public:
     QMColumnGuesser(const std::vector<std::vector<std::string>>& rows,
                     const std::vector<std::string>& headings);
 
-    // Looks at the dates, at the amounts, and then at the texts.
+    // Looks at the dates, at the amounts, and then at the texts. Where no column is that of the
+    // dates, or of the amounts, the columns are not known.
     void Run();
 
     const QMValueTally& GetTally() const { return m_tally; }

@@ -262,6 +262,15 @@ Table TableOf(const std::vector<TextRow>& rows)
     return table;
 }
 
+QMGuess GuessOf(const QMColumnGuesser& columns)
+{
+    const std::string sNames = QMBankColumnNames(columns.GetColumns());
+    if (columns.GetSureness() == QMSureness::Unknown) {
+        return {"columns", "?", QMSureness::Unknown, columns.GetReason() + "; found is " + sNames};
+    }
+    return {"columns", sNames, columns.GetSureness(), columns.GetReason()};
+}
+
 const char* SurenessName(QMSureness sureness)
 {
     constexpr const char* aszNames[] = {"told", "sure", "likely", "a guess", "not known"};
@@ -311,8 +320,7 @@ bool QMGuessCsvDialect(std::string_view bytes, const QMDialect& told,
     proposal.Add(columns.GetTally().GuessDecimal());
     proposal.Add({"skip", std::to_string(table.lFirstLine), QMSureness::Sure,
                   "the first record is on line " + std::to_string(table.lFirstLine + 1)});
-    proposal.Add({"columns", QMBankColumnNames(columns.GetColumns()), columns.GetSureness(),
-                  columns.GetReason()});
+    proposal.Add(GuessOf(columns));
     proposal.Add({"invert", "no", columns.IsOneSided() ? QMSureness::Guess : QMSureness::Likely,
                   columns.IsOneSided() ? "no amount has a minus; yes makes all of them payments"
                                        : "a minus usually means that it was spent"});

@@ -38,6 +38,15 @@ void CheckRecord(const QMTransaction& transaction)
 using Guesser = bool (*)(std::string_view, const QMDialect&, const std::vector<std::string>&,
                          QMDialectGuess&, std::string&);
 
+// Puts a value where the profile leaves it to the user.
+void Decide(std::string& sProfile, const std::string& sName, const char* szValue)
+{
+    const size_t uOpen = sProfile.find("\n" + sName + "?\n");
+    if (uOpen != std::string::npos) {
+        sProfile.replace(uOpen + 1 + sName.size(), 1, szValue);
+    }
+}
+
 // What is proposed is a profile, but for the values that the user must decide.
 void CheckGuess(Guesser guesser, const std::string& sFile)
 {
@@ -49,9 +58,8 @@ void CheckGuess(Guesser guesser, const std::string& sFile)
         return;
     }
     std::string sProfile = guess.GetProfile();
-    if (const size_t uOpen = sProfile.find("dates = ?"); uOpen != std::string::npos) {
-        sProfile.replace(uOpen, 9, "dates = dmy");
-    }
+    Decide(sProfile, "dates = ", "dmy");
+    Decide(sProfile, "columns = ", "Date,Amount");
     QMDialect dialect;
     Check(dialect.ReadProfile(sProfile).empty(), "a proposal is no profile");
 }

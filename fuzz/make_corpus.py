@@ -277,6 +277,8 @@ def good_bank() -> dict[str, bytes]:
         "utf_16": german + b"\xFF\xFE" + "x\n14.03.04;\u0416\u20ac;5\n".encode("utf-16-le"),
         "open_quote": b"columns=Date,Memo,Amount\n3/14/2004,a,5\n3/15/2004,\"b\n,6\n",
         "qif": b"dates=dmy&decimal=,&invert=yes\nDate,Amount\n14.3.04,5\nD14.3'04\nT1.234,5\n^\n",
+        "amounts_in_two_columns": b"columns=Date,Amount,Memo&dates=ymd\n"
+                                  b"2004-03-14,5.00,D\n2004-03-15,x,4\n",
         "months": b"columns=Date,Amount\n14 Mar 2004,(5.00)\nMar 14 2004,5 DR\n",
     }
 

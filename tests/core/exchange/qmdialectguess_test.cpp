@@ -103,6 +103,17 @@ TEST(DialectGuess, FindsSignsAndTheFirstOfTwoDates)
               "Date,-,Sign,Amount");
 }
 
+TEST(DialectGuess, LeavesColumnsOpenWhereNoneHasTheAmounts)
+{
+    const QMDialectGuess guess = GuessOf("2004-03-14,5.00,D\n2004-03-15,x,4\n");
+    const QMGuess& columns = Named(guess, "columns");
+    EXPECT_EQ(columns.sValue, "?");
+    EXPECT_EQ(columns.sureness, QMSureness::Unknown);
+    EXPECT_NE(columns.sReason.find("no column has amounts"), std::string::npos);
+    // As it stands, the proposal is refused.
+    EXPECT_EQ(QMDialect().ReadProfile(guess.GetProfile()).find("line "), 0U);
+}
+
 TEST(DialectGuess, TellsWhyThereIsNone)
 {
     QMDialectGuess guess;
