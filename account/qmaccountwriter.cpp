@@ -5,100 +5,22 @@
 #include <new>
 #include <vector>
 
-#include "account/qmscramble.h"
+#include "account/qmentrybuilder.h"
+#include "account/qmpackedtransactions.h"
 
 namespace {
 
-class ImageBuilder
-{
-public:
-    explicit ImageBuilder(unsigned char* pBytes) : m_pNext(pBytes) {}
-
-    const unsigned char* GetEnd() const { return m_pNext; }
-
-    void Add(const void* pBytes, size_t uSize)
-    {
-        memcpy(m_pNext, pBytes, uSize);
-        m_pNext += uSize;
-    }
-
-    void AddScrambled(const void* pBytes, size_t uSize)
-    {
-        Add(pBytes, uSize);
-        QMScramble(m_pNext - uSize, uSize);
-    }
-
-    void AddNumber(uint32_t uNumber) { Add(&uNumber, sizeof uNumber); }
-
-    void AddText(const char* szText)
-    {
-        const size_t uLength = strlen(szText);
-        AddNumber(static_cast<uint32_t>(uLength));
-        AddScrambled(szText, uLength);
-    }
-
-    void AddEntry(const QMTransactionFields& fields, int32_t lVersion)
-    {
-        if (QMVersionScramblesBlock(lVersion)) {
-            AddScrambled(&fields, QM_TRANS_BLOCK_SIZE);
-        } else {
-            Add(&fields, QM_TRANS_BLOCK_SIZE);
-        }
-        AddText(fields.szDescription);
-        AddText(fields.szMemo);
-        if (QMVersionHasCategory(lVersion)) {
-            AddText(fields.szCategory);
-        }
-    }
-
-private:
-    unsigned char* m_pNext;
-};
-
-void AddFront(ImageBuilder& builder, const QMAccount& account, int32_t lVersion)
+void AddFront(QMEntryBuilder& builder, const QMAccount& account, int32_t lVersion, int32_t lCount)
 {
     builder.AddNumber(account.lMagic);
     builder.AddNumber(static_cast<uint32_t>(lVersion));
-    builder.AddNumber(static_cast<uint32_t>(account.store.GetCount()));
+    builder.AddNumber(static_cast<uint32_t>(lCount));
     builder.AddNumber(QM_HEADER_SIZE);
     QMAccountHeader header = account.header;
     header.bReserved = 0;
     builder.AddScrambled(&header, QM_HEADER_SIZE);
     builder.AddNumber(QM_TRANS_BLOCK_SIZE);
 }
-
-// A buffer for the builder that goes to a sink as it fills.
-class PieceWriter
-{
-public:
-    explicit PieceWriter(QMByteSink& sink) : m_sink(sink) {}
-
-    // There is always room for the front or for one entry more.
-    ImageBuilder& GetBuilder() { return m_builder; }
-
-    // Hands over what is there, unless there is room for more and bAll is not set. Returns false
-    // when the sink refused anything so far.
-    bool HandOver(bool bAll)
-    {
-        const auto uLength = static_cast<size_t>(m_builder.GetEnd() - m_aBuffer);
-        if (bAll || uLength > sizeof m_aBuffer - uLargestPart) {
-            m_bTaken = m_bTaken && m_sink.Write(reinterpret_cast<const char*>(m_aBuffer), uLength);
-            m_builder = ImageBuilder(m_aBuffer);
-        }
-        return m_bTaken;
-    }
-
-private:
-    // An entry is smaller: its block and three texts with their lengths.
-    static constexpr size_t uLargestPart = 2048;
-    static_assert(uLargestPart > sizeof(QMTransactionFields) + 3 * sizeof(uint32_t));
-    static_assert(uLargestPart > QM_HEADER_SIZE + 5 * sizeof(uint32_t));
-
-    QMByteSink& m_sink;
-    bool m_bTaken = true;
-    unsigned char m_aBuffer[1 << 15];
-    ImageBuilder m_builder{m_aBuffer};
-};
 
 constexpr size_t uLengthSize = sizeof(uint32_t);
 constexpr size_t uFrontSize = 4 * uLengthSize + QM_HEADER_SIZE + uLengthSize;
@@ -134,7 +56,7 @@ void ForEachScattered(const QMTransactionStore& store, std::vector<const QMTrans
     };
     const auto uFront = static_cast<size_t>(store.GetCount()) - behind.size();
     const QMListNode* pAhead = p;
-    for (size_t u = 0; u < uFront; ++u, p = p->GetNext()) {
+    for (size_t u = 0; u < uFront && p != nullptr; ++u, p = p->GetNext()) {
         // The links of what comes next are followed before it is written.
         for (int nSteps = u == 0 ? 4 : 1; nSteps > 0 && pAhead != nullptr; --nSteps) {
             pAhead = pAhead->GetNext();
@@ -142,7 +64,7 @@ void ForEachScattered(const QMTransactionStore& store, std::vector<const QMTrans
         if (pAhead != nullptr) {
             Fetch(*static_cast<const QMTransaction*>(pAhead));
         }
-        if (u < behind.size()) {
+        if (u < behind.size() && pBack != nullptr) {
             behind[behind.size() - 1 - u] = static_cast<const QMTransaction*>(pBack);
             pBack = pBack->GetPrevious();
             __builtin_prefetch(pBack);
@@ -193,8 +115,8 @@ QMFileImage QMMakeAccountImage(const QMAccount& account, int32_t lVersion, QMPro
     if (image.pBytes == nullptr) {
         return image;
     }
-    ImageBuilder builder(image.pBytes.get());
-    AddFront(builder, account, lVersion);
+    QMEntryBuilder builder(image.pBytes.get());
+    AddFront(builder, account, lVersion, account.store.GetCount());
     bool bGoesOn = true;
     account.store.ForEach([&](const QMTransaction& transaction) {
         const auto uDone = static_cast<size_t>(builder.GetEnd() - image.pBytes.get());
@@ -243,8 +165,8 @@ bool QMReplaceByImage(QMFile& file, const QMFileImage& image, QMProgress* pProgr
 
 bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMProgress* pProgress)
 {
-    PieceWriter writer(sink);
-    AddFront(writer.GetBuilder(), account, account.lVersion);
+    QMPieceWriter writer(sink);
+    AddFront(writer.GetBuilder(), account, account.lVersion, account.store.GetCount());
     const auto uTotal = static_cast<uint64_t>(account.store.GetCount());
     uint64_t uDone = 0;
     bool bGoesOn = true;
@@ -256,4 +178,12 @@ bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMProgress* pP
         }
     });
     return bGoesOn && writer.HandOver(true);
+}
+
+bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMPackedTransactions& packed,
+                      QMProgress* pProgress)
+{
+    QMPieceWriter writer(sink);
+    AddFront(writer.GetBuilder(), account, account.lVersion, packed.GetCount());
+    return writer.HandOver(true) && packed.WriteTo(sink, pProgress);
 }

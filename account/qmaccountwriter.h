@@ -8,6 +8,8 @@
 #include "account/qmbytesink.h"
 #include "account/qmprogress.h"
 
+class QMPackedTransactions;
+
 struct QMFileImage
 {
     std::unique_ptr<unsigned char[]> pBytes; // null when memory ran out or the work was given up
@@ -32,3 +34,8 @@ bool QMReplaceByImage(QMFile& file, const QMFileImage& image, QMProgress* pProgr
 // pProgress, which may be null, is told of the transactions. Returns false when the sink refused a
 // piece, and when the work was given up.
 bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMProgress* pProgress = nullptr);
+
+// The same with the header of the account and, instead of its store, transactions that were packed
+// in its format version. They cannot be used afterwards. Returns false also when memory ran out.
+bool QMWriteAccountTo(QMByteSink& sink, const QMAccount& account, QMPackedTransactions& packed,
+                      QMProgress* pProgress = nullptr);

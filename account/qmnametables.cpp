@@ -30,8 +30,11 @@ constexpr TypeEntry aTypes[QM_TRANS_TYPE_COUNT] = {
 
 struct NameEntry
 {
+    constexpr NameEntry(const char* sz, int32_t l) : szName(sz), lValue(l), cFirst(VToLower(*sz)) {}
+
     const char* szName;
     int32_t lValue;
+    char cFirst; // most names are told apart by it
 };
 
 constexpr NameEntry aTypeNames[] = {
@@ -90,10 +93,9 @@ int32_t Lookup(std::span<const NameEntry> table, const char* szText)
     if (szText == nullptr) {
         return -1;
     }
-    // Most entries are told apart by their first character.
     const char cFirst = VToLower(*szText);
     for (const NameEntry& entry : table) {
-        if (VToLower(*entry.szName) == cFirst && VBeginsWithNoCase(szText, entry.szName)) {
+        if (entry.cFirst == cFirst && VBeginsWithNoCase(szText, entry.szName)) {
             return entry.lValue;
         }
     }

@@ -3,16 +3,19 @@
 #include <algorithm>
 #include <new>
 
-QMSortedNodes::QMSortedNodes(size_t uCount)
+template <class T>
+QMSortedByKey<T>::QMSortedByKey(size_t uCount)
     : m_pEntries(new (std::nothrow) Entry[uCount]), m_pSpare(new (std::nothrow) Entry[uCount])
 {}
 
-void QMSortedNodes::Reverse()
+template <class T>
+void QMSortedByKey<T>::Reverse()
 {
     std::reverse(m_pEntries.get(), m_pEntries.get() + m_uCount);
 }
 
-void QMSortedNodes::Sort()
+template <class T>
+void QMSortedByKey<T>::Sort()
 {
     size_t auCounts[nDigits][uValues] = {};
     for (size_t u = 0; u < m_uCount; ++u) {
@@ -29,7 +32,8 @@ void QMSortedNodes::Sort()
     }
 }
 
-void QMSortedNodes::SortByDigit(int nDigit, const size_t (&auCounts)[uValues])
+template <class T>
+void QMSortedByKey<T>::SortByDigit(int nDigit, const size_t (&auCounts)[uValues])
 {
     size_t auNext[uValues];
     size_t uNext = 0;
@@ -42,3 +46,6 @@ void QMSortedNodes::SortByDigit(int nDigit, const size_t (&auCounts)[uValues])
     }
     m_pEntries.swap(m_pSpare);
 }
+
+template class QMSortedByKey<QMListNode>;
+template class QMSortedByKey<unsigned char>;

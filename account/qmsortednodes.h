@@ -1,4 +1,5 @@
-// QMSortedNodes: sorts nodes by their date keys in a time that grows in proportion to their number.
+// QMSortedByKey: sorts pointers by the date keys of what they point to, in a time that grows in
+// proportion to their number.
 #pragma once
 
 #include <cstddef>
@@ -7,29 +8,31 @@
 
 class QMListNode;
 
-class QMSortedNodes
+// T is QMListNode, or unsigned char for the entries of an account file.
+template <class T>
+class QMSortedByKey
 {
 public:
-    // Allocates room for uCount nodes.
-    explicit QMSortedNodes(size_t uCount);
+    // Allocates room for uCount pointers.
+    explicit QMSortedByKey(size_t uCount);
 
     bool HasMemory() const { return m_pEntries != nullptr && m_pSpare != nullptr; }
 
-    // Adds a node. The key must be at most QM_DATE_KEY_MAX, and there must be room.
-    void Add(uint64_t uKey, QMListNode* pNode) { m_pEntries[m_uCount++] = {uKey, pNode}; }
+    // Adds a pointer. The key must be at most QM_DATE_KEY_MAX, and there must be room.
+    void Add(uint64_t uKey, T* p) { m_pEntries[m_uCount++] = {uKey, p}; }
 
     void Reverse();
 
-    // Sorts by key, the lowest first. Nodes with the same key keep their order.
+    // Sorts by key, the lowest first. Pointers with the same key keep their order.
     void Sort();
 
-    QMListNode* Get(size_t uIndex) const { return m_pEntries[uIndex].pNode; }
+    T* Get(size_t uIndex) const { return m_pEntries[uIndex].p; }
 
 private:
     struct Entry
     {
         uint64_t uKey;
-        QMListNode* pNode;
+        T* p;
     };
 
     // The key is sorted digit by digit; a digit has eight bits.
@@ -43,3 +46,5 @@ private:
     std::unique_ptr<Entry[]> m_pSpare;
     size_t m_uCount = 0;
 };
+
+using QMSortedNodes = QMSortedByKey<QMListNode>;

@@ -128,7 +128,8 @@ bool HasText(const char* szText)
 
 void QMTransaction::SetDefaults()
 {
-    CopyFrom(QMTransactionFields());
+    static constexpr QMTransactionFields defaults;
+    CopyFrom(defaults);
 }
 
 void QMTransaction::CopyFrom(const QMTransactionFields& other)

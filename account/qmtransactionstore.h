@@ -60,6 +60,16 @@ public:
     template <class F>
     void ForEach(F f) const
     {
+        ForEachWhile([&](const QMTransaction& transaction) {
+            f(transaction);
+            return true;
+        });
+    }
+
+    // The same, until f answers false.
+    template <class F>
+    void ForEachWhile(F f) const
+    {
         // The transactions of a sorted store lie here and there in memory. Those to come are
         // fetched while f is at work, and the link of each is followed one step later.
         const QMListNode* pAhead = GetHead();
@@ -71,19 +81,13 @@ public:
                 pAhead = pAhead->GetNext();
                 Fetch(static_cast<const QMTransaction*>(pAhead));
             }
-            f(*static_cast<const QMTransaction*>(p));
+            if (!f(*static_cast<const QMTransaction*>(p))) {
+                break;
+            }
         }
     }
 
-    // The same, until f answers false; and the same from the last to the first.
-    template <class F>
-    void ForEachWhile(F f) const
-    {
-        const QMListNode* p = GetHead();
-        while (p != nullptr && f(*static_cast<const QMTransaction*>(p))) {
-            p = p->GetNext();
-        }
-    }
+    // The same from the last to the first.
     template <class F>
     void ForEachFromLastWhile(F f) const
     {

@@ -7,11 +7,6 @@
 
 namespace {
 
-int CodeDifference(char a, char b)
-{
-    return static_cast<unsigned char>(a) - static_cast<unsigned char>(b);
-}
-
 const char* SkipSpace(const char* p, const char* pEnd)
 {
     while (p < pEnd && VIsSpace(*p)) {
@@ -28,25 +23,7 @@ int VCompare(const char* szA, const char* szB)
         ++szA;
         ++szB;
     }
-    return CodeDifference(*szA, *szB);
-}
-
-int VCompareNoCase(const char* szA, const char* szB)
-{
-    while (*szA != '\0' && VToLower(*szA) == VToLower(*szB)) {
-        ++szA;
-        ++szB;
-    }
-    return CodeDifference(VToLower(*szA), VToLower(*szB));
-}
-
-bool VBeginsWithNoCase(const char* szText, const char* szPrefix)
-{
-    while (*szPrefix != '\0' && VToLower(*szText) == VToLower(*szPrefix)) {
-        ++szText;
-        ++szPrefix;
-    }
-    return *szPrefix == '\0';
+    return static_cast<unsigned char>(*szA) - static_cast<unsigned char>(*szB);
 }
 
 void VCopyText(char* pInto, size_t uSize, const char* szSource)

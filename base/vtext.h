@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-inline char VToLower(char c)
+constexpr char VToLower(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
@@ -24,11 +24,26 @@ inline bool VIsDigit(char c)
 // sorts before, equal to or after the second.
 int VCompare(const char* szA, const char* szB);
 
-// The same, with upper-case letters taken as lower-case ones.
-int VCompareNoCase(const char* szA, const char* szB);
+// The same, with upper-case letters taken as lower-case ones. Readers of files compare each name
+// with many others, of which most differ in the first letter.
+inline int VCompareNoCase(const char* szA, const char* szB)
+{
+    while (*szA != '\0' && VToLower(*szA) == VToLower(*szB)) {
+        ++szA;
+        ++szB;
+    }
+    return static_cast<unsigned char>(VToLower(*szA)) - static_cast<unsigned char>(VToLower(*szB));
+}
 
 // Whether szText begins with szPrefix, ignoring case.
-bool VBeginsWithNoCase(const char* szText, const char* szPrefix);
+inline bool VBeginsWithNoCase(const char* szText, const char* szPrefix)
+{
+    while (*szPrefix != '\0' && VToLower(*szText) == VToLower(*szPrefix)) {
+        ++szText;
+        ++szPrefix;
+    }
+    return *szPrefix == '\0';
+}
 
 // Copies szSource into an array of uSize bytes. The text is cut to uSize - 1 characters, and the
 // rest of the array is filled with zero bytes. A null szSource empties the array.

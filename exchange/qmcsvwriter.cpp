@@ -5,7 +5,7 @@ namespace {
 
 void AddTruth(QMTextWriter& writer, bool b)
 {
-    writer.Add(b ? ",True" : ",False");
+    writer.Add(b ? std::string_view(",True") : std::string_view(",False"));
 }
 
 void AddCell(QMTextWriter& writer, std::string_view text)
@@ -22,8 +22,7 @@ void WriteRow(QMTextWriter& writer, const QMTransaction& transaction)
         writer.AddNumber(static_cast<int32_t>(transaction.lNumber));
     }
     char szPayee[QM_FIELD_TEXT_SIZE];
-    transaction.FormatField(QM_FIELD_DESCRIPTION, szPayee, false, 0);
-    AddCell(writer, szPayee);
+    AddCell(writer, QMPayeeText(transaction, szPayee));
     AddCell(writer, QMSignedAmount(transaction).GetText());
     AddCell(writer, transaction.szMemo);
     AddCell(writer, transaction.szCategory);

@@ -27,29 +27,28 @@ bool IsWritten(QMExchangeKind kind)
     return kind != QMExchangeKind::None && kind != QMExchangeKind::Text;
 }
 
-template <class Format, class T>
-bool ImportAs(T&& from, QMTransactionStore& store, QMImportTally* pTally)
+template <class Format, class T, class Into>
+bool ImportAs(T&& from, Into& into, QMImportTally* pTally)
 {
     Format format;
-    const bool bDone = format.Import(from, store);
+    const bool bDone = format.Import(from, into);
     if (pTally != nullptr) {
         *pTally = format.GetTally();
     }
     return bDone;
 }
 
-// From a path or a source of bytes.
-template <class T>
-bool Import(QMExchangeKind kind, T&& from, QMTransactionStore& store,
-            QMImportTally* pTally = nullptr)
+// From a path or a source of bytes, into a store or to a taker.
+template <class T, class Into>
+bool Import(QMExchangeKind kind, T&& from, Into& into, QMImportTally* pTally = nullptr)
 {
     switch (kind) {
         case QMExchangeKind::Qif:
-            return ImportAs<QMQifFormat>(from, store, pTally);
+            return ImportAs<QMQifFormat>(from, into, pTally);
         case QMExchangeKind::Csv:
-            return ImportAs<QMCsvFormat>(from, store, pTally);
+            return ImportAs<QMCsvFormat>(from, into, pTally);
         case QMExchangeKind::Xml:
-            return ImportAs<QMXmlFormat>(from, store, pTally);
+            return ImportAs<QMXmlFormat>(from, into, pTally);
         default:
             return false;
     }
@@ -145,6 +144,12 @@ bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore&
                   QMImportTally* pTally)
 {
     return Import(kind, source, store, pTally);
+}
+
+bool QMImportTo(QMRecordTaker& taker, QMByteSource& source, QMExchangeKind kind,
+                QMImportTally* pTally)
+{
+    return Import(kind, source, taker, pTally);
 }
 
 bool QMExportFile(const char* szPath, QMTransactionStore& store, QMProgress* pProgress)

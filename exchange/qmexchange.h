@@ -7,6 +7,7 @@
 #include "account/qmprogress.h"
 #include "account/qmtransactionstore.h"
 #include "exchange/qmimporttally.h"
+#include "exchange/qmtemporaryrecords.h"
 #include "exchange/qmtextwriter.h"
 
 enum class QMExchangeKind
@@ -31,6 +32,11 @@ bool QMImportFile(const char* szPath, QMTransactionStore& store, QMProgress* pPr
 // are like; without a kind that can be read it is left alone.
 bool QMImportFrom(QMByteSource& source, QMExchangeKind kind, QMTransactionStore& store,
                   QMImportTally* pTally = nullptr);
+
+// Gives the transactions to a taker as they are read, in the order of the file. On false it may
+// have got some of them.
+bool QMImportTo(QMRecordTaker& taker, QMByteSource& source, QMExchangeKind kind,
+                QMImportTally* pTally = nullptr);
 
 // Writes all transactions of the store. The store's cursor moves. Returns false, without making a
 // file, for a kind that cannot be written, and when the file cannot be created.

@@ -52,6 +52,13 @@ bool QMExchangeFormat::Import(QMByteSource& source, QMTransactionStore& store)
     return ImportFrom(source, store);
 }
 
+bool QMExchangeFormat::Import(QMByteSource& source, QMRecordTaker& taker)
+{
+    m_records.Begin(&taker);
+    ResetPending();
+    return Read(source, true, 0) && m_records.IsComplete();
+}
+
 template <class T>
 bool QMExchangeFormat::ImportFrom(T&& source, QMTransactionStore& store)
 {

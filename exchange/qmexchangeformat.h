@@ -27,6 +27,14 @@ struct QMSignedAmount
     size_t uLength;
 };
 
+// The payee as the text formats write it: what the register shows as description, without the mark
+// of a voided one; empty for an unknown type. szBuffer has QM_FIELD_TEXT_SIZE bytes.
+inline std::string_view QMPayeeText(const QMTransaction& transaction, char* szBuffer)
+{
+    const int32_t lLength = transaction.FormatField(QM_FIELD_DESCRIPTION, szBuffer, false, 0);
+    return {szBuffer, static_cast<size_t>(lLength < 0 ? 0 : lLength)};
+}
+
 class QMExchangeFormat : public QMLineReader
 {
 public:
@@ -35,6 +43,9 @@ public:
     // that a file may contain is an error.
     bool Import(const char* szPath, QMTransactionStore& store);
     bool Import(QMByteSource& source, QMTransactionStore& store);
+
+    // Gives the records to a taker as they are read. On false it may have got some of them.
+    bool Import(QMByteSource& source, QMRecordTaker& taker);
 
     // Of the records of the last import.
     const QMImportTally& GetTally() const { return m_records.GetTally(); }

@@ -18,17 +18,28 @@ template <class F>
 bool QMWriteTransactions(QMTransactionStore& store, F write, QMProgress* pProgress)
 {
     const auto uTotal = static_cast<uint64_t>(store.GetCount());
-    store.First();
-    for (uint64_t uDone = 0;; uDone += uDone < uTotal ? 1 : 0) {
-        if (pProgress != nullptr && !pProgress->OnStep(uDone, uTotal)) {
+    uint64_t uDone = 0;
+    bool bWritten = false; // the last transaction so far
+    const auto GoesOn = [&] { return pProgress == nullptr || pProgress->OnStep(uDone, uTotal); };
+    store.Last();
+    store.ForEachWhile([&](const QMTransaction& transaction) {
+        if (!GoesOn()) {
             return false;
         }
-        const QMTransaction* pCurrent = store.GetCurrentNode();
-        if (pCurrent != nullptr && write(*pCurrent) && store.IsLast()) {
-            return true;
-        }
-        store.Next();
+        bWritten = write(transaction);
+        ++uDone;
+        return true;
+    });
+    if (uDone < uTotal) {
+        return false;
     }
+    while (!bWritten) {
+        if (!GoesOn()) {
+            return false;
+        }
+        bWritten = uTotal > 0 && write(*store.GetCurrentNode());
+    }
+    return true;
 }
 
 // Creates the file and calls writeTo(sink) to fill it. Returns false when the file cannot be

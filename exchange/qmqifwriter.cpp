@@ -24,8 +24,7 @@ void WriteRecord(QMTextWriter& writer, const QMTransaction& transaction)
     writer.Add(QMSignedAmount(transaction).GetText());
     writer.Add('\n');
     char szPayee[QM_FIELD_TEXT_SIZE];
-    transaction.FormatField(QM_FIELD_DESCRIPTION, szPayee, false, 0);
-    WriteText(writer, 'P', szPayee);
+    WriteText(writer, 'P', QMPayeeText(transaction, szPayee));
     WriteText(writer, 'M', transaction.szMemo);
     WriteText(writer, 'L', transaction.szCategory);
     writer.Add(transaction.HasFlag(QM_TRANS_FLAG_NOT_CLEARED) ? "^\n" : "CX\n^\n");

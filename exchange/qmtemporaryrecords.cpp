@@ -4,8 +4,9 @@
 #include <new>
 #include <utility>
 
-void QMTemporaryRecords::Begin()
+void QMTemporaryRecords::Begin(QMRecordTaker* pTaker)
 {
+    m_pTaker = pTaker;
     m_store.Clear();
     m_filler.emplace(m_store);
     m_bComplete = true;
@@ -14,6 +15,11 @@ void QMTemporaryRecords::Begin()
 
 void QMTemporaryRecords::Add(const QMTransaction& transaction)
 {
+    if (m_pTaker != nullptr) {
+        m_tally.Count(transaction);
+        m_bComplete = m_pTaker->Take(transaction) && m_bComplete;
+        return;
+    }
     std::unique_ptr<QMTransaction> pCopy(new (std::nothrow) QMTransaction(transaction));
     if (pCopy == nullptr) {
         m_bComplete = false;

@@ -54,10 +54,12 @@ void QMTextWriter::AddNumber(int32_t lNumber)
 
 void QMTextWriter::AddTwoDigits(uint16_t wNumber, char cFill)
 {
-    if (wNumber < 10) {
-        Add(cFill);
+    if (wNumber > 99) {
+        AddNumber(wNumber);
+        return;
     }
-    AddNumber(wNumber);
+    Add(wNumber < 10 ? cFill : static_cast<char>('0' + wNumber / 10));
+    Add(static_cast<char>('0' + wNumber % 10));
 }
 
 void QMTextWriter::AddDate(const QMDate& date, char cFill)

@@ -21,6 +21,9 @@ public:
     bool Import(const char* szPath, QMTransactionStore& store);
     bool Import(QMByteSource& source, QMTransactionStore& store);
 
+    // Gives the transactions to a taker as they are read. On false it may have got some of them.
+    bool Import(QMByteSource& source, QMRecordTaker& taker);
+
     // Of the records of the last import.
     const QMImportTally& GetTally() const { return m_records.GetTally(); }
 
@@ -42,7 +45,7 @@ public:
     int32_t OnUnknownEncoding(const char* szName, XML_Encoding* pEncoding) override;
 
 private:
-    void Begin();
+    void Begin(QMRecordTaker* pTaker);
     void StartTransaction(const char** aszAttributes);
     void StartField(const char* szName, const char** aszAttributes);
     void SetTag(int32_t lRole);

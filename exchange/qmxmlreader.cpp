@@ -43,7 +43,7 @@ bool QMXmlFormat::Import(const char* szPath, QMTransactionStore& store)
 
 bool QMXmlFormat::Import(QMByteSource& source, QMTransactionStore& store)
 {
-    Begin();
+    Begin(nullptr);
     if (!Parse(source)) {
         // Nothing is taken from a damaged document, not even its complete records.
         storeTemp.Clear();
@@ -52,11 +52,17 @@ bool QMXmlFormat::Import(QMByteSource& source, QMTransactionStore& store)
     return m_records.HandOver(store);
 }
 
-void QMXmlFormat::Begin()
+bool QMXmlFormat::Import(QMByteSource& source, QMRecordTaker& taker)
+{
+    Begin(&taker);
+    return Parse(source) && m_records.IsComplete();
+}
+
+void QMXmlFormat::Begin(QMRecordTaker* pTaker)
 {
     // Kept: unlike in the text formats, the number starts as that of a new transaction, 1000.
     txPending.SetDefaults();
-    m_records.Begin();
+    m_records.Begin(pTaker);
     nCurrentType = nCurrentRole = nCurrentTag = lNone;
     strText.Clear(false);
 }

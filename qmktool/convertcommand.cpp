@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "account/qmpackedtransactions.h"
 #include "qmktool/commands.h"
 #include "qmktool/listing.h"
 #include "qmktool/output.h"
@@ -56,6 +57,20 @@ void TellLeftOut(Output& output, int32_t lCount, const char* szWhat)
     }
 }
 
+int TellAccount(const char* szFile, int32_t lVersion, int32_t lCount, int32_t lCategories,
+                const QMBankReport& report)
+{
+    Output output;
+    output.AddName(szFile);
+    output.Format(": format %s, %d transactions", FormatName(lVersion), lCount);
+    if (!QMVersionHasCategory(lVersion)) {
+        TellLeftOut(output, lCategories, "categories");
+    }
+    TellReport(output, report);
+    output.Add('\n');
+    return output.Finish();
+}
+
 int WriteAccount(QMAccount& account, const ToolOptions& options, const QMBankReport& report)
 {
     const char* szFile = options.aFiles[1];
@@ -63,21 +78,46 @@ int WriteAccount(QMAccount& account, const ToolOptions& options, const QMBankRep
     if (!WriteToolAccount(account, szFile, options.bForce)) {
         return QM_EXIT_REFUSED;
     }
-    Output output;
-    output.AddName(szFile);
-    output.Format(": format %s, %d transactions", FormatName(account.lVersion),
-                  account.store.GetCount());
-    if (!QMVersionHasCategory(account.lVersion)) {
-        TellLeftOut(output,
-                    CountThose(account.store,
-                               [](const QMTransaction& transaction) {
-                                   return transaction.szCategory[0] != '\0';
-                               }),
-                    "categories");
+    const int32_t lCategories = CountThose(account.store, [](const QMTransaction& transaction) {
+        return transaction.szCategory[0] != '\0';
+    });
+    return TellAccount(szFile, account.lVersion, account.store.GetCount(), lCategories, report);
+}
+
+// Packs the transactions of an exchange file, and counts those that have a category.
+class Packer : public QMRecordTaker
+{
+public:
+    explicit Packer(int32_t lVersion) : m_packed(lVersion) {}
+
+    bool Take(const QMTransaction& transaction) override
+    {
+        m_lCategories += transaction.szCategory[0] != '\0' ? 1 : 0;
+        return m_packed.Add(transaction);
     }
-    TellReport(output, report);
-    output.Add('\n');
-    return output.Finish();
+    QMPackedTransactions& GetPacked() { return m_packed; }
+    int32_t GetCategories() const { return m_lCategories; }
+
+private:
+    QMPackedTransactions m_packed;
+    int32_t m_lCategories = 0;
+};
+
+// From an exchange file of no dialect straight into a new account.
+int PackAccount(const ToolOptions& options)
+{
+    const char* szFile = options.aFiles[1];
+    QMAccount account("");
+    Packer packer(account.SetVersion(options.lVersion));
+    QMBankReport report;
+    if (!TakeExchangeFile(options, packer, report)) {
+        return QM_EXIT_REFUSED;
+    }
+    QMPackedTransactions& packed = packer.GetPacked();
+    return WriteToolAccount(account, packed, szFile, options.bForce)
+               ? TellAccount(szFile, account.lVersion, packed.GetCount(), packer.GetCategories(),
+                             report)
+               : QM_EXIT_REFUSED;
 }
 
 void TellExport(Output& output, QMExchangeKind kind, const QMTransactionStore& store)
@@ -140,10 +180,12 @@ int RunConvert(const ToolOptions& options)
         WriteError("--format is for account files, and '%s' is none (see qmktool --help)", szOut);
         return QM_EXIT_USAGE;
     }
-    const bool bDialect = options.szProfile != nullptr || !options.dialect.empty();
-    if (bDialect && IsAccountName(szIn)) {
+    if (UsesDialect(options) && IsAccountName(szIn)) {
         WriteError("a dialect is for files of banks, and '%s' is none (see qmktool --help)", szIn);
         return QM_EXIT_USAGE;
+    }
+    if (bToAccount && !options.bDryRun && !IsAccountName(szIn) && !UsesDialect(options)) {
+        return PackAccount(options);
     }
     QMBankReport report;
     auto pSource = ReadSource(options, report);

@@ -76,6 +76,15 @@ bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplac
     });
 }
 
+bool WriteToolAccount(const QMAccount& account, QMPackedTransactions& packed, const char* szFile,
+                      bool bReplace)
+{
+    return WriteToolFile(szFile, bReplace, [&](QMByteSink& sink) {
+        ToolProgress progress("writing", 1, "transactions");
+        return QMWriteAccountTo(sink, account, packed, &progress);
+    });
+}
+
 const char* FormatName(int32_t lVersion)
 {
     if (lVersion == QM_VERSION_1_0) {

@@ -5,6 +5,7 @@
 
 #include "account/qmaccount.h"
 #include "account/qmaccountreader.h"
+#include "account/qmpackedtransactions.h"
 #include "qmktool/toolerror.h"
 #include "qmktool/tooloptions.h"
 
@@ -16,6 +17,10 @@ std::unique_ptr<QMAccount> OpenToolAccount(const char* szFile, const ToolOptions
 // Writes the account in its format version, completely or not at all. Replaces an existing file
 // only with bReplace. When writing fails, writes a line to standard error and returns false.
 bool WriteToolAccount(const QMAccount& account, const char* szFile, bool bReplace);
+
+// The same, with packed transactions in place of the account's own.
+bool WriteToolAccount(const QMAccount& account, QMPackedTransactions& packed, const char* szFile,
+                      bool bReplace);
 
 // Keeps an object until the process ends. The system then frees its memory at once. To delete a
 // million transactions one by one takes as long as to read them.

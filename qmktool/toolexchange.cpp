@@ -55,11 +55,6 @@ uint64_t SizeOf(FILE* pFile)
     return lSize > 0 ? static_cast<uint64_t>(lSize) : 0;
 }
 
-bool UsesDialect(const ToolOptions& options)
-{
-    return options.szProfile != nullptr || !options.dialect.empty();
-}
-
 // What the program's own readers leave at the values of a new transaction.
 QMBankReport ReportOf(const QMImportTally& tally)
 {
@@ -94,9 +89,11 @@ bool ReadByDialect(const ToolOptions& options, QMTransactionStore& store, QMBank
     }
     const QMExchangeKind kind = InKindOf(options);
     std::string sFault = "an XML file has no dialects";
-    ToolProgress progress("importing", 1, "bytes");
-    bool bDone = kind == QMExchangeKind::Csv &&
-                 QMReadBankCsv(sBytes, dialect, store, report, sFault, &progress);
+    bool bDone = false;
+    if (kind == QMExchangeKind::Csv) {
+        ToolProgress progress("importing", 1, "bytes");
+        bDone = QMReadBankCsv(sBytes, dialect, store, report, sFault, &progress);
+    }
     if (kind == QMExchangeKind::Qif) {
         const std::string sQif = QMTranslateQif(sBytes, dialect, report);
         QMMemorySource source(sQif.data(), sQif.size());
@@ -120,7 +117,9 @@ bool IsOwnCsv(std::string_view front)
     return front.starts_with("Date,Number,Payee,Amount,Memo,Category,Cleared,Voided,Tax,Expense");
 }
 
-bool ReadPlainly(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report)
+// Calls import(source, kind, tally) to read IN as the program does.
+template <class F>
+bool ReadPlainly(const ToolOptions& options, QMBankReport& report, F import)
 {
     const char* szFile = options.aFiles[0];
     const QMExchangeKind kind = InKindOf(options);
@@ -130,21 +129,23 @@ bool ReadPlainly(const ToolOptions& options, QMTransactionStore& store, QMBankRe
         return false;
     }
     QMStdioSource stdioSource(pInput);
-    WatchedByteSource source(stdioSource, SizeOf(pInput));
-    QMTransactionStore found;
     QMImportTally tally;
     std::string sFault;
-    if (!QMImportFrom(source, kind, found, &tally)) {
-        sFault = ImportFault(source, kind);
+    std::string sFront;
+    {
+        WatchedByteSource source(stdioSource, SizeOf(pInput));
+        if (!import(source, kind, tally)) {
+            sFault = ImportFault(source, kind);
+        }
+        sFront = source.GetFront();
     }
     if (!sFault.empty() || !IsUsable(tally, sFault)) {
         RefuseFile("import", szFile, sFault.c_str());
         return false;
     }
-    store.TakeFrom(found);
     report = ReportOf(tally);
     report.bOrderGuessed =
-        kind != QMExchangeKind::Xml && report.IsOrderDoubtful() && !IsOwnCsv(source.GetFront());
+        kind != QMExchangeKind::Xml && report.IsOrderDoubtful() && !IsOwnCsv(sFront);
     return true;
 }
 
@@ -271,8 +272,31 @@ bool MakeDialect(const ToolOptions& options, QMDialect& dialect, std::vector<std
 
 bool ReadExchangeFile(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report)
 {
-    return UsesDialect(options) ? ReadByDialect(options, store, report)
-                                : ReadPlainly(options, store, report);
+    if (UsesDialect(options)) {
+        return ReadByDialect(options, store, report);
+    }
+    QMTransactionStore found;
+    const bool bRead = ReadPlainly(
+        options, report, [&](QMByteSource& source, QMExchangeKind kind, QMImportTally& tally) {
+            return QMImportFrom(source, kind, found, &tally);
+        });
+    if (bRead) {
+        store.TakeFrom(found);
+    }
+    return bRead;
+}
+
+bool TakeExchangeFile(const ToolOptions& options, QMRecordTaker& taker, QMBankReport& report)
+{
+    return ReadPlainly(options, report,
+                       [&](QMByteSource& source, QMExchangeKind kind, QMImportTally& tally) {
+                           return QMImportTo(taker, source, kind, &tally);
+                       });
+}
+
+bool UsesDialect(const ToolOptions& options)
+{
+    return options.szProfile != nullptr || !options.dialect.empty();
 }
 
 QMExchangeKind InKindOf(const ToolOptions& options)

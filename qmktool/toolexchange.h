@@ -11,6 +11,9 @@
 QMExchangeKind InKindOf(const ToolOptions& options);
 QMExchangeKind OutKindOf(const ToolOptions& options);
 
+// Whether the options tell the dialect of a bank.
+bool UsesDialect(const ToolOptions& options);
+
 // The encoding of texts that were read from a file of this kind.
 VEncoding EncodingOf(QMExchangeKind kind);
 
@@ -28,6 +31,10 @@ bool MakeDialect(const ToolOptions& options, QMDialect& dialect,
 // program does. When that fails, or when no record has a date or an amount, writes a line to
 // standard error, leaves the store as it was, and returns false.
 bool ReadExchangeFile(const ToolOptions& options, QMTransactionStore& store, QMBankReport& report);
+
+// The same for a file without a dialect. Gives the records to a taker as it reads them; on false
+// the taker may have got some of them.
+bool TakeExchangeFile(const ToolOptions& options, QMRecordTaker& taker, QMBankReport& report);
 
 // Counts the new transactions that the account seems to have already: those with the same date,
 // side, amount, description and, for checks, number. One transaction of the account answers for one
