@@ -64,7 +64,7 @@ void VWindow::Detach()
     const bool bClose = IsAttached() && IsValid();
     // Closing must not delete the object: its owner is still using it.
     m_flags.Clear(V_FLAG_DELETE_SELF);
-    m_pFilters = nullptr;
+    ForgetFilters();
     if (bClose) {
         OnClose(true);
     }
@@ -198,7 +198,11 @@ bool VWindow::IsLive(const VWindow* pWindow)
 
 void VWindow::AddFilter(VMessageFilter& filter)
 {
-    RemoveFilter(filter); // twice in the list, it would make a ring of it
+    // A filter has one link: in two places it would make a ring of the list, or cut off another's.
+    if (filter.m_pFiltered != nullptr) {
+        filter.m_pFiltered->RemoveFilter(filter);
+    }
+    filter.m_pFiltered = this;
     filter.m_pNextFilter = nullptr;
     VMessageFilter** ppLink = &m_pFilters;
     while (*ppLink != nullptr) {
@@ -212,9 +216,26 @@ void VWindow::RemoveFilter(VMessageFilter& filter)
     for (VMessageFilter** ppLink = &m_pFilters; *ppLink != nullptr;
          ppLink = &(*ppLink)->m_pNextFilter) {
         if (*ppLink == &filter) {
+            PassOver(filter);
             *ppLink = filter.m_pNextFilter;
+            filter.m_pFiltered = nullptr;
             return;
         }
+    }
+}
+
+void VWindow::ForgetFilters()
+{
+    for (VMessageFilter* p = m_pFilters; p != nullptr; p = p->m_pNextFilter) {
+        p->m_pFiltered = nullptr;
+    }
+    m_pFilters = nullptr;
+}
+
+VMessageFilter::~VMessageFilter()
+{
+    if (m_pFiltered != nullptr) {
+        m_pFiltered->RemoveFilter(*this);
     }
 }
 

@@ -85,15 +85,23 @@ inline constexpr uint32_t V_FLAG_DELETE_SELF = 8; // the object is deleted when 
 class VMessageFilter
 {
 public:
-    virtual ~VMessageFilter() = default;
+    VMessageFilter() = default;
+    VMessageFilter(const VMessageFilter&) = delete;
+    VMessageFilter& operator=(const VMessageFilter&) = delete;
+    // Takes the filter from its window. A filter may end at any time, in its own call too.
+    virtual ~VMessageFilter();
 
     // Returns whether the next filter and the window should see the message too. When it sets
     // bHandled, lResult is the result of the message.
     virtual bool Filter(VWindow& window, UINT uMessage, WPARAM wParam, LPARAM lParam,
                         LRESULT& lResult, bool& bHandled) = 0;
 
-    VMessageFilter* m_pNextFilter =
-        nullptr; // the link of the window's list of filters; nobody else uses it
+private:
+    friend class VDispatcher;
+    friend class VWindow;
+
+    VWindow* m_pFiltered = nullptr; // the window that has this filter; null for none
+    VMessageFilter* m_pNextFilter = nullptr;
 };
 
 class VWindow
@@ -170,7 +178,8 @@ public:
 
     // The caller owns the filter. The filter that was added first sees a message first; one that is
     // added again counts as added last. Filters stay with the object from one window to the next,
-    // until they are removed or the object is detached.
+    // until they are removed, end, go to another object, or the object is detached. One that is
+    // removed sees no message any more, nor those that are on their way.
     void AddFilter(VMessageFilter& filter);
     void RemoveFilter(VMessageFilter& filter);
 
@@ -232,6 +241,8 @@ private:
 
     void EnsureLive();
     void EndDispatch() const; // of the messages that are on their way to this object
+    void ForgetFilters();
+    static void PassOver(const VMessageFilter& filter); // for the messages that are on their way
     void FitFillChild();
     bool IsFillChildReady() const;
     void Subclass(HWND hWnd);

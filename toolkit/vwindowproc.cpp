@@ -72,6 +72,16 @@ public:
         }
     }
 
+    // The filter is taken from its window, and may end.
+    static void PassOver(const VMessageFilter& filter)
+    {
+        for (VDispatcher* p = s_pInnermost; p != nullptr; p = p->m_pOuter) {
+            if (p->m_pNextFilter == &filter) {
+                p->m_pNextFilter = filter.m_pNextFilter;
+            }
+        }
+    }
+
     // Where the window procedure ends: no exception may cross Windows, which called it.
     LRESULT Run()
     {
@@ -143,12 +153,14 @@ private:
     // Returns false when a filter has kept the message.
     bool RunFilters()
     {
-        for (VMessageFilter* p = m_pWindow->m_pFilters; p != nullptr;) {
-            VMessageFilter* pNext = p->m_pNextFilter; // the filter may remove itself
+        m_pNextFilter = m_pWindow->m_pFilters;
+        while (m_pNextFilter != nullptr) {
+            VMessageFilter& filter = *m_pNextFilter;
+            m_pNextFilter = filter.m_pNextFilter; // the filter may remove itself
             LRESULT lResult = 0;
             bool bHandled = false;
             const bool bGoOn =
-                p->Filter(*m_pWindow, m_uMessage, m_wParam, m_lParam, lResult, bHandled);
+                filter.Filter(*m_pWindow, m_uMessage, m_wParam, m_lParam, lResult, bHandled);
             if (bHandled) {
                 m_lResult = lResult;
             }
@@ -160,7 +172,6 @@ private:
             if (bHandled || m_pWindow == nullptr) {
                 break;
             }
-            p = pNext;
         }
         return true;
     }
@@ -323,13 +334,19 @@ private:
     WPARAM m_wParam;
     LPARAM m_lParam;
     VWindow* m_pWindow = nullptr;
-    bool m_bDialog = false; // of a dialog kind, also when the object is gone
+    VMessageFilter* m_pNextFilter = nullptr; // which sees the message after the one that sees it
+    bool m_bDialog = false;                  // of a dialog kind, also when the object is gone
     LRESULT m_lResult = V_NOT_HANDLED;
 };
 
 void VWindow::EndDispatch() const
 {
     VDispatcher::Forget(this);
+}
+
+void VWindow::PassOver(const VMessageFilter& filter)
+{
+    VDispatcher::PassOver(filter);
 }
 
 LRESULT CALLBACK VWindow::WindowProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+
 #include "tests/win/support.h"
 #include "toolkit/vwindow.h"
 
@@ -42,6 +45,23 @@ public:
 private:
     std::vector<std::string>& m_calls;
     std::string m_sName;
+};
+
+// Does something once, when it sees the test message.
+class ActingFilter : public VMessageFilter
+{
+public:
+    bool Filter(VWindow&, UINT uMessage, WPARAM, LPARAM, LRESULT&, bool&) override
+    {
+        if (uMessage == uTestMessage && m_act != nullptr) {
+            const std::function<void()> act = std::move(m_act);
+            m_act = nullptr;
+            act(); // may end this object
+        }
+        return true;
+    }
+
+    std::function<void()> m_act;
 };
 
 class VWindowFilter : public testing::Test
@@ -171,6 +191,77 @@ TEST_F(VWindowFilter, TheyStayForTheNextWindowOfTheObject)
     ASSERT_TRUE(CreateTestWindow(m_window, m_record));
     Send();
     EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+}
+
+TEST_F(VWindowFilter, OneThatEndedSeesNothing)
+{
+    {
+        TestFilter passing(m_record.calls, "passing");
+        m_window.AddFilter(passing);
+        Send();
+        EXPECT_EQ(m_record.Take(), "first second passing DefaultProc(32769)");
+    }
+    Send();
+    EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+}
+
+TEST_F(VWindowFilter, OneMayOutliveItsWindowAndServeAnother)
+{
+    auto pOther = std::make_unique<VRecordingWindow>(m_record);
+    ASSERT_TRUE(CreateTestWindow(*pOther, m_record));
+    pOther->AddFilter(m_first);
+    Send();
+    EXPECT_EQ(m_record.Take(), "second DefaultProc(32769)") << "it has gone to the other";
+    pOther.reset();
+    m_record.Take();
+    m_window.AddFilter(m_first);
+    Send();
+    EXPECT_EQ(m_record.Take(), "second first DefaultProc(32769)");
+}
+
+TEST_F(VWindowFilter, OneMayEndItselfWhileItIsCalled)
+{
+    auto pActing = std::make_unique<ActingFilter>();
+    m_window.RemoveFilter(m_second);
+    m_window.AddFilter(*pActing);
+    m_window.AddFilter(m_second);
+    pActing->m_act = [&] { pActing.reset(); };
+    for (int i = 0; i < 2; ++i) {
+        Send();
+        EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+    }
+    EXPECT_EQ(pActing, nullptr);
+}
+
+TEST_F(VWindowFilter, OneMayEndTheNextOneWhichThenSeesNothing)
+{
+    ActingFilter acting;
+    auto pNext = std::make_unique<TestFilter>(m_record.calls, "next");
+    m_window.RemoveFilter(m_second);
+    m_window.AddFilter(acting);
+    m_window.AddFilter(*pNext);
+    m_window.AddFilter(m_second);
+    acting.m_act = [&] { pNext.reset(); };
+    Send();
+    EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
+    EXPECT_EQ(pNext, nullptr);
+}
+
+// The message within which another one came goes on behind a filter that ended meanwhile.
+TEST_F(VWindowFilter, OneMayEndWithinAMessageOfTheSameWindow)
+{
+    ActingFilter acting;
+    auto pNext = std::make_unique<TestFilter>(m_record.calls, "next");
+    m_window.RemoveFilter(m_second);
+    m_window.AddFilter(acting);
+    m_window.AddFilter(*pNext);
+    m_window.AddFilter(m_second);
+    acting.m_act = [&] {
+        acting.m_act = [&] { pNext.reset(); };
+        Send();
+    };
+    Send();
+    EXPECT_EQ(m_record.Take(), "first first second DefaultProc(32769) second DefaultProc(32769)");
 }
 
 // A filter may delete the object whose message it sees. After that nothing may touch the object.
