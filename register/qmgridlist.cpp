@@ -8,6 +8,9 @@ namespace {
 
 constexpr COLORREF crLine = 0xC0C0C0;
 constexpr COLORREF crShade = 0xEBEBEB;
+// The ground of a selected row while the list does not have the focus. The marks of a selected row
+// are light and its texts are dark: on this grey both can be read.
+constexpr COLORREF crQuiet = 0x909090;
 
 // Raster operations for the marks, which are dark strokes on white. SRCAND lets a plain row show
 // through the white. On a selected row MERGEPAINT does that and makes the strokes light.
@@ -52,14 +55,17 @@ struct QMGridList::Cell
     bool bLastRow;
 };
 
-QMGridList::QMGridList() : m_linePen(PS_SOLID, 1, crLine), m_shadeBrush(crShade) {}
+QMGridList::QMGridList()
+    : m_linePen(PS_SOLID, 1, crLine), m_shadeBrush(crShade), m_quietBrush(crQuiet)
+{}
 
 bool QMGridList::OnCreate()
 {
     m_bSystemColors = VNeedsSystemColors();
     return m_markTax.Load(IDB_MARK_TAX) && m_markExpense.Load(IDB_MARK_EXPENSE) &&
            m_markVoided.Load(IDB_MARK_VOIDED) && m_markCleared.Load(IDB_MARK_CLEARED) &&
-           m_linePen.GetHandle() != nullptr && m_shadeBrush.GetHandle() != nullptr;
+           m_linePen.GetHandle() != nullptr && m_shadeBrush.GetHandle() != nullptr &&
+           m_quietBrush.GetHandle() != nullptr;
 }
 
 uint32_t QMGridList::GetRowDecoration(int nRow) const
@@ -242,6 +248,12 @@ LRESULT QMGridList::BeforeCell(NMLVCUSTOMDRAW& draw)
     if (IsShaded() && IsOdd(nRow)) {
         draw.clrTextBk = crShade;
     }
+    if (GetItemState(nRow, LVIS_SELECTED) != 0 && HasQuietSelection()) {
+        // Windows takes its own colours for what it believes to be selected.
+        draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+        draw.clrText = GetSysColor(COLOR_BTNTEXT);
+        draw.clrTextBk = crQuiet;
+    }
     FillCell(draw, nRow);
     const bool bAfter = (uDecoration & uMarks) != 0 || (m_nGridFlags & uAllLines) != 0;
     return bAfter ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
@@ -255,10 +267,16 @@ void QMGridList::FillCell(const NMLVCUSTOMDRAW& draw, int nRow)
     surface.Attach(draw.nmcd.hdc, false);
     const VRect rect = GetCell(nRow, draw.iSubItem).rect;
     if (GetItemState(nRow, LVIS_SELECTED) != 0) {
-        surface.FillRect(rect, GetSysColorBrush(GetSelectionColor()));
+        surface.FillRect(rect, HasQuietSelection() ? m_quietBrush.GetHandle()
+                                                   : GetSysColorBrush(GetSelectionColor()));
     } else if (IsShaded() && IsOdd(nRow)) {
         surface.FillRect(rect, m_shadeBrush.GetHandle());
     }
+}
+
+bool QMGridList::HasQuietSelection() const
+{
+    return !m_bSystemColors && ::GetFocus() != GetHandle();
 }
 
 int QMGridList::GetSelectionColor() const

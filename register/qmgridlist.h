@@ -56,6 +56,9 @@ private:
     void DrawEmptyVerticals(VDrawingSurface& surface);
     bool IsShaded() const;
     bool HasLightMarks(int nRow) const;
+    // Whether the ground of a selected row is the grey of a list without the focus, and no colour
+    // of the system.
+    bool HasQuietSelection() const;
     // The colour of the system (COLOR_) for the ground of a selected row.
     int GetSelectionColor() const;
     COLORREF BalanceColor(bool bPositive) const;
@@ -79,4 +82,5 @@ private:
     VBitmap m_markCleared;
     VPen m_linePen;
     VBrush m_shadeBrush;
+    VBrush m_quietBrush;
 };

@@ -16,6 +16,7 @@ namespace {
 
 constexpr COLORREF crPaper = 0xFFFFFF;
 constexpr COLORREF crShade = 0xEBEBEB;
+constexpr COLORREF crQuiet = 0x909090;
 constexpr COLORREF crLine = 0xC0C0C0;
 constexpr COLORREF crText = 0x800080;
 constexpr COLORREF crPositive = 0x85AD4B;
@@ -434,11 +435,39 @@ TEST_F(QMGridListTest, MarksOnASelectedRowAreLight)
     const Picture page(m_list);
     page.Save("grid_selected");
     const COLORREF crGround = page.At(Cell(0, nFree).left + 30, Cell(0, nFree).top + 8);
-    EXPECT_EQ(crGround, GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(crGround, crQuiet);
     ExpectMark(page, 0, nTag, IDB_MARK_TAX, crGround, true);
     ExpectMark(page, 0, nCleared, IDB_MARK_CLEARED, crGround, true);
     ExpectMark(page, 1, nTag, IDB_MARK_EXPENSE, crGround, true);
     ExpectMark(page, 1, nCleared, IDB_MARK_VOIDED, crGround, true);
+}
+
+TEST_F(QMGridListTest, ASelectedRowOfAListWithoutTheFocusCanBeSeenAndRead)
+{
+    constexpr double fSeen = 2.5;
+    constexpr double fPicture = 3; // what the guidelines want for pictures
+    AddRows({0, QM_DECOR_TAX | QM_DECOR_POSITIVE, QM_DECOR_NEGATIVE});
+    for (const int nRow : {1, 2}) {
+        m_list.SetItemText(nRow, nFree, "HHH");
+        m_list.SetItemText(nRow, nBalance, "HHH");
+        m_list.SetItemState(nRow, LVIS_SELECTED, LVIS_SELECTED);
+    }
+    ASSERT_NE(GetFocus(), m_list.GetHandle());
+    const Picture page(m_list);
+    page.Save("grid_quiet");
+    EXPECT_GE(ContrastOf(crQuiet, crPaper), fSeen);
+    EXPECT_GE(ContrastOf(crQuiet, crShade), fSeen);
+    EXPECT_GE(ContrastOf(crQuiet, 0xFFFFFF), fPicture) << "the strokes of marks";
+    ExpectMark(page, 1, nTag, IDB_MARK_TAX, crQuiet, true);
+    const PixelAt at = [&](int x, int y) { return page.At(x, y); };
+    for (const int nRow : {1, 2}) {
+        EXPECT_TRUE(page.IsAll(Inside(nRow, nLast), crQuiet));
+        for (const int nColumn : {nFree, nBalance}) {
+            EXPECT_EQ(GroundOf(at, Inside(nRow, nColumn)), crQuiet);
+            EXPECT_GE(ContrastIn(at, Inside(nRow, nColumn)), fReadable) << nRow << nColumn;
+            EXPECT_FALSE(page.HasAny(Cell(nRow, nColumn), GetSysColor(COLOR_BTNFACE)));
+        }
+    }
 }
 
 TEST_F(QMGridListTest, MarksOnADarkGroundAreLightWhetherTheRowIsSelectedOrNot)
