@@ -312,6 +312,17 @@ DialogWindow AwaitDialog(const Program& program, const std::string& sCaption)
     return dialogs.front();
 }
 
+DialogWindow AwaitPage(const Program& program, const DialogWindow& sheet, int nPage, int nControl)
+{
+    SendTo(sheet.GetHandle(), PSM_SETCURSEL, static_cast<WPARAM>(nPage));
+    HWND hPage = nullptr;
+    Await("page " + std::to_string(nPage) + " of a sheet", [&] {
+        hPage = reinterpret_cast<HWND>(SendTo(sheet.GetHandle(), PSM_GETCURRENTPAGEHWND));
+        return hPage != nullptr && GetDlgItem(hPage, nControl) != nullptr;
+    });
+    return {program.GetProcess(), hPage};
+}
+
 FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCaption)
 {
     const FileDialogWindow dialog(AwaitDialog(program, sCaption));

@@ -93,6 +93,8 @@ private:
 std::vector<DialogWindow> FindDialogs(const Program& program, const std::string& sCaption);
 // Waits for a dialog by its caption.
 DialogWindow AwaitDialog(const Program& program, const std::string& sCaption);
+// Selects a page of a property sheet, and waits until it is on top and has that control.
+DialogWindow AwaitPage(const Program& program, const DialogWindow& sheet, int nPage, int nControl);
 FileDialogWindow AwaitFileDialog(const Program& program, const std::string& sCaption);
 // The window that shows how far long work is; null when there is none.
 HWND FindProgressOf(const Program& program);

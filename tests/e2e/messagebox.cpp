@@ -1,9 +1,18 @@
 #include "tests/e2e/messagebox.h"
 
+#include <algorithm>
+
+#include "resources/resource.h"
 #include "tests/e2e/wait.h"
 #include "tests/e2e/windowaccess.h"
 
 namespace {
+
+// The calculator is a dialog too, but it stays beside the frame and keeps its user from nothing.
+bool IsCalculator(HWND hWnd)
+{
+    return GetDlgItem(hWnd, IDC_CALC_DISPLAY) != nullptr;
+}
 
 std::string TextsOf(const std::vector<MessageBoxWindow>& boxes)
 {
@@ -76,7 +85,7 @@ std::vector<MessageBoxWindow> MessageBoxesOf(DWORD uProcessId)
 {
     std::vector<MessageBoxWindow> boxes;
     for (HWND hWnd : TopWindows(uProcessId)) {
-        if (WindowClass(hWnd) == "#32770") {
+        if (WindowClass(hWnd) == "#32770" && !IsCalculator(hWnd)) {
             boxes.emplace_back(hWnd);
         }
     }
@@ -97,4 +106,19 @@ MessageBoxWindow AwaitMessageBox(DWORD uProcessId, const std::string& sText)
         Sleep(5);
     }
     FailTest("awaited: the box [" + sText + "]; boxes on the screen:" + TextsOf(boxes));
+}
+
+MessageBoxWindow AwaitBoxWith(DWORD uProcessId, int nButton)
+{
+    MessageBoxWindow found(nullptr);
+    Await("a box with button " + std::to_string(nButton), [&] {
+        for (const MessageBoxWindow& box : MessageBoxesOf(uProcessId)) {
+            const std::vector<int> buttons = box.GetButtons();
+            if (std::count(buttons.begin(), buttons.end(), nButton) == 1) {
+                found = box;
+            }
+        }
+        return found.GetHandle() != nullptr;
+    });
+    return found;
 }

@@ -26,8 +26,11 @@ private:
     HWND m_hWnd;
 };
 
-// The message boxes that a process shows at the moment.
+// The message boxes that a process shows at the moment, and the dialogs, which are of the same
+// class. The calculator is not among them.
 std::vector<MessageBoxWindow> MessageBoxesOf(DWORD uProcessId);
 
 // Waits for a box with exactly this text.
 MessageBoxWindow AwaitMessageBox(DWORD uProcessId, const std::string& sText);
+// Waits for a box with this button among others: a question that Windows words.
+MessageBoxWindow AwaitBoxWith(DWORD uProcessId, int nButton);

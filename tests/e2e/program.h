@@ -90,6 +90,7 @@ public:
     // The same for a question with these buttons, in any order.
     void AnswerQuestion(const std::string& sText, const std::vector<int>& buttons,
                         int nAnswer) const;
+    // What keeps the user from the frame: boxes, and dialogs but for the calculator.
     std::vector<MessageBoxWindow> GetBoxes() const { return MessageBoxesOf(GetId()); }
 
 private:

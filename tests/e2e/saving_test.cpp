@@ -1,7 +1,5 @@
 // Opening and saving accounts by the menu, and the state after a failure.
 
-#include <algorithm>
-
 #include "tests/e2e/currentfolder.h"
 #include "tests/e2e/keyboard.h"
 #include "tests/e2e/work_test.h"
@@ -24,17 +22,7 @@ protected:
     // Answers the question of Windows whether to replace a file.
     void AnswerReplace(int nAnswer) const
     {
-        MessageBoxWindow question(nullptr);
-        Await("the question whether to replace the file", [&] {
-            for (const MessageBoxWindow& box : m_program.GetBoxes()) {
-                const std::vector<int> buttons = box.GetButtons();
-                if (std::count(buttons.begin(), buttons.end(), nAnswer) == 1) {
-                    question = box;
-                }
-            }
-            return question.GetHandle() != nullptr;
-        });
-        question.Press(nAnswer);
+        AwaitBoxWith(m_program.GetId(), nAnswer).Press(nAnswer);
     }
 
     // Asks to save under the name of a file that exists already.

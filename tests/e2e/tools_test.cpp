@@ -16,16 +16,9 @@ protected:
         return AwaitDialog(m_program, sCaption);
     }
 
-    // Selects a page, and waits until it is on top and has that control.
     DialogWindow AwaitPage(const DialogWindow& sheet, int nPage, int nControl) const
     {
-        SendTo(sheet.GetHandle(), PSM_SETCURSEL, static_cast<WPARAM>(nPage), 0);
-        HWND hPage = nullptr;
-        Await("a page", [&] {
-            hPage = reinterpret_cast<HWND>(SendTo(sheet.GetHandle(), PSM_GETCURRENTPAGEHWND, 0, 0));
-            return hPage != nullptr && GetDlgItem(hPage, nControl) != nullptr;
-        });
-        return DialogWindow(m_program.GetProcess(), hPage);
+        return ::AwaitPage(m_program, sheet, nPage, nControl);
     }
 
     QMAccountHeader HeaderOf(const std::string& sPath) const
@@ -244,6 +237,23 @@ TEST_F(ToolsTest, CalculatorTakesCommandsThatComeToTheFrame)
     m_program.Settle();
     EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame())) << "no dialog may have come up";
     EXPECT_EQ(Shown(calculator), "4.");
+}
+
+// The program works on beside it.
+TEST_F(ToolsTest, CalculatorCountsAsNoBox)
+{
+    const std::string sPath = MakeAccount("mine.qmk", 3);
+    OpenAccount(sPath);
+    const DialogWindow calculator = Begin(IDM_TOOLS_CALCULATOR, "Calculator");
+    m_program.Settle();
+    EXPECT_TRUE(m_program.GetBoxes().empty());
+    SetForegroundWindow(m_program.GetFrame());
+    Await("the frame in front", [&] { return GetForegroundWindow() == m_program.GetFrame(); });
+    Select({1});
+    DoAnswering(IDM_TRANSACTION_REMOVE, "Are you sure you want to remove this transaction?",
+                {IDYES, IDNO}, IDYES);
+    AwaitRowCount(2);
+    EXPECT_TRUE(calculator.IsOpen());
 }
 
 TEST_F(ToolsTest, CalculatorGoesWithTheFrame)
