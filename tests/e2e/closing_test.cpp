@@ -1,12 +1,11 @@
 // Requests to close that come while a command runs. What the command needs stays open, the user can
-// go on with it, and no file is changed.
+// go on with it, and no file is changed. Those that come under a box are in a file of their own.
 
 #include <cstring>
 
+#include "tests/e2e/closing_test.h"
 #include "tests/e2e/currentfolder.h"
 #include "tests/e2e/reviewwindow.h"
-#include "tests/e2e/windowaccess.h"
-#include "tests/e2e/work_test.h"
 #include "tests/support/printeddocument.h"
 #include "tests/support/wine_support_win.h"
 
@@ -16,66 +15,6 @@ constexpr char szQif[] =
     "!Type:Bank\n"
     "D01/05/1980\nT-12.50\nPEarly\n^\n"
     "D01/20/2024\nT100.00\nPLate\n^\n";
-
-class ClosingTest : public WorkTest
-{
-protected:
-    // An account whose last transaction has no amount, so that it cannot be cleared.
-    std::string OpenThree()
-    {
-        const std::string sPath = MakeAccount("three.qmk", 3, [](QMAccount& account) {
-            auto p = std::make_unique<QMTransaction>();
-            p->dtDate = QMMakeDate(2020, 1, 1);
-            account.store.Add(std::move(p));
-        });
-        m_sBytes = ReadWholeFile(sPath);
-        OpenAccount(sPath);
-        Select({1});
-        m_program.Settle();
-        return sPath;
-    }
-
-    HWND Frame() const { return m_program.GetFrame(); }
-
-    // Asks the frame to close in every way that Windows, another program or a user has.
-    void AskToClose() const
-    {
-        EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 0);
-        SendTo(Frame(), WM_ENDSESSION, FALSE);
-        PostMessageA(Frame(), WM_CLOSE, 0, 0);
-        SendTo(Frame(), WM_CLOSE);
-        for (HWND hDocument : m_program.GetDocuments()) {
-            SendTo(hDocument, WM_CLOSE);
-            PostMessageA(hDocument, WM_SYSCOMMAND, SC_CLOSE, 0);
-        }
-        m_program.Post(IDM_FILE_CLOSE);
-        m_program.Post(IDM_FILE_CLOSEALL);
-        m_program.Post(IDM_FILE_EXIT);
-        // The end of the Windows session, which nobody can refuse.
-        SendTo(Frame(), WM_ENDSESSION, TRUE);
-        m_program.Settle();
-    }
-
-    void ExpectKept(size_t uDocuments) const
-    {
-        EXPECT_TRUE(m_program.IsRunning());
-        EXPECT_TRUE(IsWindow(Frame()));
-        EXPECT_EQ(m_program.GetDocuments().size(), uDocuments);
-    }
-
-    // The program works on, and closes when it is asked while no command runs.
-    void ExpectUsable(const std::string& sPath)
-    {
-        m_program.Settle();
-        EXPECT_TRUE(m_program.GetBoxes().empty());
-        EXPECT_EQ(ActiveList().GetRowCount(), 4);
-        EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 1);
-        EXPECT_EQ(m_program.AwaitExit(), 0U);
-        EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
-    }
-
-    std::string m_sBytes; // of the account's file
-};
 
 // A command that opens a dialog.
 struct Opener
@@ -131,48 +70,6 @@ std::string NameOfOpener(const testing::TestParamInfo<Opener>& test)
 
 INSTANTIATE_TEST_SUITE_P(All, DialogClosingTest, testing::ValuesIn(aOpeners), NameOfOpener);
 
-// A command that opens a box.
-struct Asker
-{
-    const char* szName;
-    UINT uCommand;
-    int nRow;
-    const char* szText;
-    int nAnswer;
-};
-
-constexpr Asker aAskers[] = {
-    {"Remove", IDM_TRANSACTION_REMOVE, 1, "Are you sure you want to remove this transaction?",
-     IDNO},
-    {"ClearNothing", IDM_TRANSACTION_CLEARED, 3,
-     "Transaction 4:\n\nUnable to set cleared status.\nThis transaction has an amount of $0.00.",
-     IDOK},
-};
-
-class BoxClosingTest : public ClosingTest, public testing::WithParamInterface<Asker>
-{};
-
-TEST_P(BoxClosingTest, KeepsTheFrameWhileItIsOpen)
-{
-    OpenThree();
-    Select({GetParam().nRow});
-    m_program.Post(GetParam().uCommand);
-    const MessageBoxWindow box = AwaitMessageBox(m_program.GetId(), GetParam().szText);
-    AskToClose();
-    ExpectKept(1);
-    box.Press(GetParam().nAnswer);
-    m_program.Settle();
-    ExpectKept(1);
-    EXPECT_EQ(ActiveList().GetRowCount(), 4);
-}
-
-std::string NameOfAsker(const testing::TestParamInfo<Asker>& test)
-{
-    return test.param.szName;
-}
-
-INSTANTIATE_TEST_SUITE_P(All, BoxClosingTest, testing::ValuesIn(aAskers), NameOfAsker);
-
 TEST_F(ClosingTest, AboutKeepsTheFrame)
 {
     const std::string sPath = OpenThree();
@@ -200,29 +97,6 @@ TEST_F(ClosingTest, CalculatorDoesNotKeepTheFrame)
     EXPECT_EQ(SendTo(Frame(), WM_QUERYENDSESSION), 1);
     EXPECT_EQ(m_program.AwaitExit(), 0U);
     EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
-}
-
-TEST_F(ClosingTest, DialogOfADialogKeepsTheFrame)
-{
-    const std::string sPath = OpenThree();
-    m_program.Post(IDM_TOOLS_OPTIONS);
-    const DialogWindow sheet = AwaitDialog(m_program, "Options - three.qmk");
-    SendTo(sheet.GetHandle(), PSM_SETCURSEL, 2, 0);
-    HWND hPage = nullptr;
-    Await("the page of the font", [&] {
-        hPage = reinterpret_cast<HWND>(SendTo(sheet.GetHandle(), PSM_GETCURRENTPAGEHWND));
-        return hPage != nullptr && GetDlgItem(hPage, IDC_OPTION_SELECTFONT) != nullptr;
-    });
-    DialogWindow(m_program.GetProcess(), hPage).Press(IDC_OPTION_SELECTFONT);
-    const DialogWindow font = AwaitDialog(m_program, "Font");
-    AskToClose();
-    ExpectKept(1);
-    EXPECT_TRUE(font.IsOpen());
-    font.End(IDCANCEL);
-    AskToClose();
-    EXPECT_TRUE(sheet.IsOpen());
-    sheet.End(IDCANCEL);
-    ExpectUsable(sPath);
 }
 
 TEST_F(ClosingTest, FailureOfOpenKeepsTheFrame)
