@@ -6,6 +6,8 @@
 #include "exchange/qmexchange.h"
 #include "tests/e2e/dialogwindow.h"
 #include "tests/e2e/exchange_test.h"
+#include "tests/e2e/ordinaryheap.h"
+#include "tests/e2e/throttle.h"
 
 namespace {
 
@@ -80,18 +82,7 @@ protected:
         const FileDialogWindow dialog = AwaitFileDialog(m_program, "Save As");
         dialog.EnterName(sFile);
         dialog.Accept();
-        // Windows chooses the words of this question.
-        MessageBoxWindow question(nullptr);
-        Await("the question about the file", [&] {
-            for (const MessageBoxWindow& box : m_program.GetBoxes()) {
-                const std::vector<int> buttons = box.GetButtons();
-                if (std::count(buttons.begin(), buttons.end(), IDYES) == 1) {
-                    question = box;
-                }
-            }
-            return question.GetHandle() != nullptr;
-        });
-        question.Press(IDYES);
+        AwaitBoxWith(m_program.GetId(), IDYES).Press(IDYES);
         dialog.AwaitEnd();
     }
 };
@@ -284,6 +275,101 @@ TEST_F(ExportTest, XmlWithTwoAmpersandsInATextDoesNotComeBack)
     m_program.AnswerBox(Failure(sFile));
     EXPECT_FALSE(IsModified());
 }
+
+// ---- An export that takes long.
+
+// So many that a slowed program writes them for minutes.
+constexpr int nMany = 120000;
+
+// On a machine under load even a slowed program may be done before its progress can be cancelled.
+constexpr int nAttempts = 8;
+
+class LongExportTest : public ExportTest, public testing::WithParamInterface<const char*>
+{
+protected:
+    static std::string Exported(const std::string& sFile)
+    {
+        return "Successfully exported " + std::to_string(nMany) + " transactions to file:\n'" +
+               sFile + "'.";
+    }
+    static std::string NotExported(const std::string& sFile)
+    {
+        return "Failed to export transactions to file:\n'" + sFile + "'.";
+    }
+
+    // Exports, and cancels the progress as soon as it shows.
+    void CancelExport(const std::string& sFile) const
+    {
+        ExportByMenu(sFile);
+        const Throttle slowed(m_program.GetFrame());
+        HWND hProgress = nullptr;
+        Await("the progress or the result", [&] {
+            hProgress = FindProgressOf(m_program);
+            return hProgress != nullptr || HasBox(Exported(sFile));
+        });
+        if (hProgress != nullptr) {
+            PostMessageA(hProgress, WM_COMMAND, IDCANCEL, 0);
+        }
+    }
+
+    // Waits at full speed for the result of an export, and returns whether it has failed.
+    bool HasFailed(const std::string& sFile) const
+    {
+        bool bFailed = false;
+        Await("the result", [&] {
+            bFailed = HasBox(NotExported(sFile));
+            return bFailed || HasBox(Exported(sFile));
+        });
+        return bFailed;
+    }
+
+    bool HasBox(const std::string& sText) const
+    {
+        const std::vector<MessageBoxWindow> boxes = m_program.GetBoxes();
+        return std::any_of(boxes.begin(), boxes.end(),
+                           [&](const MessageBoxWindow& box) { return box.GetText() == sText; });
+    }
+
+    void ExpectUntouched(const std::string& sFile, const std::string& sAccount) const
+    {
+        EXPECT_EQ(GetFileAttributesA(sFile.c_str()), INVALID_FILE_ATTRIBUTES);
+        EXPECT_EQ(FindProgressOf(m_program), nullptr);
+        EXPECT_TRUE(IsWindowEnabled(m_program.GetFrame()));
+        EXPECT_EQ(ActiveList().GetRowCount(), nMany);
+        EXPECT_EQ(m_program.GetActiveTitle(), sAccount) << "not marked as changed";
+    }
+
+private:
+    OrdinaryHeap m_heap;
+};
+
+TEST_P(LongExportTest, CancelTakesTheFileAwayAndEndsInTheSentenceOfAFailure)
+{
+    const std::string sAccount = MakeAccount("many.qmk", nMany);
+    m_program.Open({sAccount});
+    m_program.AwaitActive(sAccount);
+    const std::string sFile = PathOf(GetParam());
+    for (int i = 0; i < nAttempts; ++i) {
+        CancelExport(sFile);
+        if (HasFailed(sFile)) {
+            AnswerFailedExport(sFile);
+            ExpectUntouched(sFile, sAccount);
+            return;
+        }
+        AnswerExported(nMany, sFile);
+        m_program.Settle();
+        DeleteFileA(sFile.c_str());
+    }
+    FAIL() << "the export was done before its progress could be cancelled";
+}
+
+std::string NameOfFormat(const testing::TestParamInfo<const char*>& test)
+{
+    return std::string(test.param).substr(std::string(test.param).find('.') + 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, LongExportTest, testing::Values("out.qif", "out.csv", "out.xml"),
+                         NameOfFormat);
 
 // ---- An export that does not end by itself.
 
