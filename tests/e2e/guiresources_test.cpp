@@ -177,11 +177,11 @@ protected:
         m_program.Settle();
     }
 
-    // One lost object for each dialog would give a hundred more, and one for each dialog of a
-    // single kind would give 25.
-    void RunAHundred() const
+    // One lost object for each dialog would give two hundred more, and one for each dialog of a
+    // single kind would give fifty.
+    void RunTwoHundred() const
     {
-        for (int i = 0; i < 25; ++i) {
+        for (int i = 0; i < 50; ++i) {
             RunDialogs();
         }
     }
@@ -203,7 +203,7 @@ protected:
     static constexpr int nLate = 10; // objects
 };
 
-TEST_F(DialogResourcesTest, AHundredDialogsLeaveNoGdiObjectsAndNoWindows)
+TEST_F(DialogResourcesTest, TwoHundredDialogsLeaveNoGdiObjectsAndNoWindows)
 {
     m_program.Open({MakeAccount("account.qmk", 30)});
     RunFirst();
@@ -211,12 +211,12 @@ TEST_F(DialogResourcesTest, AHundredDialogsLeaveNoGdiObjectsAndNoWindows)
     const int nWindows = CountWindows();
     EXPECT_GT(nGdi, 0);
     EXPECT_GT(nWindows, 0);
-    RunAHundred();
+    RunTwoHundred();
     AwaitNoMoreThan(nGdi + nLate, "GDI objects", [&] { return CountGdi(); });
     AwaitNoMoreThan(nWindows, "windows", [&] { return CountWindows(); });
 }
 
-TEST_F(DialogResourcesTest, AHundredDialogsLeaveNoUserObjects)
+TEST_F(DialogResourcesTest, TwoHundredDialogsLeaveNoUserObjects)
 {
     if (IsWine()) {
         GTEST_SKIP() << "Wine does not count USER objects";
@@ -225,7 +225,7 @@ TEST_F(DialogResourcesTest, AHundredDialogsLeaveNoUserObjects)
     RunFirst();
     const int nUser = CountUser();
     EXPECT_GT(nUser, 0);
-    RunAHundred();
+    RunTwoHundred();
     AwaitNoMoreThan(nUser + nLate, "USER objects", [&] { return CountUser(); });
 }
 
