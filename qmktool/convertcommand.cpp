@@ -30,12 +30,18 @@ std::unique_ptr<QMAccount> ReadSource(const ToolOptions& options, QMBankReport& 
     return ReadExchangeFile(options, pAccount->store, report) ? std::move(pAccount) : nullptr;
 }
 
+void TellTransactions(Output& output, int32_t lCount)
+{
+    output.Format("%d transaction%s", lCount, lCount == 1 ? "" : "s");
+}
+
 int ShowOnly(QMAccount& account, const ToolOptions& options, const QMBankReport& report)
 {
     Output output(EncodingOf(InKindOf(options)));
     const int32_t lCount = account.store.GetCount();
     WriteStore(output, account.store);
-    output.Format("%d transaction%s to convert", lCount, lCount == 1 ? "" : "s");
+    TellTransactions(output, lCount);
+    output.Add(" to convert");
     TellReport(output, report);
     output.Add('\n');
     return output.Finish();
@@ -62,7 +68,8 @@ int TellAccount(const char* szFile, int32_t lVersion, int32_t lCount, int32_t lC
 {
     Output output;
     output.AddName(szFile);
-    output.Format(": format %s, %d transactions", FormatName(lVersion), lCount);
+    output.Format(": format %s, ", FormatName(lVersion));
+    TellTransactions(output, lCount);
     if (!QMVersionHasCategory(lVersion)) {
         TellLeftOut(output, lCategories, "categories");
     }
@@ -127,15 +134,18 @@ void TellExport(Output& output, QMExchangeKind kind, const QMTransactionStore& s
         const int32_t lVoided = CountThose(store, [](const QMTransaction& transaction) {
             return transaction.HasFlag(QM_TRANS_FLAG_VOIDED);
         });
-        output.Format("QIF, %d transactions", lAll - lVoided);
+        output.Add("QIF, ");
+        TellTransactions(output, lAll - lVoided);
         TellLeftOut(output, lVoided, "voided ones");
     } else if (kind == QMExchangeKind::Xml) {
         const int32_t lUnknown = CountThose(
             store, [](const QMTransaction& transaction) { return !transaction.IsTypeValid(); });
-        output.Format("XML, %d transactions", lAll - lUnknown);
+        output.Add("XML, ");
+        TellTransactions(output, lAll - lUnknown);
         TellLeftOut(output, lUnknown, "of an unknown type");
     } else {
-        output.Format("CSV, %d transactions", lAll);
+        output.Add("CSV, ");
+        TellTransactions(output, lAll);
     }
 }
 

@@ -15,7 +15,8 @@ int RunDetect(const ToolOptions& options)
     std::string sBytes;
     QMDialect told;
     std::vector<std::string> names;
-    if (!ReadToolFile(szFile, sBytes) || !MakeDialect(options, told, &names)) {
+    if (!ReadToolFile(szFile, "detect the dialect of", sBytes) ||
+        !MakeDialect(options, told, &names)) {
         return QM_EXIT_REFUSED;
     }
     QMDialectGuess guess;

@@ -68,8 +68,13 @@ int Run(int nWords, char** aszWords)
         return QM_EXIT_USAGE;
     }
     const char* szFirst = aszWords[1];
-    if (AsksForHelp(szFirst) || (Asks(szFirst, "help") && nWords <= 3)) {
-        return PrintHelp(Asks(szFirst, "help") && nWords == 3 ? aszWords[2] : nullptr);
+    const bool bHelp = Asks(szFirst, "help");
+    if (bHelp && nWords > 3) {
+        WriteError("one word too many: '%s' (see qmktool --help)", aszWords[3]);
+        return QM_EXIT_USAGE;
+    }
+    if (AsksForHelp(szFirst) || bHelp) {
+        return PrintHelp(bHelp && nWords == 3 ? aszWords[2] : nullptr);
     }
     if (Asks(szFirst, "--version")) {
         return Print("qmktool " QUILLMARK_VERSION "\n");

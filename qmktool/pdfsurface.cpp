@@ -103,7 +103,14 @@ uint32_t PdfSurface::SetBkColor(uint32_t crColor)
 PdfSurface::Page* PdfSurface::PageAt(int32_t y)
 {
     const auto u = static_cast<size_t>(m_cut.lStep > 0 ? std::max(y, 0) / m_cut.lStep : 0);
-    return u < m_pages.size() ? &m_pages[u] : nullptr;
+    if (u >= m_pages.size()) {
+        return nullptr;
+    }
+    if (m_pProgress != nullptr && u != m_uLastPage) {
+        m_pProgress->OnStep(u, m_pages.size());
+    }
+    m_uLastPage = u;
+    return &m_pages[u];
 }
 
 HPDF_REAL PdfSurface::PointsDown(int32_t y) const

@@ -3,9 +3,11 @@
 
 #include <hpdf.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "account/qmprogress.h"
 #include "reports/qmreportcut.h"
 #include "reports/qmreportsurface.h"
 
@@ -30,6 +32,9 @@ public:
 
     // Sets which part of the drawing goes into the file from now on. The rest is left out.
     void SelectLayer(PdfLayer layer) { m_layer = layer; }
+
+    // Sets a progress that is told of each page as it is drawn; null for none.
+    void SetProgress(QMProgress* pProgress) { m_pProgress = pProgress; }
 
     // False when the library has refused something. Then there is no file.
     bool IsSound() const;
@@ -69,6 +74,8 @@ private:
     HPDF_Font m_hBold = nullptr;
     float m_fPoints;
     PdfLayer m_layer = PdfLayer::Ink;
+    QMProgress* m_pProgress = nullptr;
+    size_t m_uLastPage = SIZE_MAX; // that was drawn on
     std::vector<Page> m_pages;
     QMReportCut m_cut;
     int32_t m_lPageHeight = 0;

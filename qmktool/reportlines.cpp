@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "qmktool/toolprogress.h"
+
 namespace {
 
 // Wide enough that columns from the left never meet columns from the right.
@@ -27,7 +29,12 @@ bool ReportLines::Take(QMReport& report, uint32_t uKind)
     }
     m_layout = report.GetLayout();
     m_bDebitCredit = QMGetReportInfo(uKind)->bDebitCredit;
-    return report.Draw(*this, page, margins);
+    ToolProgress progress("reporting", 1, "lines");
+    m_pProgress = &progress;
+    m_lHeight = page.bottom;
+    const bool bDrawn = report.Draw(*this, page, margins);
+    m_pProgress = nullptr;
+    return bDrawn;
 }
 
 QMReportFont ReportLines::SelectFont(QMReportFont font)
@@ -43,6 +50,9 @@ ReportLine& ReportLines::LineAt(int32_t y)
         line.lLine = lLine;
         line.uFirstCell = m_cells.size();
         m_lines.push_back(line);
+        if (m_pProgress != nullptr) {
+            m_pProgress->OnStep(static_cast<uint64_t>(y), static_cast<uint64_t>(m_lHeight));
+        }
     }
     return m_lines.back();
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "account/qmprogress.h"
 #include "reports/qmreport.h"
 
 enum class ReportPlace : uint8_t
@@ -91,4 +92,6 @@ private:
     std::vector<ReportLine> m_lines;
     std::vector<ReportCell> m_cells;
     std::string m_sText;
+    QMProgress* m_pProgress = nullptr; // told of the lines while the report is drawn
+    int32_t m_lHeight = 0;
 };

@@ -7,6 +7,7 @@
 #include "qmktool/pdfsurface.h"
 #include "qmktool/toolerror.h"
 #include "qmktool/toolfile.h"
+#include "qmktool/toolprogress.h"
 
 namespace {
 
@@ -60,13 +61,16 @@ bool DrawPages(PdfSurface& surface, QMReport& report, uint32_t uKind, const Repo
         return false;
     }
     surface.MakePages(cut, paper.lWidth, paper.lHeight, lMargin);
+    ToolProgress progress("reporting", 1, "pages");
+    bool bDrawn = true;
     for (const PdfLayer layer : {PdfLayer::Shades, PdfLayer::Ink}) {
+        QMProgressPart part(&progress, layer == PdfLayer::Shades ? 0 : 1, 2);
         surface.SelectLayer(layer);
-        if (!surface.IsSound() || !report.Draw(surface, page, margins)) {
-            return false;
-        }
+        surface.SetProgress(&part);
+        bDrawn = bDrawn && surface.IsSound() && report.Draw(surface, page, margins);
     }
-    return true;
+    surface.SetProgress(nullptr);
+    return bDrawn;
 }
 
 } // namespace

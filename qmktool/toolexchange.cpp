@@ -25,8 +25,9 @@ const char* ImportFault(const WatchedByteSource& source, QMExchangeKind kind)
                                        : "it holds no line of text";
 }
 
-// Opens IN: a file, or standard input. Returns null after a line on standard error.
-FILE* OpenInput(const char* szFile, QMStdioFile& pFile)
+// Opens a file, or standard input. When that fails, writes a line to standard error, by which it is
+// not possible to do szWhat with the file, and returns null.
+FILE* OpenInput(const char* szFile, const char* szWhat, QMStdioFile& pFile)
 {
     if (IsStandardStream(szFile)) {
         UseBytes(stdin);
@@ -37,7 +38,7 @@ FILE* OpenInput(const char* szFile, QMStdioFile& pFile)
         QMFile file(szFile);
         file.OpenForReading();
         const VFileFault fault = file.GetFault();
-        RefuseFile("import", szFile,
+        RefuseFile(szWhat, szFile,
                    VFileFaultText(fault == VFileFault::None ? VFileFault::Other : fault));
         return nullptr;
     }
@@ -84,7 +85,7 @@ bool ReadByDialect(const ToolOptions& options, QMTransactionStore& store, QMBank
     const char* szFile = options.aFiles[0];
     QMDialect dialect;
     std::string sBytes;
-    if (!MakeDialect(options, dialect) || !ReadToolFile(szFile, sBytes)) {
+    if (!MakeDialect(options, dialect) || !ReadToolFile(szFile, "import", sBytes)) {
         return false;
     }
     const QMExchangeKind kind = InKindOf(options);
@@ -124,7 +125,7 @@ bool ReadPlainly(const ToolOptions& options, QMBankReport& report, F import)
     const char* szFile = options.aFiles[0];
     const QMExchangeKind kind = InKindOf(options);
     QMStdioFile pFile;
-    FILE* pInput = OpenInput(szFile, pFile);
+    FILE* pInput = OpenInput(szFile, "import", pFile);
     if (pInput == nullptr) {
         return false;
     }
@@ -224,10 +225,10 @@ void TellCount(Output& output, int32_t lCount, const char* szWhat)
 
 } // namespace
 
-bool ReadToolFile(const char* szFile, std::string& sBytes)
+bool ReadToolFile(const char* szFile, const char* szWhat, std::string& sBytes)
 {
     QMStdioFile pFile;
-    FILE* pInput = OpenInput(szFile, pFile);
+    FILE* pInput = OpenInput(szFile, szWhat, pFile);
     if (pInput == nullptr) {
         return false;
     }
@@ -243,7 +244,7 @@ bool ReadToolFile(const char* szFile, std::string& sBytes)
         sBytes.resize(uBefore + static_cast<size_t>(std::max<int64_t>(nRead, 0)));
     }
     if (nRead < 0) {
-        RefuseFile("open", szFile, VFileFaultText(VFileFault::Other));
+        RefuseFile(szWhat, szFile, VFileFaultText(VFileFault::Other));
     }
     return nRead >= 0;
 }
@@ -252,7 +253,7 @@ bool MakeDialect(const ToolOptions& options, QMDialect& dialect, std::vector<std
 {
     if (options.szProfile != nullptr) {
         std::string sText;
-        if (!ReadToolFile(options.szProfile, sText)) {
+        if (!ReadToolFile(options.szProfile, "use the profile", sText)) {
             return false;
         }
         const std::string sFault = dialect.ReadProfile(sText);
@@ -346,8 +347,10 @@ void TellReport(Output& output, const QMBankReport& report)
     TellCount(output, report.lWithoutDate, "without a date");
     TellCount(output, report.lFirstOf2000, "of 1/1/2000, as those without a date are");
     TellCount(output, report.lWithoutAmount, "without an amount");
-    TellCount(output, report.lPassedOver, "other lines passed over");
-    TellCount(output, report.lReplaced, "characters replaced");
+    TellCount(output, report.lPassedOver,
+              report.lPassedOver == 1 ? "other line passed over" : "other lines passed over");
+    TellCount(output, report.lReplaced,
+              report.lReplaced == 1 ? "character replaced" : "characters replaced");
     if (report.bOrderGuessed) {
         output.Add(", month and day perhaps exchanged: every day is below 13 (see --dates)");
     }

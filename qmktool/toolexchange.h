@@ -17,9 +17,9 @@ bool UsesDialect(const ToolOptions& options);
 // The encoding of texts that were read from a file of this kind.
 VEncoding EncodingOf(QMExchangeKind kind);
 
-// Reads all bytes of a file, or of standard input for "-". Returns false after a line on standard
-// error.
-bool ReadToolFile(const char* szFile, std::string& sBytes);
+// Reads all bytes of a file, or of standard input for "-". When that fails, writes a line to
+// standard error, by which it is not possible to do szWhat with the file, and returns false.
+bool ReadToolFile(const char* szFile, const char* szWhat, std::string& sBytes);
 
 // Makes the dialect from the profile and from the command line, which counts where they differ.
 // Adds the names that the command line sets to pNames, which may be null. On a fault, writes a line

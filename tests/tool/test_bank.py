@@ -291,6 +291,8 @@ class Banks(ToolTestCase):
         missing = self.folder / "missing.profile"
         self.assert_refused(run("convert", source, self.folder / "out.qmk", "--profile", missing),
                             missing, "no such file")
+        self.assertIn(b"cannot use the profile", run("convert", source, "out.qmk", "--profile",
+                                                     missing, cwd=self.folder).err)
         self.assertFalse((self.folder / "out.qmk").exists())
 
     def test_the_last_line_tells_what_is_missing(self) -> None:
@@ -298,7 +300,7 @@ class Banks(ToolTestCase):
         result = self.assert_done(run("convert", source, "out.qmk", "--columns", "Date,Amount,Memo",
                                       cwd=self.folder))
         self.assertEqual(result.out, b"out.qmk: format 2.0, 3 transactions, 1 without a date, 1 "
-                         b"without an amount, 1 other lines passed over, 1 characters replaced"
+                         b"without an amount, 1 other line passed over, 1 character replaced"
                          + ORDER_GUESSED + b"\n")
 
     def test_nothing_of_use_is_refused(self) -> None:

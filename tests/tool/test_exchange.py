@@ -172,8 +172,9 @@ class Obstacles(ExchangeTestCase):
                 for kind, told in (("qif", b"QIF"), ("csv", b"CSV")):
                     name = f"out.{kind}"
                     result = self.assert_done(run("convert", account, name, cwd=self.folder))
-                    self.assertEqual(result.out, b"%s: %s, %d transactions\n"
-                                     % (name.encode(), told, len(entries)))
+                    plural = b"s" if len(entries) > 1 else b""
+                    self.assertEqual(result.out, b"%s: %s, %d transaction%s\n"
+                                     % (name.encode(), told, len(entries), plural))
                     (self.folder / name).unlink()
 
     def test_one_of_an_unknown_type_before_the_last_is_none(self) -> None:

@@ -229,6 +229,11 @@ class Terminals(ToolTestCase):
                 told = self.halted("list", account, *options, out=listed)
                 self.assertRegex(told, rb"\rlisting: \d+ % *\r", options)
                 self.assertRegex(told, rb"\r +\r\Z", options)
+        period = ("--kind", "voided", "--from", "1/1/2000")
+        for options in ((), ("--pdf", self.folder / "report.pdf")):
+            told = self.halted("report", account, *period, *options)
+            self.assertRegex(told, rb"\rreporting: \d+ % *\r", options)
+            self.assertRegex(told, rb"\r +\r\Z", options)
         told = self.halted("convert", account, self.folder / "again.qmk")
         self.assertRegex(told, rb"\rwriting: \d+ % *\r")
         self.assertRegex(told, rb"\r +\r\Z")

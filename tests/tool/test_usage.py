@@ -30,6 +30,7 @@ WRONG_WORDS = {
     "a period for convert": ["convert", FILE, "b.csv", *FIRST_DAY],
     "dialect of an account": ["convert", FILE, "b.csv", "--dates", "dmy"],
     "help for no command": ["help", "lists"],
+    "help for two commands": ["help", "list", "info"],
     "all for list": ["list", FILE, "--all"],
     "unknown order of dates": ["import", "a.csv", FILE, "--dates", "mmdd"],
     "unknown separator": ["import", "a.csv", FILE, "--separator", "x"],
