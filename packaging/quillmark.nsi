@@ -8,7 +8,7 @@
 ;   SIGN       a command that signs the file named after it, where there is one
 ; A silent installation: /S, with /NOASSOC to leave .qmk files alone, and as the last word
 ; /D=FOLDER, unquoted, for another folder. Exit codes: 0 done, 1 given up by the user, 2 the program
-; is running.
+; is running, 3 a file could not be written (which a user is asked about).
 
 Unicode true
 ManifestDPIAware true
@@ -41,12 +41,13 @@ VIAddVersionKey "ProductVersion" "${VERSION}"
 VIAddVersionKey "LegalCopyright" "The Quillmark authors"
 
 !ifdef SIGN
-!finalize '${SIGN} "%1"'
-!uninstfinalize '${SIGN} "%1"'
+!finalize '${SIGN} "%1"' = 0
+!uninstfinalize '${SIGN} "%1"' = 0
 !endif
 
 !define MUI_ICON "resources/pictures/quillmark.ico"
 !define MUI_UNICON "resources/pictures/quillmark.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "resources/pictures/setup_side.bmp"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\quillmark.exe"
 !define MUI_UNCONFIRMPAGE_TEXT_TOP "Quillmark will be taken off this computer. \
 Your accounts (the .qmk files) and your settings stay."
@@ -64,18 +65,18 @@ Your accounts (the .qmk files) and your settings stay."
 !macro QM_SHARED_FUNCTIONS PREFIX
 
 ; Sets $0 to 1 while the program is running. The mutex of a running program is named after the class
-; of its window, which holds the address that Windows loaded it to. A program without a window yet
-; is noticed by its file: Windows keeps that from being written.
+; of its window, which holds the address that Windows loaded it to. A program without a window yet,
+; or on another desktop, is noticed by its file: as long as it runs, opening the file for writing
+; gives ERROR_SHARING_VIOLATION. Any other failure has another cause, which closing cannot mend.
 Function ${PREFIX}FindRunning
   StrCpy $0 0
-  ${If} ${FileExists} "$INSTDIR\quillmark.exe"
-    ClearErrors
-    FileOpen $1 "$INSTDIR\quillmark.exe" a
-    ${If} ${Errors}
-      StrCpy $0 1
-    ${Else}
-      FileClose $1
-    ${EndIf}
+  StrCpy $1 "$INSTDIR\quillmark.exe"
+  System::Call 'kernel32::CreateFileW(w r1, i 0x40000000, i 7, p 0, i 3, i 0, p 0) i .r2 ?e'
+  Pop $3
+  ${If} $2 <> -1
+    System::Call 'kernel32::CloseHandle(p r2)'
+  ${ElseIf} $3 = 32
+    StrCpy $0 1
   ${EndIf}
   StrCpy $1 0
   ${Do}
@@ -86,9 +87,13 @@ Function ${PREFIX}FindRunning
     System::Call 'user32::GetClassNameW(p r1, w .r2, i ${NSIS_MAX_STRLEN})'
     StrCpy $3 $2 10
     ${If} $3 == "Quillmark:"
-      System::Call 'kernel32::OpenMutexW(i 0x100000, i 0, w "vmutex$2") p .r4'
+      System::Call 'kernel32::OpenMutexW(i 0x100000, i 0, w "vmutex$2") p .r4 ?e'
+      Pop $5
       ${If} $4 P<> 0
         System::Call 'kernel32::CloseHandle(p r4)'
+        StrCpy $0 1
+      ${ElseIf} $5 = 5
+        ; Access is denied: an administrator's program has it.
         StrCpy $0 1
       ${EndIf}
     ${EndIf}
@@ -138,19 +143,32 @@ FunctionEnd
 !insertmacro QM_SHARED_FUNCTIONS ""
 !insertmacro QM_SHARED_FUNCTIONS "un."
 
+; A silent installation has no user who was asked and chose to ignore it.
+Function GiveUpOnErrors
+  ${If} ${Errors}
+  ${AndIf} ${Silent}
+    SetErrorLevel 3
+    Quit
+  ${EndIf}
+FunctionEnd
+
 Section "Quillmark" SectionProgram
   SectionIn RO
   Call WaitUntilClosed
   SetOutPath "$INSTDIR"
   SetOverwrite on
+  ClearErrors
   !insertmacro QM_INSTALL_FILES
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  Call GiveUpOnErrors
   Call IsSampleChanged
   ${If} $0 = 0
+    ClearErrors
     File "${STAGE}/household.qmk"
+    Call GiveUpOnErrors
     Call ReadSampleTime
     WriteRegStr HKCU "${UNINSTALL_KEY}" "SampleTime" "$0"
   ${EndIf}
-  WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\Quillmark.lnk" "$INSTDIR\quillmark.exe"
 
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Quillmark"

@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Renders resources/art into the pictures that the resource compiler takes: resources/pictures.
+# Renders resources/art into the pictures that the resource compiler and the installer take:
+# resources/pictures.
 # Needs the packages librsvg2-bin and imagemagick; the same sources give the same bytes.
 # Usage: render_art.sh [FOLDER]   (FOLDER: where the pictures go, to compare them with those there)
 set -euo pipefail
 
 readonly ICON_SIZES=(16 20 24 32 40 48 64 256)
-readonly BITMAPS=(splash heading_cleared heading_tag mark_tax mark_expense mark_voided mark_cleared
+readonly BITMAPS=(splash setup_side heading_cleared heading_tag mark_tax mark_expense mark_voided mark_cleared
     sign_tax sign_expense sign_voided sign_cleared arrow_strip)
 readonly ALPHA_BITMAPS=(button_add button_print button_preview button_setup arrow_first arrow_previous arrow_next arrow_last)
 readonly BITMAP_HEADERS=54
