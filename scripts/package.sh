@@ -120,7 +120,7 @@ kinds=${*:-win32 win64 linux}
 for kind in $kinds; do
     [[ " win32 win64 linux " == *" $kind "* ]] || die "usage: package.sh [win32] [win64] [linux]"
 done
-scripts/setup.sh run window package
+scripts/setup.sh run package
 rm -rf "$out" "$work"
 mkdir -p "$out" "$work"
 ! wants win32 || windows_packages win32 32 ""

@@ -6,7 +6,7 @@
 #   window       build the program and show its window, with a picture of it
 #   test         what test.sh needs besides
 #   pictures     what draws and takes the pictures of the guides, besides `window`
-#   package      make what a release consists of, besides `run` and `window`
+#   package      make what a release consists of, besides `run`
 #   bench        the benchmarks
 #   fuzz         coverage-guided fuzzing
 #   debootstrap  make a small Debian in a folder
@@ -24,8 +24,8 @@ declare -rA PACKAGES=(
             fonts-wine fonts-liberation wine wine64 xvfb fp-utils libchm-bin
             cups printer-driver-cups-pdf poppler-utils"
     [pictures]="chromium graphviz librsvg2-bin xdotool"
-    [package]="python3 dpkg-dev file g++-mingw-w64-i686-win32 nsis zip
-               p7zip-full man-db mandoc"
+    [package]="python3 dpkg-dev file g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32
+               fp-utils nsis zip p7zip-full man-db mandoc"
     [bench]="libbenchmark-dev"
     [fuzz]="clang libclang-rt-14-dev"
     [debootstrap]="debootstrap mount"
@@ -93,5 +93,5 @@ for group in "$@"; do
 done
 provide "${packages[@]}"
 # The Windows builds need Expat and libharu.
-[[ " $* " != *" test "* && " $* " != *" window "* ]] || { scripts/expat.sh && scripts/libharu.sh; }
+[[ ! " $* " =~ \ (test|window|package)\  ]] || { scripts/expat.sh && scripts/libharu.sh; }
 [[ " $* " != *" wine32 "* ]] || scripts/wine32.sh install
