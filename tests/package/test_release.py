@@ -2,6 +2,7 @@
 
 import hashlib
 import json
+import os
 import re
 import struct
 import subprocess
@@ -14,6 +15,11 @@ from pathlib import Path
 from support import (DEBIAN, LINUX_FILES, MARKS, PACKAGES, PROGRAMS, REPO, TARBALL, VERSION,
                      WINDOWS_FILES, PackageTestCase, files_below, output_of, setup_of, zip_of)
 
+sys.path.insert(0, str(REPO / "scripts"))
+import check_binaries  # noqa: E402  (found only through the path above)
+
+# Both are of Windows 8. Of the second one the headers of MinGW-w64 know that.
+NEW_FUNCTION, GUARDED_FUNCTION = "GetSystemTimePreciseAsFileTime", "CreateFile2"
 BUILT_IN = ("Expat", "libharu", "MinGW-w64", "GCC", "GNU C library")
 
 
@@ -164,11 +170,30 @@ class HardeningTests(PackageTestCase):
             self.assertIn(fault, check(self.spoiled(f"program{number}", offset, data)))
 
     def test_an_import_that_is_too_new_is_seen(self) -> None:
-        program = self.unpacked_zip("win64") / "quillmark.exe"
-        data = program.read_bytes()
-        self.assertEqual(data.count(b"GetFileSizeEx\0"), 1)
-        program.write_bytes(data.replace(b"GetFileSizeEx\0", b"GetFileTimeEx\0"))
-        self.assertIn("imports kernel32.dll:GetFileTimeEx", check(program))
+        for compiler in ("i686-w64-mingw32-gcc-win32", "x86_64-w64-mingw32-gcc-win32"):
+            program = self.folder / f"{compiler}.exe"
+            source = self.folder / "program.c"
+            source.write_text("#include <windows.h>\nint main(void) { FILETIME t; "
+                              f"{NEW_FUNCTION}(&t); return (int)t.dwLowDateTime; }}\n", "ascii")
+            output_of(compiler, "-D_WIN32_WINNT=0x0602", "-o", program, source)
+            self.assertIn(f"imports kernel32.dll:{NEW_FUNCTION}", check(program))
+
+    def test_the_list_of_imports_names_what_windows_7_has(self) -> None:
+        # The C library is older than the numbers of Windows, and its headers know none.
+        functions = sorted(name for dll, name in check_binaries.allowed_imports()
+                           if dll != "msvcrt.dll")
+        self.assertGreater(len(functions), 400)
+        headers = ("windows", "commctrl", "commdlg", "shellapi", "shlobj", "winspool", "ddeml")
+        source = self.folder / "functions.c"
+        source.write_text("\n".join([
+            *(f"#include <{name}.h>" for name in headers),
+            *(f"void* p{name} = (void*)&{name};" for name in (*functions, GUARDED_FUNCTION))]), "ascii")
+        result = subprocess.run(
+            ["x86_64-w64-mingw32-gcc-win32", "-D_WIN32_WINNT=0x0601", "-DWINVER=0x0601",
+             "-fsyntax-only", source], check=False, capture_output=True, encoding="utf-8",
+            env=os.environ | {"LC_ALL": "C"})
+        self.assertEqual(re.findall(r"'(\w+)' undeclared", result.stderr), [GUARDED_FUNCTION],
+                         result.stderr)
 
     def test_each_fault_of_a_linux_program_is_seen(self) -> None:
         source = self.folder / "program.c"
