@@ -73,7 +73,8 @@ list_for_installer() {
 
 # windows_packages PRESET BITS MARK: an installer and a portable zip; MARK tells them apart by name.
 windows_packages() {
-    local preset=$1 bits=$2 mark=$3 folder=$work/windows-$2 program
+    local preset=$1 bits=$2 folder=$work/windows-$2 program
+    local setup=$out/quillmark-$version$3-setup.exe zip=$out/quillmark-$version$3-portable.zip
     scripts/build.sh "$preset" quillmark qmktool
     stage "$preset" "windows-$bits"
     python3 -B scripts/check_binaries.py "$folder"/*.exe || die "a program of $preset breaks a rule"
@@ -83,9 +84,13 @@ windows_packages() {
     set_times "$folder"
     list_for_installer "$folder" >"$work/files-$bits.nsh"
     makensis -V2 -WX -NOCD -DVERSION="$version" -DBITS="$bits" -DSTAGE="$folder" \
-        -DLIST="$work/files-$bits.nsh" -DOUT="$out/quillmark-$version$mark-setup.exe" \
-        ${QUILLMARK_SIGN:+-DSIGN="$QUILLMARK_SIGN"} packaging/quillmark.nsi
-    zip_folder "$folder" "$out/quillmark-$version$mark-portable.zip"
+        -DLIST="$work/files-$bits.nsh" -DOUT="$setup" \
+        ${QUILLMARK_SIGN:+-DSIGN="$QUILLMARK_SIGN"} packaging/quillmark.nsi || {
+        # It may be whole and only lack its signature.
+        rm -f "$setup"
+        die "could not make or sign ${setup##*/}"
+    }
+    zip_folder "$folder" "$zip"
 }
 
 # The archive's program needs nothing of the system that it runs on; the Debian package's one uses
