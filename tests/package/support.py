@@ -3,12 +3,17 @@
 The packages of build/package are tested as they are; scripts/testpackages.py makes them before.
 """
 
+import fcntl
 import os
+import pty
 import re
+import select
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 import unittest
 import zipfile
@@ -145,6 +150,30 @@ class Wine:
             return "C:\\" + str(word.relative_to(self.drive)).replace("/", "\\")
         return "Z:" + str(word).replace("/", "\\")
 
+    def console_output_of(self, *words: Path | str) -> str:
+        """What a program shows in a console, which Wine draws on a terminal."""
+        terminal, inner = pty.openpty()
+        rows_and_columns = struct.pack("4H", 100, 150, 0, 0)
+        fcntl.ioctl(inner, termios.TIOCSWINSZ, rows_and_columns)
+        with open(terminal, "rb", buffering=0) as stream:
+            with open(inner, "r+b", buffering=0) as side:
+                program = subprocess.Popen(
+                    [REPO / "scripts/wine.sh", self.preset, *map(self.name_of, words)],
+                    env=self.environment | {"TERM": "xterm"}, stdin=side, stdout=side, stderr=side,
+                    start_new_session=True)
+            shown, end = b"", time.monotonic() + LIMIT_S
+            # The last of it may come after the program has ended.
+            while select.select([stream], [], [], 0.5)[0] or program.poll() is None:
+                if time.monotonic() > end:
+                    program.kill()
+                if select.select([stream], [], [], 0)[0]:
+                    try:
+                        shown += stream.read(65536)
+                    except OSError:  # nobody has the other side any more
+                        break
+            program.wait(LIMIT_S)
+        return re.sub(r"\x1b\[[0-9;?]*[A-Za-z]|\r", "", shown.decode("utf-8", "replace"))
+
     def registry(self, key: str) -> dict[tuple[str, str], str]:
         """All values below a key by their key and name, as a .reg file writes them."""
         file = WORK / "registry.reg"
@@ -155,7 +184,9 @@ class Wine:
         return dict(values_of(file.read_text(encoding="utf-16")))
 
     def is_running(self) -> bool:
-        return "quillmark.exe" in self.output_of("tasklist").lower()
+        # The tasklist of Wine 8 lists nothing.
+        return any(file_of(process, "cmdline").partition(b"\0")[0].endswith(b"quillmark.exe")
+                   for process in self.processes("quillmark.exe"))
 
     def close_program(self) -> None:
         """As its user would: the program gets to ask."""
