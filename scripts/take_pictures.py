@@ -5,7 +5,8 @@ Each scene starts the 64-bit program under Wine with settings of its own and cop
 presses keys, and saves what the frame then shows, in true colour. A browser draws topics of the
 help. Needs a build of preset win64, and the packages chromium, xdotool, x11-utils, imagemagick and
 xvfb (scripts/setup.sh window pictures), with those of scripts/cups.sh for what is printed
-(scripts/setup.sh test).
+(scripts/setup.sh test). The installer is the one that scripts/package.sh made, and runs where there
+is a 32-bit Wine (scripts/setup.sh wine32).
 
 Usage: take_pictures.py [-o FOLDER] [SCENE...]   (without SCENE: all of them)
        take_pictures.py --list
@@ -91,6 +92,8 @@ class Screen:
 class Program:
     """The running program, driven by keys. Titles are regular expressions."""
 
+    PRESET = "win64"
+
     def __init__(self, width: int, height: int, flags: int, files: list[str]) -> None:
         self._set_up(width, height, flags)
         names = [rf"C:\Accounts\{name}" for name in files]
@@ -119,7 +122,7 @@ class Program:
              r"C:\Accounts\savings.qmk")
 
     def end(self) -> None:
-        run(str(WINE), "--end", "win64")
+        run(str(WINE), "--end", self.PRESET)
         self._process.send_signal(signal.SIGTERM)
         self._process.wait()
 
@@ -183,6 +186,23 @@ class Program:
         self.press(*order.split())
         self.type(path)
         self.press("Return")
+
+
+class Installer(Program):
+    """The running installer of the 32-bit program, at its first page."""
+
+    PRESET = "win32"
+    TITLE = "Quillmark Setup ?"
+
+    def __init__(self) -> None:
+        made = [path for path in (REPO / "build" / "package").glob("quillmark-*-setup.exe")
+                if "-x64-" not in path.name]
+        if not made:
+            sys.exit("take_pictures: there is no installer: run scripts/package.sh first")
+        self._process = subprocess.Popen([str(WINE), self.PRESET, str(made[0])],
+                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.wait_for(self.TITLE)
+        self.settle()
 
 
 class Printer:
@@ -472,6 +492,7 @@ def printed_page(program: Program, picture: Picture) -> None:
 
 # Topics of the help as a browser shows them.
 TOPICS = {"help-topic": "qm_gettingstarted.htm"}
+SETUP = "setup"
 
 
 def take_topic(name: str, folder: Path) -> None:
@@ -487,9 +508,21 @@ def take_topic(name: str, folder: Path) -> None:
             "png:color-type=2", "-define", "png:compression-level=9", str(folder / f"{name}.png"))
 
 
+def take_setup(folder: Path) -> None:
+    run(str(WINE), "--prepare", Installer.PRESET)
+    installer = Installer()
+    try:
+        installer.press("alt+a")  # the licence is agreed to, and the page of choices comes
+        Picture(folder / f"{SETUP}.png").take(installer, Installer.TITLE)
+    finally:
+        installer.end()
+
+
 def take(name: str, folder: Path) -> None:
     if name in TOPICS:
         take_topic(name, folder)
+    elif name == SETUP:
+        take_setup(folder)
     else:
         take_scene(name, folder)
     print(f"{folder / name}.png")
@@ -510,10 +543,11 @@ def main() -> None:
     parser.add_argument("--list", action="store_true", help="print the names of the scenes")
     parser.add_argument("scenes", nargs="*", metavar="SCENE")
     words = parser.parse_args()
+    known = [*SCENES, *TOPICS, SETUP]
     if words.list:
-        print("\n".join([*SCENES, *TOPICS]))
+        print("\n".join(known))
         return
-    unknown = [name for name in words.scenes if name not in SCENES and name not in TOPICS]
+    unknown = [name for name in words.scenes if name not in known]
     if unknown:
         parser.error(f"there is no scene '{unknown[0]}'")
     words.folder.mkdir(parents=True, exist_ok=True)
@@ -523,7 +557,7 @@ def main() -> None:
     printer = Printer()
     try:
         run(str(WINE), "--prepare", "win64")
-        for name in words.scenes or [*SCENES, *TOPICS]:
+        for name in words.scenes or known:
             take(name, words.folder)
     finally:
         printer.end()
