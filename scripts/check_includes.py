@@ -42,6 +42,7 @@ ROOMS = {
     # These tests see the program from outside, so they may not include its Windows classes.
     "tests/e2e": f"{PORTABLE} tests/support resources",
     "tests/win": f"{PORTABLE} tests/support resources toolkit help shell",
+    "tests/package": "",
 }
 
 SUFFIXES = (".h", ".cpp", ".rc")

@@ -6,11 +6,12 @@ of the 64-bit program is opened and not run.
 
 import os
 import shutil
+import subprocess
 import unittest
 from pathlib import Path
 
-from support import (VERSION, WINDOWS_FILES, PackageTestCase, files_below, setup_of, wait_until,
-                     wine_for)
+from support import (LIMIT_S, VERSION, WINDOWS_FILES, WORK, PackageTestCase, files_below, output_of,
+                     setup_of, wait_until, wine_for)
 
 HKCU = "HKEY_CURRENT_USER\\"
 SETTINGS = HKCU + "Software\\Tarn Software"
@@ -18,7 +19,9 @@ CLASSES = HKCU + "Software\\Classes"
 UNINSTALL = HKCU + "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Quillmark"
 PROGID = CLASSES + "\\Quillmark.Account"
 RECENT = SETTINGS + "\\Quillmark\\Recent File List"
-DONE, RUNNING = 0, 2
+DONE, GIVEN_UP, RUNNING, UNWRITABLE = 0, 1, 2, 3
+SETUP, REMOVAL = "Quillmark Setup", "Quillmark Uninstall"  # titles of windows
+QUESTION = "Quillmark is running. Save your accounts, close it, and choose Retry."
 
 
 def written(text: str) -> str:
@@ -38,6 +41,9 @@ class InstallerTests(PackageTestCase):
             "*/AppData/Roaming/Microsoft/Windows/Start Menu/Programs")) / "Quillmark.lnk"
         # A place without blanks, for the command line of install().
         shutil.copy(setup_of("win32"), cls.wine.drive / "windows" / "setup.exe")
+        cls.boxes = WORK / "boxes.exe"
+        output_of("i686-w64-mingw32-g++-win32", "-std=c++20", "-O1", "-static", "-Wall", "-Wextra",
+                  "-Werror", "-o", cls.boxes, Path(__file__).with_name("boxes.cpp"))
 
     def setUp(self) -> None:
         super().setUp()
@@ -47,15 +53,36 @@ class InstallerTests(PackageTestCase):
             self.wine.run("reg", "delete", key, "/f")
         self.addCleanup(self.wine.run, "taskkill", "/F", "/IM", "quillmark.exe")
 
-    def install(self, *options: str, folder: Path | None = None) -> int:
+    def start_setup(self, *options: str, folder: Path | None = None) -> subprocess.Popen:
         # The folder is the last word and has no quotes: so the installer asks.
-        words = ["C:\\windows\\setup.exe", "/S", *options,
+        words = ["C:\\windows\\setup.exe", *options,
                  "/D=" + self.wine.name_of(folder or self.target)]
-        return self.wine.run("cmd", "/c", " ".join(words))
+        return self.wine.start("cmd", "/c", " ".join(words))
+
+    def install(self, *options: str, folder: Path | None = None) -> int:
+        return self.start_setup("/S", *options, folder=folder).wait(LIMIT_S)
+
+    def press(self, title: str, *buttons: str) -> None:
+        """One after another, each as soon as it is there."""
+        for button in buttons:
+            wait_until(f"'{button}' can be pressed",
+                       lambda name=button: self.wine.run(self.boxes, "press", title, name) == 0)
+
+    def texts(self, title: str) -> str:
+        """What the windows of this title say."""
+        return self.wine.output_of(self.boxes, "texts", title)
+
+    def question(self) -> str:
+        """The number of the box that asks to close the program; empty where there is none."""
+        asking = [window for window in self.texts(SETUP).split("window ") if QUESTION in window]
+        return asking[0].split()[0] if asking else ""
 
     def uninstall(self) -> None:
         # It works from a copy of itself, in a folder for the moment, and returns at once.
         self.wine.run(self.target / "uninstall.exe", "/S")
+        self.wait_for_uninstaller()
+
+    def wait_for_uninstaller(self) -> None:
         wait_until("the uninstaller has ended", lambda: not self.wine.processes("~nsu"))
 
     def files(self) -> set[str]:
@@ -102,6 +129,14 @@ class InstallerTests(PackageTestCase):
         self.wine.close_program()
         started.wait(60)
 
+    def start_program(self, *before: str, what: Path | None = None) -> subprocess.Popen:
+        """For the first time; `before` is a command that starts the program or its link."""
+        started = self.wine.start(*before, what or self.target / "quillmark.exe")
+        wait_until("the first start has written its settings",
+                   lambda: len(self.wine.registry(RECENT)) == 10)
+        wait_until("the window is there", lambda: self.wine.has_window("Quillmark"))
+        return started
+
     def merge_classes(self) -> None:
         """Windows looks for a file's program among the user's classes before the machine's. Wine 8
         knows those of the machine alone: they get here what the installer wrote for the user."""
@@ -138,10 +173,7 @@ class InstallerTests(PackageTestCase):
 
     def test_the_program_starts_from_the_menu_and_by_its_files(self) -> None:
         self.assertEqual(self.install(), DONE)
-        started = self.wine.start("start", "/wait", self.link)
-        wait_until("the first start has written its settings",
-                   lambda: len(self.wine.registry(RECENT)) == 10)
-        wait_until("the window is there", lambda: self.wine.has_window("Quillmark"))
+        started = self.start_program("start", "/wait", what=self.link)
         self.wine.close_program()
         started.wait(60)
 
@@ -188,6 +220,63 @@ class InstallerTests(PackageTestCase):
         self.uninstall()
         self.assertEqual(files_below(self.target), ["household.qmk"])
         self.assertEqual(sample.read_bytes(), saved)
+
+    def test_an_update_asks_its_user_to_close_the_program(self) -> None:
+        self.assertEqual(self.install(), DONE)
+        readme = self.target / "README.txt"
+        readme.write_text("the old one")
+        program = self.start_program()
+        values = self.values()
+
+        setup = self.start_setup()
+        self.press(SETUP, "I Agree", "Next >", "Install")
+        wait_until("the installer asks", self.question)
+        self.press(SETUP, "Cancel")
+        self.assertEqual(setup.wait(LIMIT_S), GIVEN_UP)
+        self.assertEqual(readme.read_text(), "the old one")
+        self.assertEqual(self.values(), values)
+        self.assertTrue(self.wine.is_running())
+
+        setup = self.start_setup()
+        self.press(SETUP, "I Agree", "Next >", "Install")
+        wait_until("the installer asks", self.question)
+        first = self.question()
+        self.press(SETUP, "Retry")
+        wait_until("it asks again", lambda: self.question() not in ("", first))
+        self.assertEqual(readme.read_text(), "the old one")
+        self.wine.close_program()
+        program.wait(LIMIT_S)
+        self.press(SETUP, "Retry", "Finish")
+        self.assertEqual(setup.wait(LIMIT_S), DONE)
+        self.assertNotEqual(readme.read_text(), "the old one")
+        self.assert_installed()
+        wait_until("the last page has started the program", self.wine.is_running)
+        wait_until("the window is there", lambda: self.wine.has_window("Quillmark"))
+        self.wine.close_program()
+
+    def test_a_program_without_a_window_here_is_noticed(self) -> None:
+        self.assertEqual(self.install(), DONE)
+        program = self.start_program("explorer", "/desktop=Other,800x600")
+        self.assertEqual(self.install(), RUNNING)
+        self.wine.run("taskkill", "/F", "/IM", "quillmark.exe")
+        wait_until("the program has ended", lambda: not self.wine.is_running())
+        self.assertEqual(self.install(), DONE)
+        program.terminate()  # the other desktop stays
+        program.wait(LIMIT_S)
+
+    def test_a_file_that_cannot_be_written_is_told(self) -> None:
+        (self.target / "README.txt" / "in the way").mkdir(parents=True)
+        self.assertEqual(self.install(), UNWRITABLE)
+        self.assertEqual(self.wine.registry(UNINSTALL), {})
+
+    def test_the_uninstaller_says_what_stays(self) -> None:
+        self.assertEqual(self.install(), DONE)
+        self.wine.run(self.target / "uninstall.exe")
+        wait_until("it has told", lambda: "Your accounts (the .qmk files) and your settings stay."
+                   in self.texts(REMOVAL))
+        self.press(REMOVAL, "Uninstall", "Close")
+        self.wait_for_uninstaller()
+        self.assertFalse(self.target.exists())
 
     def test_the_files_of_accounts_can_be_left_alone(self) -> None:
         values = self.values()
