@@ -39,6 +39,10 @@ class ReleaseTests(PackageTestCase):
         told = output_of("sha256sum", "--check", "--strict", "SHA256SUMS", cwd=PACKAGES)
         self.assertEqual(len(told.splitlines()), len(files_below(PACKAGES)) - 1)
 
+    def test_the_picture_of_the_start_shows_the_version(self) -> None:
+        picture = (REPO / "resources" / "art" / "splash.svg").read_text(encoding="utf-8")
+        self.assertIn(f"version {VERSION}</title>", picture)
+
     def test_zips_hold_the_list_and_nothing_of_this_machine(self) -> None:
         for preset in MARKS:
             with zipfile.ZipFile(zip_of(preset)) as archive:
