@@ -12,6 +12,8 @@
 
 Unicode true
 ManifestDPIAware true
+; A picture of a page would bring along the time at which its file got into this folder.
+SetDateSave off
 !include MUI2.nsh
 !include FileFunc.nsh
 !include LogicLib.nsh
@@ -157,6 +159,7 @@ Section "Quillmark" SectionProgram
   Call WaitUntilClosed
   SetOutPath "$INSTDIR"
   SetOverwrite on
+  SetDateSave on
   ClearErrors
   !insertmacro QM_INSTALL_FILES
   WriteUninstaller "$INSTDIR\uninstall.exe"
