@@ -25,7 +25,7 @@ MARK = b"signed here"
 def copy_sources(folder: Path) -> None:
     """What Git knows or would, and the sources of libraries, which were fetched."""
     names = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
-                           cwd=REPO, check=True, capture_output=True).stdout.split(b"\\0")
+                           cwd=REPO, check=True, capture_output=True).stdout.split(b"\0")
     for name in map(os.fsdecode, filter(None, names)):
         if (REPO / name).exists():
             (folder / name).parent.mkdir(parents=True, exist_ok=True)
