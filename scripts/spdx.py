@@ -37,6 +37,8 @@ BLOCKS = (
           debian="g++-mingw-w64-x86-64-win32"),
     Block("glibc", "LGPL-2.1-or-later", "the C library of qmktool in the archive for Linux",
           debian="libc6-dev"),
+    Block("nsis", "Zlib AND (CPL-1.0 WITH LZMA-exception)",
+          "the start-up code of the installers and the uninstaller", debian="nsis"),
 )
 
 
