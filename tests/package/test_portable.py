@@ -35,7 +35,7 @@ class PortableTests(PackageTestCase):
             account, source = folder / f"{name} 2.qmk", folder / "source.qif"
             source.write_bytes(f"!Type:Bank\nD01/02/2005\nT-12.00\nP{text}\n^\n".encode(encoding))
             shown = wine.console_output_of(folder / "qmktool.exe", "convert", source, account)
-            self.assertIn(f"{account.name}: format 2.0, 1 transactions", shown)
+            self.assertIn(f"{account.name}: format 2.0, 1 transaction", shown)
             options = ["--encoding", "utf-8"] if encoding == "utf-8" else []
             shown = wine.console_output_of(folder / "qmktool.exe", "list", account, *options)
             self.assertRegex(shown, rf"1/ 2/05 .*{text} +12\.00 ")
