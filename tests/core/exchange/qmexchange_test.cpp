@@ -202,6 +202,61 @@ TEST(Merge, LeavesTheAccountAsAddingOneByOneWould)
     }
 }
 
+// A taker gets the records one by one, in the order of the file.
+TEST(ImportTo, GivesWhatAStoreWouldHold)
+{
+    struct Taker : QMRecordTaker
+    {
+        bool Take(const QMTransaction& transaction) override
+        {
+            texts.push_back(TextOf(transaction));
+            return static_cast<int>(texts.size()) <= nRoom;
+        }
+        Texts texts;
+        int nRoom = 1000;
+    };
+    QMTransactionStore written;
+    std::mt19937 random(17);
+    for (int i = 0; i < 30; ++i) {
+        const auto sDate = std::to_string(1 + Below(random, 12)) + "/5/2004";
+        AddTo(written, MakeTransaction(i % 2 == 0 ? QM_TRANS_CHECK : QM_TRANS_DEPOSIT, sDate, 5));
+    }
+    struct StringSink : QMByteSink
+    {
+        bool Write(const char* pBytes, size_t uSize) override
+        {
+            sBytes.append(pBytes, uSize);
+            return true;
+        }
+        std::string sBytes;
+    };
+    for (const auto kind : {QMExchangeKind::Qif, QMExchangeKind::Csv, QMExchangeKind::Xml}) {
+        StringSink sink;
+        ASSERT_TRUE(QMExportTo(sink, kind, written));
+        const auto Import = [&](Taker& taker, const std::string& sBytes, QMImportTally* pTally) {
+            QMMemorySource source(sBytes.data(), sBytes.size());
+            return QMImportTo(taker, source, kind, pTally);
+        };
+        QMTransactionStore store;
+        QMMemorySource source(sink.sBytes.data(), sink.sBytes.size());
+        ASSERT_TRUE(QMImportFrom(source, kind, store));
+        Taker taker;
+        QMImportTally tally;
+        EXPECT_TRUE(Import(taker, sink.sBytes, &tally));
+        EXPECT_EQ(taker.texts, ContentsOf(store));
+        EXPECT_EQ(tally.lRecords, 30);
+        Taker full;
+        full.nRoom = 7;
+        EXPECT_FALSE(Import(full, sink.sBytes, nullptr));
+        Taker none;
+        EXPECT_FALSE(Import(none, "", nullptr));
+        EXPECT_TRUE(none.texts.empty());
+    }
+    Taker taker;
+    QMMemorySource source("a", 1);
+    EXPECT_FALSE(QMImportTo(taker, source, QMExchangeKind::Text));
+}
+
 TEST(Merge, AddsNothingWhereMemoryRunsOut)
 {
     std::mt19937 random(7);
