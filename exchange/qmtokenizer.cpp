@@ -1,7 +1,5 @@
 #include "exchange/qmtokenizer.h"
 
-#include <cstring>
-
 char* QMTokenizer::Next()
 {
     if (pszText == nullptr || nCut == nBehindLast) {
@@ -12,8 +10,11 @@ char* QMTokenizer::Next()
         pszText[nCut] = cSeparator;
         szToken += nCut + 1;
     }
-    char* pEnd = strchr(szToken, cSeparator);
-    if (*szToken == '\0' || pEnd == nullptr) {
+    char* pEnd = szToken;
+    while (*pEnd != cSeparator && *pEnd != '\0') {
+        ++pEnd;
+    }
+    if (*pEnd == '\0') {
         nCut = nBehindLast;
         return *szToken == '\0' ? nullptr : szToken;
     }
