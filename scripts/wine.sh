@@ -87,13 +87,16 @@ make_prefix() {
 }
 
 # Wine's own programs and libraries are most of a prefix. Nothing changes them, so hard links do
-# instead of copies.
+# instead of copies. The descriptions of printers are beside them: Wine writes these anew whenever a
+# program looks for printers, and a program that reads one of them meanwhile may crash. So each
+# prefix needs its own.
 copy_prefix() {
     local windows=drive_c/windows folder
     mkdir -p "$WINEPREFIX/$windows"
     for folder in system32 syswow64 winsxs; do
         [[ ! -e $original/$windows/$folder ]] ||
             cp -al "$original/$windows/$folder" "$WINEPREFIX/$windows"
+        rm -rf "$WINEPREFIX/$windows/$folder/spool"
     done
     cp -an "$original/." "$WINEPREFIX"
 }
