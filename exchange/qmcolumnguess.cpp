@@ -83,9 +83,9 @@ bool IsMost(int nOf, int nAll)
     return nAll > 0 && nOf * 10 >= nAll * 9;
 }
 
-std::string Count(int n, const char* szWhat)
+std::string Count(const char* szWhat, int n)
 {
-    return std::to_string(n) + " " + szWhat;
+    return std::string(szWhat) + ": " + std::to_string(n);
 }
 
 } // namespace
@@ -122,18 +122,20 @@ QMGuess QMValueTally::GuessDates() const
     const int nDay = CountOf(QMDateHint::DayFirst);
     const int nMonth = CountOf(QMDateHint::MonthFirst);
     if (CountOf(QMDateHint::YearFirst) > 0) {
-        return {"dates", "ymd", nDay + nMonth == 0 ? QMSureness::Sure : QMSureness::Likely,
-                Count(CountOf(QMDateHint::YearFirst), "dates begin with a year of four digits")};
+        return {
+            "dates", "ymd", nDay + nMonth == 0 ? QMSureness::Sure : QMSureness::Likely,
+            Count("dates that begin with a year of four digits", CountOf(QMDateHint::YearFirst))};
     }
     if (nDay > 0 && nMonth > 0) {
         return {"dates", "?", QMSureness::Unknown,
-                Count(nDay, "dates have the day first, ") + Count(nMonth, "the month") +
+                Count("dates with the day first", nDay) + Count(", with the month first", nMonth) +
                     "; write mdy, dmy or ymd"};
     }
     if (nDay + nMonth > 0) {
         return {"dates", nDay > 0 ? "dmy" : "mdy", QMSureness::Sure,
-                Count(nDay + nMonth, nDay > 0 ? "dates have a first number above 12"
-                                              : "dates have a second number above 12")};
+                Count(nDay > 0 ? "dates whose first number is above 12"
+                               : "dates whose second number is above 12",
+                      nDay + nMonth)};
     }
     if (CountOf(QMDateHint::Either) > 0) {
         return {"dates", "?", QMSureness::Unknown,
@@ -150,8 +152,9 @@ QMGuess QMValueTally::GuessDecimal() const
     const bool bComma = m_nCommas > m_nPoints;
     const int nFor = bComma ? m_nCommas : m_nPoints;
     const int nAgainst = bComma ? m_nPoints : m_nCommas;
-    return {"decimal", bComma ? "," : ".", nAgainst == 0 ? QMSureness::Sure : QMSureness::Guess,
-            Count(nFor, "amounts have it before the cents, ") + Count(nAgainst, "the other mark")};
+    return {
+        "decimal", bComma ? "," : ".", nAgainst == 0 ? QMSureness::Sure : QMSureness::Guess,
+        Count("amounts with it before the cents", nFor) + Count(", with the other mark", nAgainst)};
 }
 
 QMColumnGuesser::QMColumnGuesser(const std::vector<std::vector<std::string>>& rows,

@@ -198,12 +198,14 @@ QMGuess GuessQuote(std::string_view text, char cSeparator)
     const int nDouble = CountQuotes(text, cSeparator, '"');
     const int nSingle = CountQuotes(text, cSeparator, '\'');
     if (nDouble == 0 && nSingle > 1) {
-        return {"quote", "'", QMSureness::Likely, std::to_string(nSingle) + " cells begin with it"};
+        return {"quote", "'", QMSureness::Likely,
+                "cells that begin with it: " + std::to_string(nSingle)};
     }
     if (nDouble == 0) {
         return {"quote", "\"", QMSureness::Guess, "no cell begins with a quote"};
     }
-    return {"quote", "\"", QMSureness::Sure, std::to_string(nDouble) + " cells begin with it"};
+    return {"quote", "\"", QMSureness::Sure,
+            "cells that begin with it: " + std::to_string(nDouble)};
 }
 
 // The separator with which most lines are records; of several, the one that gives the most cells.
@@ -231,8 +233,8 @@ QMGuess GuessSeparator(std::string_view text, int32_t lSkip, std::string& sFault
     }
     return {"separator", cBest == '\t' ? "tab" : std::string(1, cBest),
             nFitting == 1 ? QMSureness::Sure : QMSureness::Likely,
-            std::to_string(lBest) + " lines have a date and an amount in " + std::to_string(uBest) +
-                " cells"};
+            "lines with a date and an amount in " + std::to_string(uBest) +
+                " cells: " + std::to_string(lBest)};
 }
 
 // The records of a table, the lines before them, and what names their columns.
@@ -281,8 +283,8 @@ const char* SurenessName(QMSureness sureness)
 
 std::string QMDialectGuess::GetProfile() const
 {
-    std::string sText = "# " + std::to_string(lRecords) + " of the first " + std::to_string(lRows) +
-                        " rows have a date and an amount.\n";
+    std::string sText = "# Rows with a date and an amount: " + std::to_string(lRecords) +
+                        " of the first " + std::to_string(lRows) + ".\n";
     for (const QMGuess& guess : guesses) {
         sText += std::string("# ") + SurenessName(guess.sureness) + ": " + guess.sReason + "\n";
         sText += guess.sName + " = " + guess.sValue + "\n";
