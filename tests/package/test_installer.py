@@ -41,6 +41,7 @@ class InstallerTests(PackageTestCase):
             "*/AppData/Roaming/Microsoft/Windows/Start Menu/Programs")) / "Quillmark.lnk"
         # A place without blanks, for the command line of install().
         shutil.copy(setup_of("win32"), cls.wine.drive / "windows" / "setup.exe")
+        WORK.mkdir(parents=True, exist_ok=True)
         cls.boxes = WORK / "boxes.exe"
         output_of("i686-w64-mingw32-g++-win32", "-std=c++20", "-O1", "-static", "-Wall", "-Wextra",
                   "-Werror", "-o", cls.boxes, Path(__file__).with_name("boxes.cpp"))
