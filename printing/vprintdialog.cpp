@@ -9,7 +9,7 @@ namespace {
 
 WORD ToWord(int n)
 {
-    return static_cast<WORD>(std::clamp(n, 0, USHRT_MAX));
+    return static_cast<WORD>(std::clamp<int>(n, 0, USHRT_MAX));
 }
 
 } // namespace

@@ -14,7 +14,7 @@ constexpr DWORD uPrint = PD_RETURNDC | PD_NOSELECTION | PD_HIDEPRINTTOFILE;
 
 uint16_t ToPage(int n)
 {
-    return static_cast<uint16_t>(std::clamp(n, 0, USHRT_MAX));
+    return static_cast<uint16_t>(std::clamp<int>(n, 0, USHRT_MAX));
 }
 
 VPrinterMeasures MeasurePrinter(const VDrawingSurface& surface)
