@@ -12,6 +12,7 @@
 #   QUILLMARK_WINE_HELD=1   another process keeps the services running, and the display
 #   QUILLMARK_WINE_SLOT=N   use a copy of the prefix, build/wine-PRESET-N, to run side by side
 #   QUILLMARK_WINE_DEBUG    WINEDEBUG for the program; by default Wine reports nothing
+#   QUILLMARK_WINE_CPU=N    run everything on this processor alone
 set -euo pipefail
 
 repo=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -41,6 +42,8 @@ export WINEDEBUG=-all
 export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d;hhctrl.ocx=n,b'
 # Wine takes the code page from the locale. Results must not depend on the locale of the machine.
 export LC_ALL=C.UTF-8
+
+[[ -z ${QUILLMARK_WINE_CPU:-} ]] || taskset -pc "$QUILLMARK_WINE_CPU" $$ >/dev/null
 
 in_wine() {
     if [[ $preset == win32 ]]; then
