@@ -201,17 +201,10 @@ TEST_F(ClosingTest, QuestionWhetherToSaveIsAskedOnce)
     const std::string sPath = OpenThree();
     Do(IDM_TRANSACTION_CLEARED);
     AwaitTitle("three.qmk *");
-    const std::string sQuestion = "Save changes to 'three.qmk'?";
     PostMessageA(Frame(), WM_CLOSE, 0, 0);
-    const MessageBoxWindow box = AwaitMessageBox(m_program.GetId(), sQuestion);
-    AskToClose();
-    EXPECT_EQ(m_program.GetBoxes().size(), 1U);
-    ExpectKept(1);
-    box.Press(IDCANCEL);
-    m_program.Settle();
-    ExpectKept(1);
+    ExpectAskedOnce();
     PostMessageA(Frame(), WM_CLOSE, 0, 0);
-    m_program.AnswerQuestion(sQuestion, {IDYES, IDNO, IDCANCEL}, IDNO);
+    m_program.AnswerQuestion(szSaveQuestion, {IDYES, IDNO, IDCANCEL}, IDNO);
     EXPECT_EQ(m_program.AwaitExit(), 0U);
     EXPECT_EQ(ReadWholeFile(sPath), m_sBytes);
 }

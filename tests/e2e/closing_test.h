@@ -10,6 +10,8 @@
 class ClosingTest : public WorkTest
 {
 protected:
+    static constexpr const char* szSaveQuestion = "Save changes to 'three.qmk'?";
+
     // An account whose last transaction has no amount, so that it cannot be cleared.
     std::string OpenThree(bool bReadOnly = false)
     {
@@ -53,6 +55,18 @@ protected:
         EXPECT_TRUE(m_program.IsRunning());
         EXPECT_TRUE(IsWindow(Frame()));
         EXPECT_EQ(m_program.GetDocuments().size(), uDocuments);
+    }
+
+    // While a command asks whether to save the account, nothing asks again. The answer is Cancel.
+    void ExpectAskedOnce()
+    {
+        const MessageBoxWindow box = AwaitMessageBox(m_program.GetId(), szSaveQuestion);
+        AskToClose();
+        EXPECT_EQ(m_program.GetBoxes().size(), 1U);
+        ExpectKept(1);
+        box.Press(IDCANCEL);
+        m_program.Settle();
+        ExpectKept(1);
     }
 
     // The program works on, and closes when it is asked while no command runs.

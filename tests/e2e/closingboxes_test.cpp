@@ -375,13 +375,7 @@ TEST_F(ClosingTest, QuestionOfADocumentThatClosesIsAskedOnce)
     Do(IDM_TRANSACTION_CLEARED);
     AwaitTitle("three.qmk *");
     m_program.Post(IDM_FILE_CLOSE);
-    const MessageBoxWindow box = AwaitMessageBox(m_program.GetId(), "Save changes to 'three.qmk'?");
-    AskToClose();
-    EXPECT_EQ(m_program.GetBoxes().size(), 1U);
-    ExpectKept(1);
-    box.Press(IDCANCEL);
-    m_program.Settle();
-    ExpectKept(1);
+    ExpectAskedOnce();
     AwaitTitle("three.qmk *");
 }
 

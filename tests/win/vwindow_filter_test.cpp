@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 
 #include "tests/win/support.h"
@@ -76,6 +77,15 @@ protected:
     }
 
     LRESULT Send(UINT uMessage = uTestMessage) { return m_window.Send(uMessage, 3); }
+
+    void AddBeforeSecond(std::initializer_list<VMessageFilter*> filters)
+    {
+        m_window.RemoveFilter(m_second);
+        for (VMessageFilter* pFilter : filters) {
+            m_window.AddFilter(*pFilter);
+        }
+        m_window.AddFilter(m_second);
+    }
 
     Record m_record;
     TestFilter m_first{m_record.calls, "first"};
@@ -222,9 +232,7 @@ TEST_F(VWindowFilter, OneMayOutliveItsWindowAndServeAnother)
 TEST_F(VWindowFilter, OneMayEndItselfWhileItIsCalled)
 {
     auto pActing = std::make_unique<ActingFilter>();
-    m_window.RemoveFilter(m_second);
-    m_window.AddFilter(*pActing);
-    m_window.AddFilter(m_second);
+    AddBeforeSecond({pActing.get()});
     pActing->m_act = [&] { pActing.reset(); };
     for (int i = 0; i < 2; ++i) {
         Send();
@@ -237,10 +245,7 @@ TEST_F(VWindowFilter, OneMayEndTheNextOneWhichThenSeesNothing)
 {
     ActingFilter acting;
     auto pNext = std::make_unique<TestFilter>(m_record.calls, "next");
-    m_window.RemoveFilter(m_second);
-    m_window.AddFilter(acting);
-    m_window.AddFilter(*pNext);
-    m_window.AddFilter(m_second);
+    AddBeforeSecond({&acting, pNext.get()});
     acting.m_act = [&] { pNext.reset(); };
     Send();
     EXPECT_EQ(m_record.Take(), "first second DefaultProc(32769)");
@@ -252,10 +257,7 @@ TEST_F(VWindowFilter, OneMayEndWithinAMessageOfTheSameWindow)
 {
     ActingFilter acting;
     auto pNext = std::make_unique<TestFilter>(m_record.calls, "next");
-    m_window.RemoveFilter(m_second);
-    m_window.AddFilter(acting);
-    m_window.AddFilter(*pNext);
-    m_window.AddFilter(m_second);
+    AddBeforeSecond({&acting, pNext.get()});
     acting.m_act = [&] {
         acting.m_act = [&] { pNext.reset(); };
         Send();
