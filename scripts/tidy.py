@@ -6,8 +6,8 @@ code is 1 if clang-tidy found anything.
 Usage: tidy.py BUILD_FOLDER...
 
 clang-tidy spends most of its time in headers, above all in those of Windows. So this script checks
-several sources of a folder at once: it writes a file that includes them all. Sources that cannot be
-compiled together are checked one by one. A source found clean is checked again only after it, one
+several sources at once: it writes a file that includes them all. Where it finds anything in them, or
+they cannot be compiled together, it checks each half of them, and at last one by one. A source found clean is checked again only after it, one
 of its headers, its compiler options or the checks have changed. The folder build/tidy holds what is
 known to be clean.
 """
@@ -18,7 +18,6 @@ import re
 import shlex
 import subprocess
 import sys
-from collections.abc import Iterator
 from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from functools import cache
@@ -29,7 +28,7 @@ from compiledsources import REPO, compile_entries, headers_in
 MEMORY = REPO / "build" / "tidy"
 GROUPS = REPO / "build" / "tidy-groups"
 # Larger groups save little time, and one processor would wait for the other.
-LARGEST_GROUP = 8
+LARGEST_GROUP = 16
 NOISE = re.compile(
     r"^(\d+ warnings? (generated|treated as error)|Suppressed \d+|Use -header-filter)")
 # Options in which the sources of a folder may differ, and options that Clang does not know.
@@ -108,10 +107,11 @@ def sources_of(builds: list[Path]) -> list[Source]:
 
 
 def groups_of(sources: list[Source]) -> list[list[Source]]:
-    """Groups sources of the same folder and options, as long as their own names are different."""
+    """Groups sources of the same options and checks, as long as their own names are different."""
     groups: list[tuple[object, set[str], list[Source]]] = []
     for source in sources:
-        kind, names = (source.path.parent, source.options), source.inner_names
+        checks = [file for file in configurations(source.path) if file.exists()]
+        kind, names = (checks, source.options), source.inner_names
         for group_kind, group_names, members in groups:
             if kind == group_kind and not names & group_names and len(members) < LARGEST_GROUP:
                 group_names |= names
@@ -134,21 +134,18 @@ def check_file(path: Path, options: tuple[str, ...]) -> str:
     return "\n".join(kept) or f"clang-tidy ended with code {run.returncode}: {path}"
 
 
-def check_alone(group: list[Source]) -> Iterator[tuple[Source, str]]:
-    for source in group:
-        yield source, check_file(source.path, source.options)
-
-
 def check_group(group: list[Source]) -> list[tuple[Source, str]]:
     """What was found in each source of a group."""
-    if len(group) > 1:
-        together = GROUPS / f"{group[0].path.parent.name}-{group[0].path.stem}.cpp"
-        lines = [f'#include "{source.path}" // NOLINT\n' for source in group]
-        together.write_text("".join(lines), encoding="utf-8")
-        if not check_file(together, group[0].options):
-            return [(source, "") for source in group]
-    # One by one they show which source it is, or that they only cannot be checked together.
-    return list(check_alone(group))
+    if len(group) == 1:
+        return [(group[0], check_file(group[0].path, group[0].options))]
+    together = GROUPS / f"{group[0].path.parent.name}-{group[0].path.stem}.cpp"
+    lines = [f'#include "{source.path}" // NOLINT\n' for source in group]
+    together.write_text("".join(lines), encoding="utf-8")
+    if not check_file(together, group[0].options):
+        return [(source, "") for source in group]
+    # Smaller groups show which source it is, or that they only cannot be checked together.
+    middle = len(group) // 2
+    return check_group(group[:middle]) + check_group(group[middle:])
 
 
 def main() -> int:
