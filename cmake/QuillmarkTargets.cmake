@@ -104,7 +104,7 @@ function(quillmark_test_options target)
   target_precompile_headers(${target} PRIVATE ${headers})
 endfunction()
 
-# Tests of a program are compiled several files at a time, which takes a third of the time. Each file
+# Tests of a program are compiled several files at a time, which takes about half the time. Each file
 # gets a namespace of its own, so two files may use the same name. All that they include has to come
 # before these namespaces. A file is compiled by itself if it is not called NAME_test.cpp, if it has
 # compiler options or a header of its own, or if ALONE names it.

@@ -7,9 +7,9 @@ Usage: tidy.py BUILD_FOLDER...
 
 clang-tidy spends most of its time in headers, above all in those of Windows. So this script checks
 several sources at once: it writes a file that includes them all. Where it finds anything in them, or
-they cannot be compiled together, it checks each half of them, and at last one by one. A source found clean is checked again only after it, one
-of its headers, its compiler options or the checks have changed. The folder build/tidy holds what is
-known to be clean.
+they cannot be compiled together, it checks each half of them, and at last one by one. A source
+found clean is checked again only after it, one of its headers, its compiler options or the checks
+have changed. The folder build/tidy holds what is known to be clean.
 """
 
 import hashlib
